@@ -1,0 +1,323 @@
+// Element matrices, assembly, factorisations and the two methods' exits.
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "foundation/Language.h"
+#include "solver/ElementMatrices.h"
+#include "solver/Mod_Eigen.h"
+#include "solver/SymMatrix.h"
+#include "solver_support.h"
+
+using namespace zarvek;
+using namespace zarvek::test;
+
+namespace {
+
+std::array<double, 9> Rigid_Links() {
+  std::array<double, 9> l;
+  l.fill(1e30);
+  return l;
+}
+
+TEST(ElementMatrices, RigidLinksLeaveTheStiffnessAsTabulated) {
+  const double E = 2.1e6, G = 807690, L = 10, Iz = 603.78, It = 19.868, Iw = 126332;
+  ElemMatrix K;
+  Build_Ke(E, G, L, Iz, It, Iw, Rigid_Links(), K);
+  const double A = E * Iz, B = E * Iw, C = G * It;
+  EXPECT_DOUBLE_EQ(K[Packed_Index(1, 1)], 12 * A / (L * L * L));
+  EXPECT_DOUBLE_EQ(K[Packed_Index(3, 7)], 2 * A / L);
+  EXPECT_DOUBLE_EQ(K[Packed_Index(4, 8)], 2 * B / L - C * L / 30);
+  EXPECT_DOUBLE_EQ(K[Packed_Index(2, 6)], -12 * B / (L * L * L) - 6 * C / (5 * L));
+  // bending and torsion are not coupled elastically
+  EXPECT_EQ(K[Packed_Index(1, 2)], 0.0);
+  // a rigid-body lateral translation stores no energy: rows sum to zero
+  for (int r : {1, 5}) EXPECT_NEAR(K[Packed_Index(r, 1)] + K[Packed_Index(r, 5)], 0, 1e-6 * K[Packed_Index(1, 1)]);
+}
+
+TEST(ElementMatrices, AReleasedLinkTakesAllStiffnessOffItsDegree) {
+  auto links = Rigid_Links();
+  links[3] = 0;  // v' released at the first node: a hinge for lateral rotation
+  ElemMatrix K;
+  Build_Ke(2.1e6, 807690, 10, 603.78, 19.868, 126332, links, K);
+  for (int i = 1; i <= 8; ++i) EXPECT_EQ(K[Packed_Index(3, i)], 0.0) << i;
+  // what remains is the stiffness of a propped member: v1,v1 = 3 E Iz / L^3
+  EXPECT_NEAR(K[Packed_Index(1, 1)], 3 * 2.1e6 * 603.78 / 1000, 1e-6 * K[Packed_Index(1, 1)]);
+}
+
+TEST(ElementMatrices, ASpringLinkActsInSeries) {
+  // torsion only (no warping): the twist stiffness C/L of a 2-node element in
+  // series with a spring k gives k C / L / (k + C / L) for the pair of twists
+  const double G = 807690, It = 19.868, L = 10, C = G * It / L;
+  auto links = Rigid_Links();
+  links[2] = C;  // as stiff as the element itself
+  ElemMatrix K0, K1;
+  Build_Ke(2.1e6, G, L, 603.78, It, 0.0, Rigid_Links(), K0);
+  Build_Ke(2.1e6, G, L, 603.78, It, 0.0, links, K1);
+  EXPECT_LT(K1[Packed_Index(2, 2)], K0[Packed_Index(2, 2)]);
+  EXPECT_GT(K1[Packed_Index(2, 2)], 0.0);
+}
+
+TEST(ElementMatrices, LoadHeightTermsOfPointAndSpanLoads) {
+  // a point load at the first node touches t1,t1 only, by F z
+  double F[2] = {0, -100}, xF[2] = {0, 0}, zF[2] = {0, 15};
+  ElementLoads ld{1, 0, F, xF, zF};
+  ElemMatrix Kg0, Kg;
+  double V1 = 7, V2 = 9;
+  Build_Kg(10, 0, 0, 0, 0, V1, V2, ElementLoads{}, Kg0);
+  Build_Kg(10, 0, 0, 0, 0, V1, V2, ld, Kg);
+  EXPECT_EQ(V1, 7);  // the caller's shears come back
+  EXPECT_EQ(V2, 9);
+  for (int p = 1; p <= 36; ++p)
+    EXPECT_DOUBLE_EQ(Kg[p] - Kg0[p], p == Packed_Index(2, 2) ? -1500.0 : 0.0) << p;
+
+  // a uniform span load over the whole element: the t-t entries are the
+  // integrals q z L Ni Nj, e.g. t1,t1 = 13/35 q z L
+  double q1[2] = {0, -2}, x1[2] = {0, 0}, q2[2] = {0, -2}, x2[2] = {0, 1}, zq[2] = {0, 15};
+  ElementLoads sp{0, 1, nullptr, nullptr, nullptr, q1, x1, q2, x2, zq};
+  Build_Kg(10, 0, 0, 0, 0, V1, V2, sp, Kg);
+  const double qzL = -2 * 15 * 10;
+  EXPECT_NEAR(Kg[Packed_Index(2, 2)], 13.0 / 35 * qzL, 1e-4);
+  EXPECT_NEAR(Kg[Packed_Index(6, 6)], 13.0 / 35 * qzL, 1e-4);
+  EXPECT_NEAR(Kg[Packed_Index(2, 6)], 9.0 / 70 * qzL, 1e-4);
+  EXPECT_NEAR(Kg[Packed_Index(8, 8)], qzL * 100 / 105, 1e-3);
+  // the t1,w1 entry keeps its reversed primitive: the opposite of 11 L/210
+  EXPECT_NEAR(Kg[Packed_Index(2, 4)], -11.0 * 10 / 210 * qzL, 1e-3);
+
+  // a span part of zero length adds nothing
+  x2[1] = 0;
+  Build_Kg(10, 0, 0, 0, 0, V1, V2, sp, Kg);
+  for (int p = 1; p <= 36; ++p) EXPECT_EQ(Kg[p], Kg0[p]);
+}
+
+TEST(Factorisation, CholeskiSolvesAndRefusesWhatIsNotPositive) {
+  // [4 2; 2 3] = U'U with U = [2 1; 0 sqrt 2]
+  SymMatrix A;
+  A.Init_Full(2);
+  A(1, 1) = 4;
+  A(1, 2) = 2;
+  A(2, 2) = 3;
+  int status = 0;
+  Choleski(A, 2, 1e-5, status);
+  EXPECT_EQ(status, 0);
+  EXPECT_DOUBLE_EQ(A(1, 2), 1.0);
+  std::vector<double> y = {0, 8, 7};  // A x = y with x = (1.25, 1.5)
+  Solve_Choleski(A, y);
+  EXPECT_NEAR(y[1], 1.25, 1e-14);
+  EXPECT_NEAR(y[2], 1.5, 1e-14);
+
+  SymMatrix B;
+  B.Init_Full(2);
+  B(1, 1) = 1;
+  B(1, 2) = 2;
+  B(2, 2) = 1;
+  status = 0;
+  Choleski(B, 2, 1e-5, status);
+  EXPECT_EQ(status, -1);
+  status = 0;
+  Choleski(B, 0, 1e-5, status);
+  EXPECT_EQ(status, -1);
+}
+
+TEST(Factorisation, SkylineDeterminantAndSolve) {
+  // tridiagonal 2 -1: determinant n + 1, all pivots positive
+  const int n = 5;
+  SymMatrix K, KG;
+  K.Init_BeamProfile(n);
+  KG.Init_BeamProfile(n);
+  for (int i = 1; i <= n; ++i) {
+    K(i, i) = 2;
+    if (i > 1) K(i - 1, i) = -1;
+  }
+  Skyline S;
+  Build_Skyline(K, KG, n, 0.0, S);
+  for (bool literal : {true, false}) {
+    Skyline T = S;
+    double m;
+    int e;
+    Factor_Skyline(T, n, m, e, literal);
+    EXPECT_EQ(e, 1) << literal;
+    EXPECT_NEAR(m, 0.6, 1e-12) << literal;  // 6 = 0.6 10^1
+  }
+  Skyline T = S;
+  double m;
+  int e;
+  Factor_Skyline(T, n, m, e);
+  std::vector<double> b = {0, 1, 0, 0, 0, 1};  // solution: all ones
+  Solve_Skyline(T, n, b);
+  for (int i = 1; i <= n; ++i) EXPECT_NEAR(b[i], 1.0, 1e-12);
+  // with KG = -I, mu = 3 makes the matrix indefinite
+  for (int i = 1; i <= n; ++i) KG(i, i) = -1;
+  Build_Skyline(K, KG, n, 3.0, S);
+  Factor_Skyline(S, n, m, e);
+  EXPECT_EQ(e, 0);
+  EXPECT_EQ(m, -1);
+  EXPECT_EQ(Skyline_Position(1, 5, S.MAXA), 0);  // outside the band
+}
+
+class Methods : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    Set_Msg(6, "normal end");
+    Set_Msg(42, "no critical factor below 1000");
+    Set_Msg(44, "iteration limit");
+    Set_Msg(82, "not stable");
+  }
+  static SolverResult Run(const ProblemData& p, int method, SolveControl& ctl) {
+    SolverResult r;
+    Solve_Problem(Write(p), method, r, ctl);
+    return r;
+  }
+};
+
+TEST_F(Methods, AStructureFreeToTwistIsRefusedByBoth) {
+  ProblemData p = Fork_Beam_Uniform_Moment(50, 500.0, 1e6);
+  p.Rt[1] = p.Rt[51] = 0;  // nothing holds the twist
+  SolveControl ctl;
+  std::vector<std::string> boxes;
+  ctl.Show_Box = [&](const std::string& t) { boxes.push_back(t); };
+  SolverResult e = Run(p, Method_Eigen, ctl);
+  EXPECT_EQ(e.Solve_Status, 5);
+  EXPECT_EQ(e.Error_Text, "Unstable structure - Check Data");
+  EXPECT_EQ(e.mucr, 0);
+  SolverResult d = Run(p, Method_Dichotomie, ctl);
+  EXPECT_EQ(d.Solve_Status, 2);
+  EXPECT_EQ(d.Error_Text, "not stable");
+  EXPECT_TRUE(boxes.empty());
+}
+
+TEST_F(Methods, NoFactorBelowAThousand) {
+  // a tiny moment: the critical factor lies far above the bracket
+  ProblemData p = Fork_Beam_Uniform_Moment(50, 500.0, 10.0);
+  SolveControl ctl;
+  SolverResult d = Run(p, Method_Dichotomie, ctl);
+  EXPECT_EQ(d.Solve_Status, 3);
+  EXPECT_EQ(d.Error_Text, "no critical factor below 1000");
+  EXPECT_EQ(d.mucr, 0);
+}
+
+TEST_F(Methods, TheIterationLimitEndsEachMethodItsOwnWay) {
+  ProblemData p = Fork_Beam_Uniform_Moment(100, 1000.0, 1e6);
+  SolveControl ctl;
+  ctl.Tol = 1e-12;
+  ctl.NbIter = 5;
+  SolverResult d = Run(p, Method_Dichotomie, ctl);
+  EXPECT_EQ(d.Solve_Status, 0);  // a result is still given
+  EXPECT_EQ(d.Error_Text, "iteration limit");
+  EXPECT_GT(d.mucr, 0);
+  std::vector<std::string> boxes;
+  ctl.Show_Box = [&](const std::string& t) { boxes.push_back(t); };
+  SolverResult e = Run(p, Method_Eigen, ctl);
+  EXPECT_EQ(e.mucr, 0);
+  ASSERT_EQ(boxes.size(), 1u);
+  EXPECT_EQ(boxes[0], "Problem of convergence");
+}
+
+TEST_F(Methods, AStopRequestEndsWithTheCurrentBracket) {
+  ProblemData p = Fork_Beam_Uniform_Moment(100, 1000.0, 1e6);
+  SolveControl ctl;
+  int calls = 0;
+  ctl.Show_Progress = [&](int, double) {
+    if (++calls == 6) ctl.Stop_Requested = true;  // the user presses the button
+  };
+  SolverResult d = Run(p, Method_Dichotomie, ctl);
+  EXPECT_EQ(d.Solve_Status, 0);
+  const double exact = Mcr_Uniform(1000) * 100 / 1e6;
+  EXPECT_GT(d.mucr, 0.25 * exact);
+  EXPECT_LE(d.mucr, exact * 1.0001);
+  EXPECT_LT(calls, 12);
+}
+
+TEST_F(Methods, TheModeIsNormalisedAndSymmetric) {
+  for (int method : {Method_Eigen, Method_Dichotomie}) {
+    SolveControl ctl;
+    ctl.Tol = 1e-7;
+    SolverResult r = Run(Fork_Beam_Uniform_Moment(100, 1000.0, 1e6), method, ctl);
+    ASSERT_EQ(r.Solve_Status, 0);
+    float big = 0;
+    int at = 0;
+    for (size_t i = 1; i < r.Mode_Vector.size(); ++i)
+      if (std::fabs(r.Mode_Vector[i]) > big) big = std::fabs(r.Mode_Vector[i]), at = (int)i;
+    EXPECT_EQ(big, 1.0f);  // exactly +1 or -1
+    EXPECT_EQ(at, 4 * 51 - 3) << "largest: lateral displacement at mid-span";
+    // a half sine: v and theta at the quarter points are equal and have the
+    // ratio the closed form gives (theta / v = (pi/L)^2 E Iz / Mcr)
+    const float v25 = r.Mode_Vector[4 * 26 - 3], v75 = r.Mode_Vector[4 * 76 - 3];
+    EXPECT_NEAR(v25 / v75, 1.0, 1e-3);
+    EXPECT_NEAR(v25 / r.Mode_Vector[at], std::sin(M_PI / 4), 2e-3);
+    const double ratio = (M_PI / 1000) * (M_PI / 1000) * E * Iz / Mcr_Uniform(1000);
+    EXPECT_NEAR(std::fabs(r.Mode_Vector[at + 1] / r.Mode_Vector[at]), ratio, 1e-3 * ratio);
+  }
+}
+
+TEST_F(Methods, TheBatchRouteBuildsNoModeAndOtherMethodsStopAfterAssembly) {
+  SolveControl ctl;
+  ctl.Direct_Mode = true;
+  SolverResult r = Run(Fork_Beam_Uniform_Moment(100, 1000.0, 1e6), Method_Dichotomie, ctl);
+  ASSERT_EQ(r.Solve_Status, 0);
+  EXPECT_GT(r.mucr, 0.4);
+  for (float m : r.Mode_Vector) EXPECT_EQ(m, 0.0f);
+  SolveControl c2;
+  SolverResult r2;
+  r2.mucr = 7;
+  Solve_Problem(Write(Fork_Beam_Uniform_Moment(100, 1000.0, 1e6)), 3, r2, c2);
+  EXPECT_EQ(r2.Solve_Status, 0);
+  EXPECT_EQ(r2.mucr, 7);
+}
+
+TEST_F(Methods, RestraintHeightsComeBackInTheModeAtTheShearCentre) {
+  // a support at the top flange: the mode at that node, read at the shear
+  // centre, moves laterally by -z theta where the flange point stays put
+  ProblemData p = Fork_Beam_Uniform_Moment(100, 1000.0, 1e6);
+  p.Rv[51] = -1;
+  p.z[51] = 15;
+  SolveControl ctl;
+  ctl.Tol = 1e-7;
+  SolverResult r = Run(p, Method_Dichotomie, ctl);
+  ASSERT_EQ(r.Solve_Status, 0);
+  const int n = 51;
+  EXPECT_NEAR(r.Mode_Vector[4 * n - 3] + 15 * r.Mode_Vector[4 * n - 2], 0.0, 1e-5);
+  EXPECT_NE(r.Mode_Vector[4 * n - 2], 0.0f);
+  EXPECT_EQ(r.Restraint_Level[n], 15.0f);
+}
+
+// The routines that skip what lies outside each column's profile must give
+// exactly the numbers of the plain packed loops.
+TEST_F(Methods, ProfileRoutinesGiveBitIdenticalResults) {
+  std::vector<ProblemData> problems;
+  problems.push_back(Fork_Beam_Uniform_Moment(100, 1000.0, 1e6));
+  problems.push_back(Fork_Beam_Uniform_Load(150, 900.0, 12.0, 15.0));
+  {
+    ProblemData p = Fork_Beam_Uniform_Moment(60, 600.0, 1e6);
+    Set_Moments(p, [](double x) { return 1e6 * (1 - 1.5 * x / 600); });
+    p.Rv[31] = 3000;
+    p.z[31] = 14;
+    p.Rvp[1] = p.Rtp[61] = -1;
+    p.Betaz[7] = 5;
+    p.Kvp[30] = 0;
+    problems.push_back(p);
+  }
+  {
+    ProblemData p = Fork_Beam_Uniform_Load(80, 800.0, 10.0, -10.0);
+    p.Rv[1] = 0;  // lateral spring and a height at the left end
+    p.Rv[1] = 1e5;
+    p.z[1] = -12;
+    problems.push_back(p);
+  }
+  for (size_t k = 0; k < problems.size(); ++k)
+    for (int method : {Method_Eigen, Method_Dichotomie}) {
+      SolveControl a, b;
+      b.Reference = true;
+      SolverResult ra = Run(problems[k], method, a), rb = Run(problems[k], method, b);
+      ASSERT_EQ(ra.Solve_Status, 0) << k << " " << ra.Error_Text;
+      ASSERT_EQ(rb.Solve_Status, 0) << k;
+      EXPECT_EQ(std::memcmp(&ra.mucr, &rb.mucr, sizeof(double)), 0) << k << " method " << method;
+      ASSERT_EQ(ra.Mode_Vector.size(), rb.Mode_Vector.size());
+      EXPECT_EQ(std::memcmp(ra.Mode_Vector.data(), rb.Mode_Vector.data(),
+                            ra.Mode_Vector.size() * sizeof(float)), 0)
+          << k << " method " << method;
+      EXPECT_GT(ra.mucr, 0);
+    }
+}
+
+}  // namespace
