@@ -175,8 +175,9 @@ void Eigen(SymMatrix& K, SymMatrix& B, double& mu, int NDL, int NN, double Tol, 
 
 void Build_Skyline(const SymMatrix& K, const SymMatrix& KG, int NDL, double mu, Skyline& S) {
   S.MAXA.resize(NDL + 2);
-  // room for every column's rows up to the top of its stored envelope
-  S.A.resize(1 + (K.Is_Full() ? 0 : K.Size()));
+  // room for every column up to the top of its stored envelope; the plain
+  // full triangle grows as needed
+  S.A.resize(1 + (K.Is_Full() ? 8 * (std::size_t)NDL : K.Size()));
   S.A[0] = 0.0;
   long next = 1;
   const double* k = K.Data();
@@ -184,20 +185,16 @@ void Build_Skyline(const SymMatrix& K, const SymMatrix& KG, int NDL, double mu, 
   long* MAXA = S.MAXA.data();
   for (int j = 1; j <= NDL; ++j) {
     MAXA[j] = next;
-    // column j from its diagonal up: position of (i, j) is d - (j - i)
+    // column j from its diagonal up: the position of (i, j) is d - (j - i).
+    // Look down from the top of the stored column for the first non-zero
+    // row, then store rows j, j-1, .. up to it.
     const std::size_t d = K.Pos(j, j);
-    const int top = j - K.First(j);
-    int h = -1;
-    for (int up = top; up >= 0; --up)
-      if (k[d - up] + mu * g[d - up] != 0) {
-        h = up;
-        break;
-      }
-    if (h < 0) continue;  // an empty column stores nothing: its pivot is 0
+    int h = j - K.First(j);
+    while (h >= 0 && k[d - h] + mu * g[d - h] == 0) --h;
     if ((long)S.A.size() < next + h + 1) S.A.resize(std::max<long>(next + h + 1, 2 * (long)S.A.size()));
     double* out = S.A.data() + next;
     for (int up = 0; up <= h; ++up) out[up] = k[d - up] + mu * g[d - up];
-    next += h + 1;
+    next += h + 1;  // an empty column stores nothing: its pivot is 0
   }
   MAXA[NDL + 1] = next;
   S.A.resize(next);
@@ -234,11 +231,11 @@ void Factor_Skyline(Skyline& S, int NDL, double& mantissa, int& exponent, bool l
           if (nd > 0) {
             const long kk = ic < nd ? ic : nd;
             const double* __restrict a = A + ki;
-            // summed from the far end, so that the entry just reduced above
-            // comes in last
-            double c = 0;
-            for (long l = kk; l >= 1; --l) c += a[l] * klt[l];
-            *klt -= c;
+            // taken off from the far end, so that the entry just reduced
+            // above comes in last and the rows overlap in the pipeline
+            double t = *klt;
+            for (long l = kk; l >= 1; --l) t -= a[l] * klt[l];
+            *klt = t;
           }
         }
       }

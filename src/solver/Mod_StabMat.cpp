@@ -5,7 +5,7 @@
 #include <cstring>
 #include <locale.h>
 #include <cmath>
-#include <fstream>
+#include <cstdio>
 #include <limits>
 #include <new>
 #include <sstream>
@@ -153,8 +153,8 @@ void Fail(std::int16_t status) { throw Check_Failed{status}; }
 
 // Reads and checks a problem file. Fills the moment arrays of the result on
 // the way. Throws Read_Error or Check_Failed.
-void Read_Problem(const std::string& text, ProblemData& P, SolverResult& res) {
-  Problem_Reader in(text);
+void Read_Problem(std::string text, ProblemData& P, SolverResult& res) {
+  Problem_Reader in(std::move(text));
   in.Skip_Line();
   in.Skip_Line();
   in.Skip_Line();
@@ -391,16 +391,19 @@ void Solve_Problem(const std::string& path, int method, SolverResult& res, Solve
   // Phases 1-4: read and check
   ProblemData P;
   {
-    std::ifstream f(path, std::ios::binary);
     std::string text;
-    if (f) {
-      std::ostringstream ss;
-      ss << f.rdbuf();
-      text = ss.str();
+    bool opened = false;
+    if (FILE* f = std::fopen(path.c_str(), "rb")) {
+      opened = true;
+      char buf[65536];
+      size_t n;
+      while ((n = std::fread(buf, 1, sizeof buf, f)) > 0) text.append(buf, n);
+      if (std::ferror(f)) opened = false;
+      std::fclose(f);
     }
     try {
-      if (!f) throw Read_Error{};
-      Read_Problem(text, P, res);
+      if (!opened) throw Read_Error{};
+      Read_Problem(std::move(text), P, res);
     } catch (const Check_Failed& c) {
       res.Solve_Status = c.status;
       res.Error_Text = Msg(57);
