@@ -207,61 +207,66 @@ long Skyline_Position(int i, int j, const std::vector<long>& MAXA) {
   return 0;
 }
 
-void Factor_Skyline(Skyline& S, int NDL, double& mantissa, int& exponent, bool literal) {
-  double* A = S.A.data();
-  const long* MAXA = S.MAXA.data();
-  mantissa = 1;
-  exponent = 0;
-  // binary bookkeeping of the determinant (see below)
-  double m2 = 1;
-  long e2 = 0;
-  for (int j = 1; j <= NDL; ++j) {
-    const long kn = MAXA[j], kl = kn + 1, ku = MAXA[j + 1] - 1, kh = ku - kl;
-    double pivot = 0;
-    if (MAXA[j + 1] > MAXA[j]) {
-      if (kh > 0) {
-        // reduce the column by the earlier ones: the entry of row j-jj-1
-        // (stored at klt) less the dot product of the stored parts of the two
-        // columns that lie above it
-        long k = j - kh;
-        double* __restrict klt = A + ku;
-        for (long ic = 1; ic <= kh; ++ic, ++k) {
-          --klt;
-          const long ki = MAXA[k], nd = MAXA[k + 1] - ki - 1;
-          if (nd > 0) {
-            const long kk = ic < nd ? ic : nd;
-            const double* __restrict a = A + ki;
-            // taken off from the far end, so that the entry just reduced
-            // above comes in last and the rows overlap in the pipeline
-            double t = *klt;
-            for (long l = kk; l >= 1; --l) t -= a[l] * klt[l];
-            *klt = t;
-          }
-        }
+namespace {
+
+// Reduces column j of an active-column matrix by the columns before it and
+// divides it by their pivots; returns its own pivot (0 for an empty column).
+inline double Factor_Column(double* A, const long* MAXA, int j) {
+  const long kn = MAXA[j], kl = kn + 1, ku = MAXA[j + 1] - 1, kh = ku - kl;
+  if (MAXA[j + 1] <= MAXA[j]) return 0.0;
+  if (kh > 0) {
+    // the entry stored at klt (a row above the diagonal) less the dot product
+    // of the stored parts of its row's column and of column j above it
+    long k = j - kh;
+    double* __restrict klt = A + ku;
+    for (long ic = 1; ic <= kh; ++ic, ++k) {
+      --klt;
+      const long ki = MAXA[k], nd = MAXA[k + 1] - ki - 1;
+      if (nd > 0) {
+        const long kk = ic < nd ? ic : nd;
+        const double* __restrict a = A + ki;
+        // taken off from the far end, so that the entry just reduced above
+        // comes in last and the rows overlap in the pipeline
+        double t = *klt;
+        for (long l = kk; l >= 1; --l) t -= a[l] * klt[l];
+        *klt = t;
       }
-      if (kh >= 0) {
-        // divide by the pivots and reduce the diagonal
-        long k = j;
-        double b = 0;
-        for (long kk = kl; kk <= ku; ++kk) {
-          --k;
-          const double c = A[kk] / A[MAXA[k]];
-          b += c * A[kk];
-          A[kk] = c;
-        }
-        A[kn] -= b;
-      }
-      pivot = A[kn];
     }
+  }
+  if (kh >= 0) {
+    // divide by the pivots and reduce the diagonal
+    long k = j;
+    double b = 0;
+    for (long kk = kl; kk <= ku; ++kk) {
+      --k;
+      const double c = A[kk] / A[MAXA[k]];
+      b += c * A[kk];
+      A[kk] = c;
+    }
+    A[kn] -= b;
+  }
+  return A[kn];
+}
+
+// The determinant as the product of the pivots.
+struct Determinant {
+  bool literal;
+  double mantissa = 1;
+  int exponent = 0;
+  double m2 = 1;  // binary bookkeeping: m2 2^e2
+  long e2 = 0;
+
+  // False when the pivot is not positive: the matrix is not positive definite.
+  bool Take(double pivot) {
     if (!std::isfinite(pivot)) throw Solve_Fault{};
     if (!(pivot > 0)) {
       Check_FP();
       mantissa = -1;
       exponent = 0;
-      return;
+      return false;
     }
     if (literal) {
-      // the determinant as a decimal mantissa between 0.1 and 1, step by step
+      // a decimal mantissa between 0.1 and 1, pivot by pivot
       mantissa *= pivot;
       while (std::fabs(mantissa) > 1) {
         mantissa /= 10;
@@ -272,8 +277,8 @@ void Factor_Skyline(Skyline& S, int NDL, double& mantissa, int& exponent, bool l
         --exponent;
       }
     } else {
-      // the same product kept with a binary exponent: scaling by powers of
-      // two is exact and needs no division per pivot
+      // the same product with a binary exponent: scaling by powers of two is
+      // exact and needs no division per pivot
       m2 *= pivot;
       if (m2 > 0x1p+256) {
         m2 *= 0x1p-256;
@@ -283,21 +288,74 @@ void Factor_Skyline(Skyline& S, int NDL, double& mantissa, int& exponent, bool l
         e2 -= 256;
       }
     }
+    return true;
   }
-  Check_FP();
-  if (!literal) {
-    // decimal form of m2 2^e2 with 0.1 <= |mantissa| <= 1
+
+  void Finish() {
+    Check_FP();
+    if (literal) return;
+    // decimal form of m2 2^e2 with 0.1 <= mantissa <= 1
     const double l10 = std::log10(m2) + (double)e2 * 0.30102999566398119521;
     long e10 = (long)std::ceil(l10);
     double m = std::pow(10.0, l10 - (double)e10);
-    if (m > 1) { m /= 10; ++e10; }
-    if (m < 0.1) { m *= 10; --e10; }
+    if (m > 1) {
+      m /= 10;
+      ++e10;
+    }
+    if (m < 0.1) {
+      m *= 10;
+      --e10;
+    }
     mantissa = m;
-    exponent = (int)e10;
     // a determinant of exactly 10^0 would read as "not positive definite":
-    // a positive definite matrix always keeps a non-zero exponent here
-    if (exponent == 0) exponent = 1;
+    // a positive definite matrix keeps a non-zero exponent here
+    exponent = e10 == 0 ? 1 : (int)e10;
   }
+};
+
+}  // namespace
+
+void Factor_Skyline(Skyline& S, int NDL, double& mantissa, int& exponent, bool literal) {
+  double* A = S.A.data();
+  const long* MAXA = S.MAXA.data();
+  Determinant det{literal};
+  bool positive = true;
+  for (int j = 1; j <= NDL && positive; ++j) positive = det.Take(Factor_Column(A, MAXA, j));
+  if (positive) det.Finish();
+  mantissa = det.mantissa;
+  exponent = det.exponent;
+}
+
+void Evaluate_Skyline(const SymMatrix& K, const SymMatrix& KG, int NDL, double mu, Skyline& S,
+                      double& mantissa, int& exponent) {
+  S.MAXA.resize(NDL + 2);
+  S.A.resize(1 + K.Size());
+  S.A[0] = 0.0;
+  double* A = S.A.data();
+  long* MAXA = S.MAXA.data();
+  const double* k = K.Data();
+  const double* g = KG.Data();
+  Determinant det{false};
+  long next = 1;
+  MAXA[1] = 1;
+  for (int j = 1; j <= NDL; ++j) {
+    // column j as Build_Skyline stores it, then factorised at once
+    const std::size_t d = K.Pos(j, j);
+    int h = j - K.First(j);
+    while (h >= 0 && k[d - h] + mu * g[d - h] == 0) --h;
+    double* out = A + next;
+    for (int up = 0; up <= h; ++up) out[up] = k[d - up] + mu * g[d - up];
+    next += h + 1;
+    MAXA[j + 1] = next;
+    if (!det.Take(Factor_Column(A, MAXA, j))) {
+      mantissa = det.mantissa;
+      exponent = det.exponent;
+      return;
+    }
+  }
+  det.Finish();
+  mantissa = det.mantissa;
+  exponent = det.exponent;
 }
 
 void Solve_Skyline(const Skyline& S, int NDL, std::vector<double>& V) {
@@ -377,8 +435,13 @@ void Dichotomie(const SymMatrix& K, const SymMatrix& KG, int NDL, Skyline& S, do
   auto Evaluate = [&](double m) {
     ++counter;
     st.Progress(counter, m);
-    Build_Skyline(K, KG, NDL, m, S);
-    Factor_Skyline(S, NDL, mantissa, exponent, literal);
+    if (literal) {
+      // as written: the whole skyline, then its factorisation
+      Build_Skyline(K, KG, NDL, m, S);
+      Factor_Skyline(S, NDL, mantissa, exponent, true);
+    } else {
+      Evaluate_Skyline(K, KG, NDL, m, S, mantissa, exponent);
+    }
   };
   // 1. the unloaded structure must be stable
   mu = 0;

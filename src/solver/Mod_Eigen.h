@@ -41,6 +41,11 @@ void Build_Skyline(const SymMatrix& K, const SymMatrix& KG, int NDL, double mu, 
 // (a division per step); otherwise the product is carried with a binary
 // exponent and turned decimal at the end, which decides the same.
 void Factor_Skyline(Skyline& S, int NDL, double& mantissa, int& exponent, bool literal = true);
+// Build_Skyline and Factor_Skyline in one sweep, column by column, for a
+// matrix in profile storage; stops at the first pivot that is not positive.
+// The determinant is carried in binary form.
+void Evaluate_Skyline(const SymMatrix& K, const SymMatrix& KG, int NDL, double mu, Skyline& S,
+                      double& mantissa, int& exponent);
 void Solve_Skyline(const Skyline& S, int NDL, std::vector<double>& b);
 long Skyline_Position(int i, int j, const std::vector<long>& MAXA);
 void Build_Mode(int NDL, Skyline& S, std::vector<double>& Phi);
