@@ -45,26 +45,29 @@ struct Check_Failed {
 // commas or line ends; a label line is skipped whatever it says.
 class Problem_Reader {
  public:
-  explicit Problem_Reader(std::string text) : s_(std::move(text)) {}
+  explicit Problem_Reader(std::string text) : s_(std::move(text)) {
+    for (unsigned char c : {' ', '\t', '\r', '\n', ','}) sep_[c] = true;
+  }
 
   void Skip_Line() {
     if (p_ >= s_.size()) throw Read_Error{};
-    while (p_ < s_.size() && s_[p_] != '\n') ++p_;
-    if (p_ < s_.size()) ++p_;
+    const void* nl = std::memchr(s_.data() + p_, '\n', s_.size() - p_);
+    p_ = nl ? (size_t)((const char*)nl - s_.data()) + 1 : s_.size();
   }
 
   double Number() {
     const char* s = s_.data();
     const size_t n = s_.size();
     size_t p = p_;
-    while (p < n && Is_Sep(s[p])) ++p;
+    while (p < n && sep_[(unsigned char)s[p]]) ++p;
     if (p >= n) throw Read_Error{};
     const size_t b = p;
-    while (p < n && !Is_Sep(s[p])) ++p;
-    const double v = Parse(s + b, p - b);
+    const double v = Parse(s, n, p);  // p moves to the end of the number
+    if (p < n && !sep_[(unsigned char)s[p]]) throw Read_Error{};
+    if (p - b >= 100) throw Read_Error{};
     // the rest of the line, when it holds only separators, belongs to this
     // number: the next label line is then the next line
-    while (p < n && (s[p] == ' ' || s[p] == '\t' || s[p] == ',' || s[p] == '\r')) ++p;
+    while (p < n && s[p] != '\n' && sep_[(unsigned char)s[p]]) ++p;
     p_ = (p < n && s[p] == '\n') ? p + 1 : p;
     return v;
   }
@@ -76,26 +79,24 @@ class Problem_Reader {
   }
 
  private:
-  static bool Is_Sep(char c) {
-    return c <= ' ' ? (c == ' ' || c == '\t' || c == '\r' || c == '\n') : c == ',';
-  }
-  // Decimal text, correctly rounded; anything else that is not a finite
-  // number is a read error.
-  static double Parse(const char* tok, size_t n) {
+  // Decimal text, correctly rounded, read from s[p]; p moves past it.
+  // Anything that is not a finite number is a read error.
+  static double Parse(const char* s, size_t n, size_t& p) {
     // Fast path for the usual file numbers: at most 15 significant digits and
     // a small power of ten are exact in a double, so one multiplication or
     // division rounds correctly.
     static const double pow10[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                    1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                    1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-    size_t i = 0;
+    const size_t b = p;
+    size_t i = p;
     bool neg = false;
-    if (i < n && (tok[i] == '+' || tok[i] == '-')) neg = tok[i++] == '-';
+    if (i < n && (s[i] == '+' || s[i] == '-')) neg = s[i++] == '-';
     unsigned long long mant = 0;
     int digits = 0, scale = 0, nd = 0;
     bool dot = false;
     for (; i < n; ++i) {
-      const char c = tok[i];
+      const char c = s[i];
       if (c >= '0' && c <= '9') {
         ++nd;
         if (mant == 0 && c == '0') {
@@ -118,17 +119,17 @@ class Problem_Reader {
     }
     if (nd == 0) throw Read_Error{};
     int ex = 0;
-    if (i < n && (tok[i] == 'e' || tok[i] == 'E')) {
+    if (i < n && (s[i] == 'e' || s[i] == 'E')) {
       ++i;
       bool eneg = false;
-      if (i < n && (tok[i] == '+' || tok[i] == '-')) eneg = tok[i++] == '-';
+      if (i < n && (s[i] == '+' || s[i] == '-')) eneg = s[i++] == '-';
       int ed = 0;
-      for (; i < n && tok[i] >= '0' && tok[i] <= '9'; ++i, ++ed)
-        if (ex < 100000) ex = ex * 10 + (tok[i] - '0');
+      for (; i < n && s[i] >= '0' && s[i] <= '9'; ++i, ++ed)
+        if (ex < 100000) ex = ex * 10 + (s[i] - '0');
       if (ed == 0) throw Read_Error{};
       if (eneg) ex = -ex;
     }
-    if (i != n) throw Read_Error{};
+    p = i;
     const int e10 = scale + ex;
     if (digits <= 15 && e10 >= -22 && e10 <= 22) {
       double v = (double)mant;
@@ -137,16 +138,19 @@ class Problem_Reader {
     }
     static locale_t c_locale = newlocale(LC_ALL_MASK, "C", nullptr);
     char buf[128];
-    if (n >= sizeof buf) throw Read_Error{};
-    std::memcpy(buf, tok, n);
-    buf[n] = '\0';
+    const size_t len = i - b;
+    if (len >= sizeof buf) throw Read_Error{};
+    std::memcpy(buf, s + b, len);
+    buf[len] = '\0';
     char* end = nullptr;
     const double v = strtod_l(buf, &end, c_locale);
-    if (end != buf + n || !std::isfinite(v)) throw Read_Error{};
+    if (end != buf + len || !std::isfinite(v)) throw Read_Error{};
     return v;
   }
+
   std::string s_;
   size_t p_ = 0;
+  bool sep_[256] = {};
 };
 
 void Fail(std::int16_t status) { throw Check_Failed{status}; }
