@@ -330,24 +330,51 @@ void Evaluate_Skyline(const SymMatrix& K, const SymMatrix& KG, int NDL, double m
                       double& mantissa, int& exponent) {
   S.MAXA.resize(NDL + 2);
   S.A.resize(1 + K.Size());
+  S.First.resize(NDL + 1);
   S.A[0] = 0.0;
   double* A = S.A.data();
   long* MAXA = S.MAXA.data();
+  int* first = S.First.data();
   const double* k = K.Data();
   const double* g = KG.Data();
   Determinant det{false};
   long next = 1;
   MAXA[1] = 1;
   for (int j = 1; j <= NDL; ++j) {
-    // column j as Build_Skyline stores it, then factorised at once
+    // column j as Build_Skyline stores it: cj[o] is the entry of row j - o
     const std::size_t d = K.Pos(j, j);
     int h = j - K.First(j);
     while (h >= 0 && k[d - h] + mu * g[d - h] == 0) --h;
-    double* out = A + next;
-    for (int up = 0; up <= h; ++up) out[up] = k[d - up] + mu * g[d - up];
+    double* cj = A + next;
+    for (int up = 0; up <= h; ++up) cj[up] = k[d - up] + mu * g[d - up];
     next += h + 1;
     MAXA[j + 1] = next;
-    if (!det.Take(Factor_Column(A, MAXA, j))) {
+    if (h < 0) {  // an empty column: its pivot is 0
+      det.Take(0.0);
+      mantissa = det.mantissa;
+      exponent = det.exponent;
+      return;
+    }
+    // then factorised at once, in the order of Factor_Column: each row from
+    // the top is reduced by the rows above it, then divided by the pivots
+    const int fj = j - h;
+    first[j] = fj;
+    for (int r = fj + 1; r < j; ++r) {
+      const int m0 = std::max(fj, first[r]);
+      const double* __restrict pa = A + MAXA[r] + (r - m0);
+      const double* __restrict pb = cj + (j - m0);
+      double t = cj[j - r];
+      for (int m = m0; m < r; ++m) t -= *pa-- * *pb--;
+      cj[j - r] = t;
+    }
+    double b = 0;
+    for (int r = j - 1; r >= fj; --r) {
+      const double c = cj[j - r] / A[MAXA[r]];
+      b += c * cj[j - r];
+      cj[j - r] = c;
+    }
+    cj[0] -= b;
+    if (!det.Take(cj[0])) {
       mantissa = det.mantissa;
       exponent = det.exponent;
       return;

@@ -33,6 +33,7 @@ void Eigen(SymMatrix& K, SymMatrix& B, double& mu, int NDL, int NN, double Tol, 
 struct Skyline {
   std::vector<double> A;     // A[0] is always 0
   std::vector<long> MAXA;    // 1..NDL+1
+  std::vector<int> First;    // work of Evaluate_Skyline: first stored row of each column
 };
 
 void Build_Skyline(const SymMatrix& K, const SymMatrix& KG, int NDL, double mu, Skyline& S);
