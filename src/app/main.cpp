@@ -1,0 +1,122 @@
+// Zarvek: the interactive program, and with the name of a problem file
+// (".ZVK") on the command line a silent batch solver.
+//
+// Every file is looked for in the current directory at start.
+//
+// Without a display the program runs on the offscreen platform; the batch run
+// then also prints its four result lines on standard output, and start-up
+// failures go to standard error instead of a box.
+//
+// Exit codes:
+//   0  done; on the batch route the result file tells how the solve went
+//   1  start-up failure (.INI file, language file): the message was shown
+//   2  batch route: the result file could not be written
+//   3  another instance runs in this start directory (nothing is shown)
+#include <QApplication>
+#include <QMessageBox>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <unistd.h>
+
+#include "analysis/qt/Frm_DirectSolve.h"
+#include "foundation/Language.h"
+#include "foundation/Mod_Zarvek.h"
+#include "foundation/Startup.h"
+
+namespace {
+
+using namespace zarvek;
+
+enum Exit_Code { Exit_Done = 0, Exit_StartFailure = 1, Exit_ResultNotWritten = 2, Exit_OtherInstance = 3 };
+
+bool Has_Env(const char* name) {
+  const char* v = std::getenv(name);
+  return v && *v;
+}
+
+std::string Current_Directory() {
+  std::string dir(4096, '\0');
+  while (::getcwd(dir.data(), dir.size()) == nullptr) {
+    if (errno != ERANGE) return ".";
+    dir.resize(dir.size() * 2);
+  }
+  dir.resize(std::char_traits<char>::length(dir.c_str()));
+  return dir;
+}
+
+// A failure at start: a critical box titled with the program's name, or the
+// standard error stream when nobody can see a box.
+void Show_StartFailure(const std::string& text, bool headless) {
+  if (headless) {
+    std::fprintf(stderr, "%s\n", text.c_str());
+    return;
+  }
+  QMessageBox::critical(nullptr, Program_Name(), QString::fromLocal8Bit(text.c_str()));
+}
+
+int Run_DirectSolve(const StartupState& s, bool headless) {
+  int code = Exit_Done;
+  {
+    Frm_DirectSolve form;
+    const DirectSolveOutcome out = form.Form_Load(s);
+    if (!out.Written) code = Exit_ResultNotWritten;
+    if (headless) {
+      for (const auto& line : out.Lines) std::printf("%s\n", Cp1252_To_Utf8(line).c_str());
+      std::fflush(stdout);
+    }
+    form.close();
+  }
+  QCoreApplication::processEvents();
+  return code;
+}
+
+// The main window is not part of this build yet.
+int Run_Interactive(StartupState& s, bool headless) {
+  Set_InteractivePaths(s);
+  const std::string text = std::string("The interactive window of ") + Program_Name() +
+                           " is not available yet.\n"
+                           "To solve a problem file, start the program with its name:\n    " +
+                           Program_Name() + " BEAM.ZVK\n"
+                           "The result goes to " + s.File_Tmp + " and mucr to the clipboard.";
+  if (headless) {
+    std::printf("%s\n", text.c_str());
+    std::fflush(stdout);
+  } else {
+    QMessageBox::information(nullptr, Program_Name(), QString::fromLocal8Bit(text.c_str()));
+  }
+  return Exit_Done;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  // The command line as the user gave it, before the toolkit takes its options.
+  const std::string commandLine = Command_Line_Text(argc, argv);
+  const std::string startDir = Current_Directory();
+
+  // 1. One instance per start directory; a second one leaves without a word.
+  if (!Acquire_SingleInstance(startDir)) return Exit_OtherInstance;
+
+  bool headless = !Has_Env("DISPLAY") && !Has_Env("WAYLAND_DISPLAY");
+  if (headless && !Has_Env("QT_QPA_PLATFORM")) ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  QApplication app(argc, argv);
+  const QString platform = QGuiApplication::platformName();
+  // A box on a platform without a screen would wait for ever.
+  if (platform == "offscreen" || platform == "minimal") headless = true;
+  app.setFont(QFont("Liberation Sans", 9));
+
+  // 2.-8. Command line, decimal separator, file names, .INI file, language.
+  StartupState s;
+  std::string error;
+  if (!Start_Up(startDir, commandLine, s, error)) {
+    Show_StartFailure(error, headless);
+    return Exit_StartFailure;
+  }
+
+  // 9. The batch route: solve, leave the result, end.
+  if (s.Direct_Mode) return Run_DirectSolve(s, headless);
+
+  return Run_Interactive(s, headless);
+}
