@@ -17,10 +17,13 @@ configure: deps
 build: configure
 	cmake --build $(BUILD) -j $(JOBS)
 
-# Solves the shipped example by the batch route, from the start directory.
+# Solves the shipped example by the batch route, from the start directory,
+# and shows the result file: mucr, Mmax (daN.cm), its position x/L, message.
 run: build
-	cd $(BUILD)/bin && rm -f Zarvek.TMP && ./Zarvek "$(CURDIR)/$(BUILD)/bin/EXAMPLE.ZVK"; \
-	  status=$$?; echo "Result file $(BUILD)/bin/Zarvek.TMP:"; cat Zarvek.TMP; exit $$status
+	@cd $(BUILD)/bin && rm -f Zarvek.TMP && ./Zarvek "$(CURDIR)/$(BUILD)/bin/EXAMPLE.ZVK" >/dev/null; \
+	  status=$$?; echo "Zarvek $(BUILD)/bin/EXAMPLE.ZVK -> $(BUILD)/bin/Zarvek.TMP:"; cat Zarvek.TMP; \
+	  awk 'NR==1{mu=$$1} NR==2{m=$$1<0?-$$1:$$1} END{if (mu>0) printf "Mcr = mucr x |Mmax| = %.2f kN.m\n", mu*m/10000}' Zarvek.TMP; \
+	  exit $$status
 
 test: build
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)

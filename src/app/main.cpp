@@ -18,6 +18,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "analysis/qt/Frm_DirectSolve.h"
@@ -101,6 +102,13 @@ int main(int argc, char** argv) {
 
   bool headless = !Has_Env("DISPLAY") && !Has_Env("WAYLAND_DISPLAY");
   if (headless && !Has_Env("QT_QPA_PLATFORM")) ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  if (!Has_Env("XDG_RUNTIME_DIR")) {
+    // a session without a runtime folder (a batch job, a service): give the
+    // toolkit a private one rather than a warning on every run
+    const std::string dir = "/tmp/runtime-" + std::to_string(::getuid());
+    ::mkdir(dir.c_str(), 0700);
+    ::setenv("XDG_RUNTIME_DIR", dir.c_str(), 1);
+  }
   QApplication app(argc, argv);
   const QString platform = QGuiApplication::platformName();
   // A box on a platform without a screen would wait for ever.
