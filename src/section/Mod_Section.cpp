@@ -187,6 +187,9 @@ void Calculer_SectionIMono(const SectionDims& d, int tabDim, bool optDimensions,
   p.Betaz = S / (2 * p.Iy) - p.zC;
   // A doubly symmetric section has none: cut the rounding noise.
   if (std::fabs(p.Betaz) < 0.0001) p.Betaz = 0;
+  // Likewise its shear centre lies on the centroid: an offset a billionth of
+  // the height is the rounding of the sums above, not a dimension.
+  if (std::fabs(p.zC) < 1e-9 * h) p.zC = 0;
 
   p.zTop = h - p.zG;
   p.zBottom = p.zG;
