@@ -2,11 +2,15 @@
 //   zarvek-data crypt SOURCE TARGET      scramble a plain language file
 //   zarvek-data example TARGET           write the example problem file
 //   zarvek-data sectiondb CSV TARGET     build the section catalogue
+//   zarvek-data project TARGET           write the example project (a new
+//                                        document: IPE 300 of 10 m, 100 kN.m)
 #include <cstdio>
 #include <cstring>
 #include <string>
 
 #include "foundation/Language.h"
+#include "model/BeamModel.h"
+#include "model/ProjectFile.h"
 #include "section/Catalogue.h"
 #include "solver/Example.h"
 #include "solver/Mod_StabMat.h"
@@ -35,6 +39,15 @@ int main(int argc, char** argv) {
     }
     return 0;
   }
-  std::fprintf(stderr, "usage: zarvek-data crypt SRC DST | example DST | sectiondb CSV DST\n");
+  if (argc == 3 && std::strcmp(argv[1], "project") == 0) {
+    BeamModel m;
+    Init_Default(m, ".");
+    if (!Save_FileDAT(m, argv[2])) {
+      std::fprintf(stderr, "zarvek-data: cannot write %s\n", argv[2]);
+      return 1;
+    }
+    return 0;
+  }
+  std::fprintf(stderr, "usage: zarvek-data crypt SRC DST | example DST | sectiondb CSV DST | project DST\n");
   return 2;
 }
