@@ -7,6 +7,7 @@
 // and V = -dM/dx inside every element.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <vector>
@@ -21,16 +22,11 @@ struct Diagram {
   double L;
   std::vector<float> X, M, V;
   Diagram(int nb, double l) : NB(nb), L(l), M(2 * nb + 1, 0.0f), V(2 * nb + 1, 0.0f) { Init_EffortsX(NB, X); }
-  int Near(double t) const {  // sample nearest to the fraction t
-    int best = 1;
-    for (int j = 1; j <= 2 * NB; ++j)
-      if (std::fabs(X[j] - t) < std::fabs(X[best] - t)) best = j;
-    return best;
-  }
-  double Largest(const std::vector<float>& a) const {
-    double m = 0;
-    for (int j = 1; j <= 2 * NB; ++j) m = std::max(m, (double)std::fabs(a[j]));
-    return m;
+  // the sample just left of the node at the fraction t (just right of the left end)
+  int Near(double t) const { return std::clamp(2 * (int)std::lround(t * NB), 1, 2 * NB); }
+  static double Largest(const std::vector<float>& a) {
+    auto by_size = [](float p, float q) { return std::fabs(p) < std::fabs(q); };
+    return std::fabs(*std::max_element(a.begin(), a.end(), by_size));
   }
   // integral of w(x) M(x), trapezoids between samples
   double Integral(const std::function<double(double)>& w) const {
@@ -56,28 +52,18 @@ void Expect_ShearIsSlope(const Diagram& d) {
 
 void Expect_SupportConditions(int Case, const Diagram& d) {
   const double s = 1e-4 * std::max(d.Largest(d.M), 1e-9), L = d.L;
-  const int last = 2 * d.NB;
-  if (Case != Case_EE) {
-    EXPECT_NEAR(d.M[last], 0.0, s);
-  }
-  if (Case == Case_AA) {
-    EXPECT_NEAR(d.M[1], 0.0, s);
-  }
-  if (Case == Case_EL) {
-    EXPECT_NEAR(d.V[last], 0.0, s / L);
-  }
-  if (Case == Case_EA) {
-    EXPECT_NEAR(d.Integral([L](double x) { return L - x; }) / (L * L), 0.0, s);
-  }
-  if (Case == Case_EE) {
-    EXPECT_NEAR(d.Integral([](double) { return 1.0; }) / L, 0.0, s);
-    EXPECT_NEAR(d.Integral([](double x) { return x; }) / (L * L), 0.0, s);
-  }
+  auto zero = [](double value, double tol) { EXPECT_NEAR(value, 0.0, tol); };
+  if (Case != Case_EE) zero(d.M[2 * d.NB], s);
+  if (Case == Case_AA) zero(d.M[1], s);
+  if (Case == Case_EL) zero(d.V[2 * d.NB], s / L);
+  if (Case == Case_EA) zero(d.Integral([L](double x) { return L - x; }) / (L * L), s);
+  for (int n = 0; Case == Case_EE && n < 2; ++n)  // integrals of M and of x M
+    zero(d.Integral([n](double x) { return n ? x : 1.0; }) / std::pow(L, n + 1), s);
 }
 
-TEST(Efforts, MidSpanForceOnPinnedBeam) {
+TEST(Efforts, MidSpanForceOnPinnedBeamAndLoadsOutsideIt) {
   const double F = 1000, L = 1000;
-  Diagram d(100, L);
+  Diagram d(100, L), a(100, L), b(100, L), none(100, L);
   Add_Force(Case_AA, L, d.NB, d.X, F, 0.5, d.M, d.V);
   float Mmax = 0;
   const int j = Find_Mmax(d.NB, d.M, Mmax);
@@ -86,98 +72,65 @@ TEST(Efforts, MidSpanForceOnPinnedBeam) {
   EXPECT_NEAR(d.V[1], F / 2, 1e-5 * F);
   EXPECT_NEAR(d.V[101], -F / 2, 1e-5 * F);
   // a force between nodes acts on the nearest node: 0.304 -> 0.30
-  Diagram a(100, L), b(100, L);
   Add_Force(Case_AA, L, a.NB, a.X, F, 0.30, a.M, a.V);
   Add_Force(Case_AA, L, b.NB, b.X, F, 0.304, b.M, b.V);
   EXPECT_EQ(a.M, b.M);
   EXPECT_NEAR(a.V[60] - a.V[61], F, 1e-3);
-}
-
-TEST(Efforts, NothingOutsideTheBeamOrWithoutLoad) {
-  Diagram d(100, 1000);
-  Add_Force(Case_AA, d.L, d.NB, d.X, 100, 1.2, d.M, d.V);
-  Add_Force(Case_EE, d.L, d.NB, d.X, 100, -0.1, d.M, d.V);
-  Add_Force(Case_EL, d.L, d.NB, d.X, 0, 0.5, d.M, d.V);
-  Add_DistLoad(Case_AA, d.L, d.NB, d.X, 0, 0, 0, 1, d.M, d.V);
-  Add_DistLoad(Case_AA, d.L, d.NB, d.X, 5, 0.6, 5, 0.4, d.M, d.V);
-  Add_EndMoments(Case_EE, d.L, d.NB, d.X, 30, 80, d.M, d.V);  // taken by the clamps
-  EXPECT_EQ(d.Largest(d.M) + d.Largest(d.V), 0.0);
-  float Mmax = 1;
-  EXPECT_EQ(Find_Mmax(d.NB, d.M, Mmax), 0);
+  // nothing outside the beam, without load, or on the clamps
+  Add_Force(Case_AA, L, none.NB, none.X, 100, 1.2, none.M, none.V);
+  Add_Force(Case_EE, L, none.NB, none.X, 100, -0.1, none.M, none.V);
+  Add_Force(Case_EL, L, none.NB, none.X, 0, 0.5, none.M, none.V);
+  Add_DistLoad(Case_AA, L, none.NB, none.X, 0, 0, 0, 1, none.M, none.V);
+  Add_DistLoad(Case_AA, L, none.NB, none.X, 5, 0.6, 5, 0.4, none.M, none.V);
+  Add_EndMoments(Case_EE, L, none.NB, none.X, 30, 80, none.M, none.V);
+  EXPECT_EQ(none.Largest(none.M) + none.Largest(none.V), 0.0);
+  EXPECT_EQ(Find_Mmax(none.NB, none.M, Mmax), 0);
   EXPECT_EQ(Mmax, 0.0f);
 }
 
 TEST(Efforts, HandbookValues) {
-  const double F = 250, q = 2, L = 600, FL = F * L, qL2 = q * L * L;
-  {  // cantilever with a tip load: M(0) = F L > 0, V = F all along
-    Diagram d(100, L);
-    Add_Force(Case_EL, L, d.NB, d.X, F, 1.0, d.M, d.V);
-    EXPECT_NEAR(d.M[1], FL, 1e-5 * FL);
-    for (int j = 1; j <= 200; ++j) EXPECT_NEAR(d.V[j], F, 1e-4);
-  }
-  {  // propped cantilever, mid-span load: 3FL/16 at the clamp, -5FL/32 under it
-    Diagram d(100, L);
-    Add_Force(Case_EA, L, d.NB, d.X, F, 0.5, d.M, d.V);
-    EXPECT_NEAR(d.M[1], 3 * FL / 16, 1e-5 * FL);
-    EXPECT_NEAR(d.M[100], -5 * FL / 32, 1e-5 * FL);
-    EXPECT_NEAR(d.V[1], 11 * F / 16, 1e-4);
-  }
-  {  // uniform load, pinned: -qL^2/8 and qL/2
-    Diagram d(100, L);
-    Add_DistLoad(Case_AA, L, d.NB, d.X, q, 0, q, 1, d.M, d.V);
-    EXPECT_NEAR(d.M[d.Near(0.5)], -qL2 / 8, 1e-5 * qL2);
-    EXPECT_NEAR(d.V[1], q * L / 2, 1e-5 * q * L);
-  }
-  {  // clamped both ends: qL^2/12 at the ends, -qL^2/24 at mid-span
-    Diagram d(100, L);
-    Add_DistLoad(Case_EE, L, d.NB, d.X, q, 0, q, 1, d.M, d.V);
-    EXPECT_NEAR(d.M[1], qL2 / 12, 1e-5 * qL2);
-    EXPECT_NEAR(d.M[200], qL2 / 12, 1e-5 * qL2);
-    EXPECT_NEAR(d.M[d.Near(0.5)], -qL2 / 24, 1e-5 * qL2);
-  }
-  {  // propped cantilever: qL^2/8 at the clamp, -9qL^2/128 at 5L/8, 5qL/8
+  // M and V at the fraction t, in F L and F under a point load F at xF, or
+  // in q L^2 and q L under a span load from qa q to qb q over the length.
+  struct Row { int Case; double xF, qa, qb, t, M, V; };
+  const Row rows[] = {
+      {Case_EL, 1.0, 0, 0, 0.0, 1.0, 1.0},  // cantilever, tip load: M(0) = F L, V = F
+      {Case_EA, 0.5, 0, 0, 0.0, 3.0 / 16, 11.0 / 16},  // propped cantilever, mid-span load
+      {Case_EA, 0.5, 0, 0, 0.5, -5.0 / 32, 11.0 / 16},
+      {Case_AA, 0, 1, 1, 0.5, -1.0 / 8, 0},  // uniform load, pinned
+      {Case_EE, 0, 1, 1, 0.0, 1.0 / 12, 0.5},  // clamped both ends
+      {Case_EE, 0, 1, 1, 0.5, -1.0 / 24, 0},
+      {Case_EE, 0, 1, 1, 1.0, 1.0 / 12, -0.5},
+      {Case_EA, 0, 1, 1, 0.0, 1.0 / 8, 5.0 / 8},  // propped cantilever, largest at 5L/8
+      {Case_EA, 0, 1, 1, 0.625, -9.0 / 128, 0},
+      {Case_AA, 0, 0, 1, 0.0, 0, 1.0 / 6},  // triangular 0..q, pinned
+      {Case_AA, 0, 0, 1, 0.5, -1.0 / 16, 1.0 / 24},
+      {Case_AA, 0, 0, 1, 1.0, 0, -1.0 / 3},
+  };
+  const double F = 250, q = 2, L = 600;
+  for (const Row& r : rows) {
     Diagram d(200, L);
-    Add_DistLoad(Case_EA, L, d.NB, d.X, q, 0, q, 1, d.M, d.V);
-    EXPECT_NEAR(d.M[1], qL2 / 8, 1e-5 * qL2);
-    EXPECT_NEAR(d.M[d.Near(0.625)], -9 * qL2 / 128, 1e-5 * qL2);
-    EXPECT_NEAR(d.V[1], 5 * q * L / 8, 1e-5 * q * L);
-  }
-  {  // triangular 0..q, pinned: qL/6 and -qL/3, -qL^2/(9 sqrt 3) at L/sqrt 3
-    Diagram d(300, L);
-    Add_DistLoad(Case_AA, L, d.NB, d.X, 0, 0, q, 1, d.M, d.V);
-    EXPECT_NEAR(d.V[1], q * L / 6, 1e-5 * q * L);
-    EXPECT_NEAR(d.V[600], -q * L / 3, 1e-5 * q * L);
-    float Mmax = 0;
-    const int j = Find_Mmax(d.NB, d.M, Mmax);
-    EXPECT_NEAR(Mmax, -qL2 / (9 * std::sqrt(3.0)), 1e-5 * qL2);
-    EXPECT_NEAR(d.X[j], 1 / std::sqrt(3.0), 2.0 / 300);
+    if (r.xF > 0) Add_Force(r.Case, L, d.NB, d.X, F, r.xF, d.M, d.V);
+    else Add_DistLoad(r.Case, L, d.NB, d.X, r.qa * q, 0, r.qb * q, 1, d.M, d.V);
+    const double P = r.xF > 0 ? F : q * L;
+    const int j = d.Near(r.t);
+    EXPECT_NEAR(d.M[j], r.M * P * L, 1e-5 * P * L) << r.Case << " at " << r.t;
+    EXPECT_NEAR(d.V[j], r.V * P, 1e-5 * P) << r.Case << " at " << r.t;
   }
 }
 
 TEST(Efforts, EndMomentsAndCouples) {
   const double L = 1000;
-  Diagram d(100, L);  // M1 = -100, M2 = 50: linear from 100 to 50, psi 0.5
-  Add_EndMoments(Case_AA, L, d.NB, d.X, -100, 50, d.M, d.V);
+  Diagram d(100, L), ea(100, L), c(100, L);
+  Add_EndMoments(Case_AA, L, d.NB, d.X, -100, 50, d.M, d.V);  // linear from 100 to 50
+  Add_EndMoments(Case_EA, L, ea.NB, ea.X, 30, 80, ea.M, ea.V);  // M2 at the pin, M2/2 at the clamp
   EXPECT_NEAR(d.M[1], 100, 1e-3);
   EXPECT_NEAR(d.M[200], 50, 1e-3);
-  EXPECT_NEAR(d.M[200] / d.M[1], 0.5, 1e-5);
-  Expect_ShearIsSlope(d);
-  Diagram u(100, L);  // the default pair -100, 100: uniform, no shear
-  Add_EndMoments(Case_AA, L, u.NB, u.X, -100, 100, u.M, u.V);
-  EXPECT_NEAR(u.M[d.Near(0.37)], 100, 1e-4);
-  EXPECT_EQ(u.Largest(u.V), 0.0);
-  Diagram ea(100, L);  // M2 at the pin, half of it back at the clamp
-  Add_EndMoments(Case_EA, L, ea.NB, ea.X, 30, 80, ea.M, ea.V);
   EXPECT_NEAR(ea.M[1], -40, 1e-3);
-  EXPECT_NEAR(ea.Integral([L](double x) { return L - x; }) / (L * L), 0.0, 1e-2);
-  Expect_ShearIsSlope(ea);
-
-  const double C = 1000;
-  Diagram c(100, L);  // couple at mid-span of a pinned beam: M jumps by -C
-  Add_Couple(Case_AA, L, c.NB, c.X, C, 0.5, c.M, c.V);
-  EXPECT_NEAR(c.M[100], C / 2, 1e-2);
-  EXPECT_NEAR(c.M[101], -C / 2, 1e-2);
-  EXPECT_NEAR(c.V[7], -C / L, 1e-6);
+  EXPECT_NEAR(ea.M[200], 80, 1e-3);
+  for (const Diagram* x : {&d, &ea}) Expect_ShearIsSlope(*x);
+  Add_Couple(Case_AA, L, c.NB, c.X, 1000, 0.5, c.M, c.V);  // M jumps by -C at mid-span
+  EXPECT_NEAR(c.M[100], 500, 1e-2);
+  EXPECT_NEAR(c.M[101], -500, 1e-2);
 }
 
 TEST(Efforts, EveryLoadSatisfiesItsSupportsAndEquilibrium) {
