@@ -2,7 +2,9 @@
 // message, tab and field.
 #include <gtest/gtest.h>
 
-#include "model/DataEntry.h"
+#include <initializer_list>
+#include <utility>
+
 #include "model/Validation.h"
 #include "model_support.h"
 
@@ -16,221 +18,107 @@ class Validation : public ::testing::Test {
   void SetUp() override { Load_Test_Messages(); }
   BeamModel m = Default_Model();
 
-  void Expect_Fault(const std::string& message, int tab, const std::string& field) {
-    ValidationResult r = IsDataOK(m);
-    EXPECT_FALSE(r.ok);
-    EXPECT_EQ(r.Error_Text, message);
-    EXPECT_EQ(r.tab, tab);
-    EXPECT_EQ(r.field, field);
-    EXPECT_FALSE(m.RefreshLocked);
-  }
-  void Expect_Pass() {
-    ValidationResult r = IsDataOK(m);
-    EXPECT_TRUE(r.ok) << r.Error_Text << " at " << r.field;
-    EXPECT_FALSE(m.RefreshLocked);
+  // One edit of a text, then the whole check: the message expected ("" when
+  // the model passes) with the tab and the field selected.
+  struct Step {
+    std::string* text;
+    const char* value;
+    std::string message = "";
+    int tab = -1;
+    std::string field = "";
+  };
+  void Walk(std::initializer_list<Step> steps) {
+    for (const Step& s : steps) {
+      if (s.text) *s.text = s.value;
+      ValidationResult r = IsDataOK(m);
+      EXPECT_EQ(r.Error_Text + " " + std::to_string(r.tab) + " " + r.field,
+                s.message + " " + std::to_string(s.tab) + " " + s.field) << s.value;
+      EXPECT_EQ(std::pair(r.ok, m.RefreshLocked), std::pair(s.message.empty(), false)) << s.value;
+    }
   }
 };
 
-TEST_F(Validation, DefaultModelPasses) {
-  m.RefreshLocked = true;  // released on return whatever it was
-  Expect_Pass();
-}
+const char *const L_N = "L/N : Value out of limits", *const Out = "Value out of limits",
+                  *const NaN = "Not a number", *const Beyond = "Restraint out of the beam";
 
-TEST_F(Validation, ElementLengthFromOneTo300Cm) {
-  m.Txt_L = "1";  // 1 m in 100 elements: 1 cm each
-  Expect_Pass();
-  m.Txt_L = "0.99";
-  Expect_Fault("L/N : Value out of limits", 0, "Txt_L");
-  m.Txt_L = "0.99995";  // within the widening of one part in ten thousand
-  Expect_Pass();
-  m.Txt_L = "300";
-  Expect_Pass();
-  m.Txt_L = "301";
-  Expect_Fault("L/N : Value out of limits", 0, "Txt_L");
-  m.Txt_NB = 3;  // 200 elements: up to 600 m
-  m.Txt_L = "600";
-  Expect_Pass();
-  m.Txt_L = "601";
-  Expect_Fault("L/N : Value out of limits", 0, "Txt_L");
+TEST_F(Validation, BeamTab) {
+  m.RefreshLocked = true;  // released on return whatever it was
+  Walk({{nullptr, ""}, {&m.Txt_L, "1"},  // 1 m in 100 elements: 1 cm each
+        {&m.Txt_L, "0.99", L_N, 0, "Txt_L"},
+        {&m.Txt_L, "0.99995"},  // within the widening of one part in ten thousand
+        {&m.Txt_L, "301", L_N, 0, "Txt_L"}, {&m.Txt_E, "x", L_N, 0, "Txt_L"},
+        {&m.Txt_L, "", NaN, 0, "Txt_L"}, {&m.Txt_L, "10", NaN, 0, "Txt_E"},
+        // E from 100 MPa (1000 daN/cm2) to 1e6 MPa, nu up to 0.5, G never checked
+        {&m.Txt_E, "100"}, {&m.Txt_E, "99", Out, 0, "Txt_E"}, {&m.Txt_E, "210000"},
+        {&m.Txt_Nu, "0.5"}, {&m.Txt_Nu, "0.51", Out, 0, "Txt_Nu"}, {&m.Txt_Nu, "0.3"},
+        {&m.Txt_G, "nonsense"}});
   // only the magnitude is judged on the beam tab; the levels of the
   // restraints, bounded by a quarter of the signed length, then fail
-  m.Txt_NB = 0;
-  m.Txt_L = "-10";
-  EXPECT_TRUE(IsDataBeamOK(m).ok);
-  Expect_Fault("Restraint out of the beam", 1, "Txt_zend1");
-  m.Txt_L = "10";
-  // the same length typed in mm
-  m.Fact_L = Unit_Factor(UnitFamily::L, 0);
-  m.Txt_L = "990";
-  Expect_Fault("L/N : Value out of limits", 0, "Txt_L");
+  Walk({{&m.Txt_L, "-10", Beyond, 1, "Txt_zend1"}});
+  m.Txt_NB = 3;  // 200 elements: up to 600 m
+  Walk({{&m.Txt_L, "600"}});
 }
 
-TEST_F(Validation, BeamTabOrder) {
-  // an empty length fails as not numeric before anything else
-  m.Txt_L = "";
-  m.Txt_E = "x";
-  Expect_Fault("Not a number", 0, "Txt_L");
-  m.Txt_L = "10";
-  Expect_Fault("Not a number", 0, "Txt_E");
-  // E from 100 MPa (1000 daN/cm2) to 1e6 MPa
-  m.Txt_E = "100";
-  Expect_Pass();
-  m.Txt_E = "99";
-  Expect_Fault("Value out of limits", 0, "Txt_E");
-  m.Txt_E = "210000";
-  m.Txt_Nu = "0.5";
-  Expect_Pass();
-  m.Txt_Nu = "0.51";
-  Expect_Fault("Value out of limits", 0, "Txt_Nu");
-  // G is never checked
-  m.Txt_Nu = "0.3";
-  m.Txt_G = "nonsense";
-  Expect_Pass();
-}
-
-TEST_F(Validation, PropertiesRoute) {
+TEST_F(Validation, SectionRoutes) {
   m.Opt_Catalogue = false;
   m.Opt_Properties = true;
-  Expect_Pass();
-  m.Txt_Iw[3] = "0";  // a section without warping stiffness is allowed
-  Expect_Pass();
-  m.Txt_Iz[3] = "0";
-  Expect_Fault("Value out of limits", 0, "Txt_Iz(3)");
-  // every numeric test comes before the first limit
-  m.Txt_Betaz[3] = "b";
-  Expect_Fault("Not a number", 0, "Txt_Betaz(3)");
-  m.Txt_Betaz[3] = "151";
-  m.Txt_Iz[3] = "1";
-  Expect_Fault("Value out of limits", 0, "Txt_Betaz(3)");
-  m.Txt_Betaz[3] = "-150";
-  Expect_Pass();
-  m.Txt_It[3] = "0.0009";
-  Expect_Fault("Value out of limits", 0, "Txt_It(3)");
-  // the catalogue route checks nothing of the section
+  Walk({{nullptr, ""}, {&m.Txt_Iw[3], "0"},  // a section without warping stiffness is allowed
+        {&m.Txt_Iz[3], "0", Out, 0, "Txt_Iz(3)"},
+        // every numeric test comes before the first limit
+        {&m.Txt_Betaz[3], "b", NaN, 0, "Txt_Betaz(3)"},
+        {&m.Txt_Betaz[3], "151", Out, 0, "Txt_Iz(3)"},
+        {&m.Txt_Iz[3], "1", Out, 0, "Txt_Betaz(3)"}, {&m.Txt_Betaz[3], "-150"},
+        {&m.Txt_It[3], "0.0009", Out, 0, "Txt_It(3)"}});
+  // the dimensions route checks slot 2 only: computed, then confirmed anew
   m.Opt_Properties = false;
-  m.Opt_Catalogue = true;
-  Expect_Pass();
-}
-
-TEST_F(Validation, DimensionsRoute) {
-  m.Opt_Catalogue = false;
   m.Opt_Dimensions = true;
-  m.Txt_Iz[2] = "";
-  Expect_Fault("Section not computed", 0, "Txt_Iz(2)");
-  // once computed, each validation confirms the section again
-  m.Txt_Iz[2] = "1";
-  ValidationResult r = IsDataOK(m);
-  EXPECT_TRUE(r.ok);
+  Walk({{&m.Txt_Iz[2], "", "Section not computed", 0, "Txt_Iz(2)"}, {&m.Txt_Iz[2], "1"}});
   EXPECT_NEAR(Num_Of_Text(m.Txt_Iz[2]), 603.8, 3.0);  // the IPE 300 of the dimensions
-  // a section the closed forms refuse stops the validation
-  m.Txt_h = "5";  // deeper than 4 (tf1 + tf2) is required
-  r = IsDataOK(m);
-  EXPECT_FALSE(r.ok);
-  EXPECT_EQ(r.Error_Text, "Section proportions refused");
-  ASSERT_EQ(r.Shown.size(), 1u);
-  EXPECT_EQ(r.Shown[0], "Section proportions refused");
-  // a dimension out of its limits is shown by the confirmation itself
-  m.Txt_h = "2";
-  r = IsDataOK(m);
-  ASSERT_EQ(r.Shown.size(), 1u);
-  EXPECT_EQ(r.Shown[0], "Value out of limits");
-  EXPECT_EQ(r.field, "Txt_h");
+  m.Txt_h = "5";  // the closed forms want a depth over 4 (tf1 + tf2)
+  EXPECT_EQ(IsDataOK(m).Error_Text, "Section proportions refused");
 }
 
-TEST_F(Validation, RestraintsOrderAndLevels) {
-  m.Txt_zint_c = "a";
-  m.Txt_xfint2 = "";
-  Expect_Fault("Not a number", 1, "Txt_zint_c");
-  m.Txt_zint_c = "0";
-  Expect_Fault("Not a number", 1, "Txt_xfint2");
-  m.Txt_xfint2 = "0.5";
-  // typed springs must be numbers, in the order of the lists
-  m.Lst_vpi_c = RestraintList{-1, "k"};
-  m.Lst_tp2 = RestraintList{-1, "1.5.2"};
-  Expect_Fault("Not a number", 1, "Lst_tp2");
-  m.Lst_tp2 = RestraintList{-1, "12"};
-  Expect_Fault("Not a number", 1, "Lst_vpi_c");
-  m.Lst_vpi_c = RestraintList{0, "Free"};
-  Expect_Pass();
-  // a level up to a quarter of the length: 250 cm on 10 m
-  m.Txt_zint_p2 = "250";
-  Expect_Pass();
-  m.Txt_zint_p2 = "-250.02";  // inside the widening
-  Expect_Pass();
-  m.Txt_zint_p2 = "-250.03";
-  Expect_Fault("Restraint out of the beam", 1, "Txt_zint_p2");
-  // the same in mm
-  m.Lst_Unit_Dim = 0;
-  m.Fact_Dim = Unit_Factor(UnitFamily::Dim, 0);
-  m.Txt_zint_p2 = "2500";
-  Expect_Pass();
-  m.Txt_zint_p2 = "2510";
-  Expect_Fault("Restraint out of the beam", 1, "Txt_zint_p2");
-}
-
-TEST_F(Validation, ContinuousRestraintThatLocksTheBeam) {
-  m.Lst_vi_c = Restraint_Item(1);
-  m.Lst_ti_c = Restraint_Item(1);
-  Expect_Pass();  // switched off
-  m.Chk_Continuous = true;
-  Expect_Fault("Continuous restraint locks the beam", -1, "");
-  m.Lst_vi_c = Restraint_Item(0);
-  m.Lst_vpi_c = Restraint_Item(1);
-  Expect_Fault("Continuous restraint locks the beam", -1, "");
-  m.Lst_ti_c = RestraintList{-1, "100"};
-  Expect_Pass();
-}
-
-TEST_F(Validation, PunctualRestraintPositions) {
-  m.Txt_xfint2 = "1.2";  // the first position is the one selected
-  Expect_Fault("Restraint out of the beam", 1, "Txt_xfint1");
-  m.Txt_xfint2 = "0.5";
-  m.Txt_xfint1 = "-1";
-  Expect_Fault("Restraint out of the beam", 1, "Txt_xfint1");
-  // the bounds 0.05 and 0.95 themselves are valid, with no widening
-  m.Txt_xfint1 = "0.05";
-  m.Txt_xfint2 = "0.95";
-  Expect_Pass();
-  m.Txt_xfint1 = "0.0499";
-  Expect_Fault("Position out of 0.05 .. 0.95", 1, "Txt_xfint1");
-  m.Txt_xfint1 = "0.5";
-  m.Txt_xfint2 = "0.96";
-  Expect_Fault("Position out of 0.05 .. 0.95", 1, "Txt_xfint2");
-  // two restraints at the same place: a fault only when both act
-  m.Txt_xfint2 = "0.5";
-  m.Chk_Punctual1 = true;
-  Expect_Pass();
+TEST_F(Validation, RestraintsTab) {
+  const char* const Pos = "Position out of 0.05 .. 0.95";
   m.Chk_Punctual2 = true;
-  Expect_Fault("Punctual restraints too close", 1, "Txt_xfint2");
-  m.Txt_xfint2 = "0.56";
-  Expect_Pass();
+  Walk({{&m.Txt_xfint2, "", NaN, 1, "Txt_xfint2"}, {&m.Txt_zint_c, "a", NaN, 1, "Txt_zint_c"},
+        {&m.Txt_zint_c, "0", NaN, 1, "Txt_xfint2"}, {&m.Txt_xfint2, "0.5"}});
+  m.Lst_vpi_c.index = m.Lst_tp2.index = -1;  // typed springs: "Free" is no number
+  Walk({{&m.Lst_tp2.text, "1.5.2", NaN, 1, "Lst_tp2"},
+        {&m.Lst_tp2.text, "12", NaN, 1, "Lst_vpi_c"}, {&m.Lst_vpi_c.text, "0"},
+        // a level up to a quarter of the length: 250 cm on 10 m, widened
+        {&m.Txt_zint_p2, "-250.02"}, {&m.Txt_zint_p2, "-250.03", Beyond, 1, "Txt_zint_p2"},
+        // a second position past the beam selects the first one
+        {&m.Txt_zint_p2, "0"}, {&m.Txt_xfint2, "1.2", Beyond, 1, "Txt_xfint1"},
+        // the bounds 0.05 and 0.95 themselves are valid, with no widening
+        {&m.Txt_xfint2, "0.95"}, {&m.Txt_xfint1, "0.05"},
+        {&m.Txt_xfint1, "0.0499", Pos, 1, "Txt_xfint1"}, {&m.Txt_xfint1, "0.5"},
+        {&m.Txt_xfint2, "0.96", Pos, 1, "Txt_xfint2"},
+        {&m.Txt_xfint2, "0.5"}});  // one restraint alone may stand anywhere
+  m.Chk_Punctual1 = true;  // both acting: 0.05 apart at least
+  Walk({{&m.Txt_xfint2, "0.545", "Punctual restraints too close", 1, "Txt_xfint2"},
+        {&m.Txt_xfint2, "0.555"}});
 }
 
-TEST_F(Validation, Loads) {
-  m.Txt_xfC = "7";  // the position of the point moment has no range
-  Expect_Pass();
-  m.Txt_xf1 = "1.5";  // the point loads' positions have one
-  Expect_Fault("Value out of limits", 2, "Txt_xf1");
-  m.Txt_xf1 = "0.5";
-  m.Txt_xq22 = "1.0001";
-  Expect_Pass();
-  m.Txt_xq22 = "1.01";
-  Expect_Fault("Value out of limits", 2, "Txt_xq22");
-  m.Txt_xq22 = "1";
-  // load levels: a quarter of the length, the load message
-  m.Txt_zF3 = "-251";
-  Expect_Fault("Value out of limits", 2, "Txt_zF3");
-  m.Txt_zq2 = "300";
-  Expect_Fault("Value out of limits", 2, "Txt_zq2");
-  // numbers first, in the order of the list, switched-off loads too
-  m.Txt_xfC = "";
-  m.Txt_q22 = "?";
-  Expect_Fault("Not a number", 2, "Txt_q22");
-  m.Txt_q22 = "-10";
-  Expect_Fault("Not a number", 2, "Txt_xfC");
-  // the beam tab comes first
-  m.Txt_Nu = "0.7";
-  Expect_Fault("Value out of limits", 0, "Txt_Nu");
+TEST_F(Validation, ContinuousRestraintThatLocksTheBeamSelectsNoField) {
+  m.Lst_vpi_c = m.Lst_ti_c = Restraint_Item(1);  // v' and twist fixed all along
+  Walk({{nullptr, ""}});  // switched off
+  m.Chk_Continuous = true;
+  Walk({{nullptr, "", "Continuous restraint locks the beam"}});
+  m.Lst_ti_c = RestraintList{-1, "100"};  // a spring lets it go
+  Walk({{nullptr, ""}});
+}
+
+TEST_F(Validation, LoadsTab) {
+  Walk({{&m.Txt_xfC, "7"},  // the position of the point moment has no range
+        {&m.Txt_xf1, "1.5", Out, 2, "Txt_xf1"}, {&m.Txt_xf1, "0.5"},
+        {&m.Txt_xq22, "1.0001"}, {&m.Txt_xq22, "1.01", Out, 2, "Txt_xq22"}, {&m.Txt_xq22, "1"},
+        // load levels: a quarter of the length, with the load message
+        {&m.Txt_zF3, "-251", Out, 2, "Txt_zF3"}, {&m.Txt_zq2, "300", Out, 2, "Txt_zq2"},
+        // numbers first, in the order of the list, switched-off loads too
+        {&m.Txt_q22, "?", NaN, 2, "Txt_q22"}, {&m.Txt_xfC, "", NaN, 2, "Txt_q22"},
+        {&m.Txt_q22, "-10", NaN, 2, "Txt_xfC"},
+        {&m.Txt_Nu, "0.7", Out, 0, "Txt_Nu"}});  // the beam tab comes first
 }
 
 }  // namespace
