@@ -182,10 +182,12 @@ bool Write_SectionDB(const std::string& csvPath, const std::string& dbPath) {
   return Write_File_Atomic(dbPath, out.str());
 }
 
-bool Load_SectionsSeries(const std::string& dbPath, std::vector<std::string>& series) {
-  series.clear();
-  std::vector<std::string> lines;
-  if (!Read_Lines(dbPath, lines)) return false;
+namespace {
+// Walks the series blocks of the catalogue: a "1" line, "name,count", then
+// count section lines. `visit(name, first line, count)` returns false to
+// stop. False when a block is cut short or its header is damaged.
+template <class Visit>
+bool Walk_Series(const std::vector<std::string>& lines, Visit visit) {
   size_t i = 0;
   while (i < lines.size()) {
     if (!Opens_Series(lines[i])) {
@@ -195,14 +197,26 @@ bool Load_SectionsSeries(const std::string& dbPath, std::vector<std::string>& se
     std::string name;
     int n = 0;
     if (i + 1 >= lines.size() || !Series_Header(lines[i + 1], name, n) ||
-        i + 2 + (size_t)n > lines.size()) {
-      series.clear();
+        i + 2 + (size_t)n > lines.size())
       return false;
-    }
-    series.push_back(name);
-    i += 2 + (size_t)n;  // the section lines themselves are not read here
+    if (!visit(name, i + 2, n)) return true;
+    i += 2 + (size_t)n;
   }
   return true;
+}
+}  // namespace
+
+bool Load_SectionsSeries(const std::string& dbPath, std::vector<std::string>& series) {
+  series.clear();
+  std::vector<std::string> lines;
+  if (!Read_Lines(dbPath, lines)) return false;
+  // the section lines themselves are not read here
+  const bool ok = Walk_Series(lines, [&](const std::string& name, size_t, int) {
+    series.push_back(name);
+    return true;
+  });
+  if (!ok) series.clear();
+  return ok;
 }
 
 double Section_Area(const SectionRecord& s) {
@@ -226,34 +240,25 @@ bool Load_SerieNumbers(const std::string& dbPath, const std::string& series,
   sections.clear();
   std::vector<std::string> lines;
   if (!Read_Lines(dbPath, lines)) return false;
-  size_t i = 0;
-  while (i < lines.size()) {
-    if (!Opens_Series(lines[i])) {
-      ++i;
-      continue;
-    }
-    std::string name;
-    int n = 0;
-    if (i + 1 >= lines.size() || !Series_Header(lines[i + 1], name, n) ||
-        i + 2 + (size_t)n > lines.size())
-      return false;
-    if (name != series) {
-      i += 2 + (size_t)n;
-      continue;
-    }
+  bool ok = true;
+  // a series the file doesn't hold gives an empty list
+  const bool walked = Walk_Series(lines, [&](const std::string& name, size_t first, int n) {
+    if (name != series) return true;
     std::vector<SectionRecord> read(n);
-    for (int k = 0; k < n; ++k) {
-      if (!Section_Line(lines[i + 2 + k], name, read[k])) return false;
-    }
+    for (int k = 0; k < n; ++k)
+      if (!Section_Line(lines[first + k], name, read[k])) {
+        ok = false;
+        return false;
+      }
     std::vector<double> keys(n);
     for (int k = 0; k < n; ++k) keys[k] = Section_Area(read[k]);
     std::vector<int> index;
     Sort_ArrayIndex(n, keys, index);
     sections.reserve(n);
     for (int k = 0; k < n; ++k) sections.push_back(read[index[k]]);
-    return true;
-  }
-  return true;  // no such series: an empty list
+    return false;
+  });
+  return walked && ok;
 }
 
 int Select_Item(const std::vector<std::string>& items, const std::string& wanted) {

@@ -70,7 +70,7 @@ TEST_F(DataEntry, MomentsAndPsiStayCoupled) {
 }
 
 TEST_F(DataEntry, ResultsDoNotSurviveAChangeOfTheirData) {
-  // a switched-off restraint is not part of the solved problem, nor a
+  // a switched-off restraint does not enter the solved problem, nor a
   // dimension before the section is confirmed, nor what the curves show
   const struct { const char* field; bool results, forces; } cases[] = {
       {"Txt_L", true, true},          {"Txt_q22", true, true},        {"Opt_EL", true, true},
