@@ -34,6 +34,7 @@ struct Skyline {
   std::vector<double> A;     // A[0] is always 0
   std::vector<long> MAXA;    // 1..NDL+1
   std::vector<int> First;    // work of Evaluate_Skyline: first stored row of each column
+  std::vector<double> Pivot; // and the pivots found so far, side by side
 };
 
 void Build_Skyline(const SymMatrix& K, const SymMatrix& KG, int NDL, double mu, Skyline& S);
