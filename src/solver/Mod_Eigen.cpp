@@ -238,15 +238,17 @@ inline double Factor_Column(double* A, const long* MAXA, int j) {
   }
   if (kh >= 0) {
     // divide by the pivots and reduce the diagonal
+    // the reduction of the diagonal is summed in two halves (rows at odd
+    // and at even distance), which shortens the chain of additions
     long k = j;
-    double b = 0;
+    double b[2] = {0, 0};
     for (long kk = kl; kk <= ku; ++kk) {
       --k;
       const double c = A[kk] / A[MAXA[k]];
-      b += c * A[kk];
+      b[(kk - kl) & 1] += c * A[kk];
       A[kk] = c;
     }
-    A[kn] -= b;
+    A[kn] -= b[0] + b[1];
   }
   return A[kn];
 }
@@ -374,7 +376,7 @@ void Evaluate_Skyline(const SymMatrix& K, const SymMatrix& KG, int NDL, double m
       cj[j - r] = t;
     }
     // the divisions are independent of each other: two at a time, each
-    // still an exact IEEE division; then the diagonal in the usual order
+    // still an exact IEEE division; then the diagonal in two halves as above
     const int n = j - fj;
     double c[16];
     int o = 1;
@@ -386,12 +388,18 @@ void Evaluate_Skyline(const SymMatrix& K, const SymMatrix& KG, int NDL, double m
     }
 #endif
     for (; o <= n; ++o) c[o] = cj[o] / pivot[j - o];
-    double b = 0;
-    for (o = 1; o <= n; ++o) {
-      b += c[o] * cj[o];
+    double b0 = 0, b1 = 0;
+    for (o = 1; o + 1 <= n; o += 2) {
+      b0 += c[o] * cj[o];
+      b1 += c[o + 1] * cj[o + 1];
+      cj[o] = c[o];
+      cj[o + 1] = c[o + 1];
+    }
+    if (o <= n) {
+      b0 += c[o] * cj[o];
       cj[o] = c[o];
     }
-    cj[0] -= b;
+    cj[0] -= b0 + b1;
     pivot[j] = cj[0];
     if (!det.Take(cj[0])) {
       mantissa = det.mantissa;
