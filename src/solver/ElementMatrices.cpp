@@ -175,6 +175,9 @@ void Build_Kg(double L, double Betaz, double z0, double M1, double M2, double& V
   for (int k = 1; k <= ld.NQ; ++k) {
     const double q1 = ld.q1[k], q2 = ld.q2[k], x1 = ld.x1[k], x2 = ld.x2[k], zq = ld.zq[k];
     if (!((q1 != 0 || q2 != 0) && x2 - x1 > 0)) continue;
+    // every term below is proportional to the height: a load at the shear
+    // centre adds nothing
+    if (zq == 0) continue;
     const double a = (q1 * x2 - q2 * x1) / (x2 - x1), b = (q2 - q1) / (x2 - x1);
     auto I = [&](int p, double c0, double c1, double c2, double c3, double c4, double c5,
                  double c6) { return (double)Primitive(x1, x2, p, c0, c1, c2, c3, c4, c5, c6); };
