@@ -92,30 +92,17 @@ class Problem_Reader {
     size_t i = p;
     bool neg = false;
     if (i < n && (s[i] == '+' || s[i] == '-')) neg = s[i++] == '-';
+    // all digits into one integer (at most 19 of them fit), the point's place
+    // kept as a power of ten
     unsigned long long mant = 0;
-    int digits = 0, scale = 0, nd = 0;
-    bool dot = false;
-    for (; i < n; ++i) {
-      const char c = s[i];
-      if (c >= '0' && c <= '9') {
-        ++nd;
-        if (mant == 0 && c == '0') {
-          if (dot) --scale;
-          continue;
-        }
-        if (digits < 18) {
-          mant = mant * 10 + (unsigned)(c - '0');
-          ++digits;
-          if (dot) --scale;
-        } else {
-          digits = 99;  // too many digits: slow path
-          if (!dot) ++scale;
-        }
-      } else if (c == '.' && !dot) {
-        dot = true;
-      } else {
-        break;
-      }
+    int nd = 0, scale = 0;
+    while (i < n && (unsigned)(s[i] - '0') < 10) mant = mant * 10 + (unsigned)(s[i++] - '0'), ++nd;
+    if (i < n && s[i] == '.') {
+      ++i;
+      const size_t f = i;
+      while (i < n && (unsigned)(s[i] - '0') < 10) mant = mant * 10 + (unsigned)(s[i++] - '0');
+      scale = -(int)(i - f);
+      nd += (int)(i - f);
     }
     if (nd == 0) throw Read_Error{};
     int ex = 0;
@@ -124,14 +111,14 @@ class Problem_Reader {
       bool eneg = false;
       if (i < n && (s[i] == '+' || s[i] == '-')) eneg = s[i++] == '-';
       int ed = 0;
-      for (; i < n && s[i] >= '0' && s[i] <= '9'; ++i, ++ed)
+      for (; i < n && (unsigned)(s[i] - '0') < 10; ++i, ++ed)
         if (ex < 100000) ex = ex * 10 + (s[i] - '0');
       if (ed == 0) throw Read_Error{};
       if (eneg) ex = -ex;
     }
     p = i;
     const int e10 = scale + ex;
-    if (digits <= 15 && e10 >= -22 && e10 <= 22) {
+    if (nd <= 19 && mant <= (1ull << 53) && e10 >= -22 && e10 <= 22) {
       double v = (double)mant;
       v = e10 >= 0 ? v * pow10[e10] : v / pow10[-e10];
       return neg ? -v : v;
