@@ -9,6 +9,7 @@
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
 #include "solver/Faults.h"
+#include "solver/SkylineLanes.h"
 
 namespace zarvek {
 
@@ -237,18 +238,16 @@ inline double Factor_Column(double* A, const long* MAXA, int j) {
     }
   }
   if (kh >= 0) {
-    // divide by the pivots and reduce the diagonal
-    // the reduction of the diagonal is summed in two halves (rows at odd
-    // and at even distance), which shortens the chain of additions
-    long k = j;
-    double b[2] = {0, 0};
-    for (long kk = kl; kk <= ku; ++kk) {
-      --k;
+    // divide by the pivots and reduce the diagonal, from the top of the
+    // column down: the entry next to the diagonal waits for the pivot just
+    // found, so it comes in last and the rest of the sum is ready before it
+    double b = 0;
+    for (long kk = ku, k = j - (ku - kl + 1); kk >= kl; --kk, ++k) {
       const double c = A[kk] / A[MAXA[k]];
-      b[(kk - kl) & 1] += c * A[kk];
+      b += c * A[kk];
       A[kk] = c;
     }
-    A[kn] -= b[0] + b[1];
+    A[kn] -= b;
   }
   return A[kn];
 }
@@ -376,7 +375,8 @@ void Evaluate_Skyline(const SymMatrix& K, const SymMatrix& KG, int NDL, double m
       cj[j - r] = t;
     }
     // the divisions are independent of each other: two at a time, each
-    // still an exact IEEE division; then the diagonal in two halves as above
+    // still an exact IEEE division; then the diagonal from the top down as
+    // above
     const int n = j - fj;
     double c[16];
     int o = 1;
@@ -388,18 +388,12 @@ void Evaluate_Skyline(const SymMatrix& K, const SymMatrix& KG, int NDL, double m
     }
 #endif
     for (; o <= n; ++o) c[o] = cj[o] / pivot[j - o];
-    double b0 = 0, b1 = 0;
-    for (o = 1; o + 1 <= n; o += 2) {
-      b0 += c[o] * cj[o];
-      b1 += c[o + 1] * cj[o + 1];
-      cj[o] = c[o];
-      cj[o + 1] = c[o + 1];
-    }
-    if (o <= n) {
-      b0 += c[o] * cj[o];
+    double b = 0;
+    for (o = n; o >= 1; --o) {
+      b += c[o] * cj[o];
       cj[o] = c[o];
     }
-    cj[0] -= b0 + b1;
+    cj[0] -= b;
     pivot[j] = cj[0];
     if (!det.Take(cj[0])) {
       mantissa = det.mantissa;
@@ -481,26 +475,103 @@ void Build_Mode(int NDL, Skyline& S, std::vector<double>& Phi) {
 
 // ---------------------------------------------------------------- Dichotomie
 
+void Lane_Determinant(const Lane_Outcome& o, double& mantissa, int& exponent) {
+  // what the one-by-one sweep concludes, with its checks
+  if (o.positive) {
+    Determinant det{false};
+    det.m2 = o.m2;
+    det.e2 = o.e2;
+    det.Finish();
+    mantissa = det.mantissa;
+    exponent = det.exponent;
+  } else {
+    Check_FP();
+    mantissa = -1;
+    exponent = 0;
+  }
+}
+
+namespace {
+
+// Where the bisection stands, to foresee the factors it may ask for next:
+// phase 0 asks for 0, phase 1 for `high` (the bracket growing tenfold),
+// phase 2 for the middle of [low, high]. The values are formed exactly as
+// Dichotomie forms them, so that a foreseen factor is the same double.
+struct Bisection_State {
+  int phase;
+  double low, high;
+  double Request() const { return phase == 0 ? 0.0 : phase == 1 ? high : (high + low) / 2; }
+};
+
+// The factors the bisection may ask for from `s` on, nearest first, up to
+// `lanes` of them, leaving out those already known.
+int Foresee(const Bisection_State& s, int lanes, const std::vector<Lane_Outcome>& known,
+            double* mu) {
+  Bisection_State queue[64];
+  int head = 0, tail = 0, count = 0;
+  queue[tail++] = s;
+  while (head < tail && count < lanes) {
+    const Bisection_State q = queue[head++];
+    const double m = q.Request();
+    bool seen = false;
+    for (const Lane_Outcome& o : known) seen |= o.mu == m;
+    for (int i = 0; i < count; ++i) seen |= mu[i] == m;
+    if (!seen) mu[count++] = m;
+    if (tail + 2 > 64) continue;
+    switch (q.phase) {
+      case 0:  // stable: the bracket starts at 1
+        queue[tail++] = {1, 0.0, 1.0};
+        break;
+      case 1:
+        if (!(q.high > 999)) queue[tail++] = {1, q.low, 10 * q.high};
+        queue[tail++] = {2, q.low, q.high};
+        break;
+      default:
+        queue[tail++] = {2, m, q.high};
+        queue[tail++] = {2, q.low, m};
+    }
+  }
+  return count;
+}
+
+}  // namespace
+
 void Dichotomie(const SymMatrix& K, const SymMatrix& KG, int NDL, Skyline& S, double Tol,
                 int NbIter, double& mu, std::vector<double>& Phi, MethodState& st) {
   const bool literal = st.ctl && st.ctl->Reference;
   int counter = -1;
   double mantissa = 0;
   int exponent = 0;
-  auto Evaluate = [&](double m) {
+  double low = 0, high = 1;
+  // factors already settled by a sweep of several lanes
+  std::vector<Lane_Outcome> known;
+  const int lanes = Lane_Count();
+  auto Evaluate = [&](double m, int phase) {
     ++counter;
     st.Progress(counter, m);
     if (literal) {
       // as written: the whole skyline, then its factorisation
       Build_Skyline(K, KG, NDL, m, S);
       Factor_Skyline(S, NDL, mantissa, exponent, true);
-    } else {
-      Evaluate_Skyline(K, KG, NDL, m, S, mantissa, exponent);
+      return;
     }
+    auto hit = std::find_if(known.begin(), known.end(), [m](const Lane_Outcome& o) { return o.mu == m; });
+    if (hit == known.end()) {
+      double next[4];
+      const int n = Foresee({phase, low, high}, lanes, known, next);
+      Lane_Outcome out[4];
+      if (n < 2 || !Evaluate_Lanes(K, KG, NDL, next, n, out)) {
+        Evaluate_Skyline(K, KG, NDL, m, S, mantissa, exponent);
+        return;
+      }
+      known.insert(known.end(), out, out + n);
+      hit = known.end() - n;  // the first lane holds m
+    }
+    Lane_Determinant(*hit, mantissa, exponent);
   };
   // 1. the unloaded structure must be stable
   mu = 0;
-  Evaluate(mu);
+  Evaluate(mu, 0);
   if (exponent == 0) {
     st.Error_Text = Msg(82);
     st.Solve_Status = 2;
@@ -509,9 +580,10 @@ void Dichotomie(const SymMatrix& K, const SymMatrix& KG, int NDL, Skyline& S, do
   }
   // 2.-3. a bracket: 1, 10, 100, 1000
   counter = 0;
-  double low = 0, high = 1;
+  low = 0;
+  high = 1;
   mu = high;
-  Evaluate(mu);
+  Evaluate(mu, 1);
   while (exponent > 0) {
     if (high > 999) {
       st.Error_Text = Msg(42);
@@ -521,7 +593,7 @@ void Dichotomie(const SymMatrix& K, const SymMatrix& KG, int NDL, Skyline& S, do
     }
     high = 10 * high;
     mu = high;
-    Evaluate(mu);
+    Evaluate(mu, 1);
   }
   // 4. bisection on the positive definiteness of K + mu KG
   for (;;) {
@@ -530,7 +602,7 @@ void Dichotomie(const SymMatrix& K, const SymMatrix& KG, int NDL, Skyline& S, do
       break;
     }
     mu = (high + low) / 2;
-    Evaluate(mu);
+    Evaluate(mu, 2);
     if (exponent > 0) low = mu;
     else high = mu;
     if (counter == NbIter) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "solver/Mod_StabMat.h"
+#include "solver/SkylineLanes.h"
 #include "solver/SymMatrix.h"
 
 namespace zarvek {
@@ -48,10 +49,16 @@ void Factor_Skyline(Skyline& S, int NDL, double& mantissa, int& exponent, bool l
 // The determinant is carried in binary form.
 void Evaluate_Skyline(const SymMatrix& K, const SymMatrix& KG, int NDL, double mu, Skyline& S,
                       double& mantissa, int& exponent);
+// The determinant of a lane of Evaluate_Lanes, as Evaluate_Skyline gives it.
+void Lane_Determinant(const Lane_Outcome& o, double& mantissa, int& exponent);
 void Solve_Skyline(const Skyline& S, int NDL, std::vector<double>& b);
 long Skyline_Position(int i, int j, const std::vector<long>& MAXA);
 void Build_Mode(int NDL, Skyline& S, std::vector<double>& Phi);
 
+// Bisection on the positive definiteness of K + mu KG. Where the processor
+// allows, the factors it will ask for next are factorised together with the
+// one it asks for (Evaluate_Lanes); the decisions are those of one factor
+// at a time.
 void Dichotomie(const SymMatrix& K, const SymMatrix& KG, int NDL, Skyline& S, double Tol,
                 int NbIter, double& mu, std::vector<double>& Phi, MethodState& st);
 
