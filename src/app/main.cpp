@@ -93,6 +93,7 @@ int Run_Interactive(StartupState& s, bool headless) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  Keep_Freed_Memory();
   // The command line as the user gave it, before the toolkit takes its options.
   const std::string commandLine = Command_Line_Text(argc, argv);
   const std::string startDir = Current_Directory();

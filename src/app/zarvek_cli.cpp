@@ -439,6 +439,7 @@ int Command_Section(const std::string& fullName) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  Keep_Freed_Memory();
   std::vector<std::string> args(argv + 1, argv + argc);
   if (args.empty()) {
     std::fputs(Usage_Text, stderr);

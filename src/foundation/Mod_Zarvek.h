@@ -71,6 +71,14 @@ bool Has_Extension(std::string_view name, std::string_view ext);
 // (the old file is then untouched).
 bool Write_File_Atomic(const std::string& path, const std::string& content);
 
+// A solve allocates its matrices afresh and frees them at the end. By
+// default the allocator hands the freed top of the heap back to the system
+// and faults it in again, page by page, at the next solve; on a virtual
+// machine each round trip costs more than the solve of a short beam. The
+// programs call this once at start-up so that freed memory is kept for the
+// next solve instead.
+void Keep_Freed_Memory();
+
 // Version text "major.minor.revision".
 const char* Version_Text();
 // The program's name, title of every message box.
