@@ -35,34 +35,33 @@ template <int H>
                                              const double* k, const double* g, std::size_t d,
                                              __m256d mu) {
   auto slot = [ring](int col) { return ring + (col & (Slots - 1)) * Slots * 4; };
-  double* cj = slot(j);
+  // the column is worked in registers and stored once, reduced
+  __m256d v[H + 1];
 #pragma GCC unroll 16
   for (int up = 0; up <= H; ++up)
-    _mm256_store_pd(cj + 4 * up, _mm256_add_pd(_mm256_set1_pd(k[d - up]),
-                                               _mm256_mul_pd(mu, _mm256_set1_pd(g[d - up]))));
+    v[up] = _mm256_add_pd(_mm256_set1_pd(k[d - up]), _mm256_mul_pd(mu, _mm256_set1_pd(g[d - up])));
   // each row from the top (o = j - row), reduced by the rows above it, the
   // row just reduced coming in last
 #pragma GCC unroll 16
   for (int o = H - 1; o >= 1; --o) {
     const double* cr = slot(j - o);
-    __m256d t = _mm256_load_pd(cj + 4 * o);
+    __m256d t = v[o];
 #pragma GCC unroll 16
-    for (int q = H; q > o; --q)
-      t = _mm256_sub_pd(t, _mm256_mul_pd(_mm256_load_pd(cr + 4 * (q - o)), _mm256_load_pd(cj + 4 * q)));
-    _mm256_store_pd(cj + 4 * o, t);
+    for (int q = H; q > o; --q) t = _mm256_sub_pd(t, _mm256_mul_pd(_mm256_load_pd(cr + 4 * (q - o)), v[q]));
+    v[o] = t;
   }
   // divided by the pivots, and the diagonal reduced from the top down
   __m256d c[H + 1];
 #pragma GCC unroll 16
   for (int o = 1; o <= H; ++o)
-    c[o] = _mm256_div_pd(_mm256_load_pd(cj + 4 * o), _mm256_load_pd(pivot + 4 * ((j - o) & (Slots - 1))));
+    c[o] = _mm256_div_pd(v[o], _mm256_load_pd(pivot + 4 * ((j - o) & (Slots - 1))));
   __m256d b = _mm256_setzero_pd();
 #pragma GCC unroll 16
-  for (int o = H; o >= 1; --o) {
-    b = _mm256_add_pd(b, _mm256_mul_pd(c[o], _mm256_load_pd(cj + 4 * o)));
-    _mm256_store_pd(cj + 4 * o, c[o]);
-  }
-  const __m256d p = _mm256_sub_pd(_mm256_load_pd(cj), b);
+  for (int o = H; o >= 1; --o) b = _mm256_add_pd(b, _mm256_mul_pd(c[o], v[o]));
+  double* cj = slot(j);
+#pragma GCC unroll 16
+  for (int o = 1; o <= H; ++o) _mm256_store_pd(cj + 4 * o, c[o]);
+  const __m256d p = _mm256_sub_pd(v[0], b);
   _mm256_store_pd(cj, p);
   return p;
 }
