@@ -545,7 +545,7 @@ void Dichotomie(const SymMatrix& K, const SymMatrix& KG, int NDL, Skyline& S, do
   double low = 0, high = 1;
   // factors already settled by a sweep of several lanes
   std::vector<Lane_Outcome> known;
-  const int lanes = Lane_Count();
+  const int lanes = st.ctl && st.ctl->One_Factor_Per_Sweep ? 1 : Lane_Count();
   auto Evaluate = [&](double m, int phase) {
     ++counter;
     st.Progress(counter, m);

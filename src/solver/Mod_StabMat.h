@@ -63,6 +63,9 @@ struct SolveControl {
   // Plain full packed matrices and full scans (the textbook loops): used to
   // check that the profile-skipping routines change nothing.
   bool Reference = false;
+  // The dichotomy factorises one trial factor per sweep, as on a processor
+  // without 256-bit vectors (the same results, more slowly).
+  bool One_Factor_Per_Sweep = false;
 };
 
 // Method numbers.
