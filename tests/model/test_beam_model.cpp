@@ -11,38 +11,6 @@ using namespace zarvek_test;
 
 namespace {
 
-TEST(BeamModelDefaults, ForkSupportedIpe300Of10mUnderUniformMoment) {
-  BeamModel m = Default_Model();
-  // the catalogue route on an IPE 300 of 10 m in 100 elements
-  EXPECT_TRUE(m.Opt_Catalogue && !m.Opt_Dimensions && !m.Opt_Properties);
-  EXPECT_EQ(m.Lbl_SelectedProfile, "IPE 300");
-  EXPECT_DOUBLE_EQ(L_Of(m), 1000.0);  // cm
-  EXPECT_EQ(NB_Of(m), 100);
-  EXPECT_DOUBLE_EQ(Iz_Of(m), 603.78);
-  EXPECT_DOUBLE_EQ(It_Of(m), 19.868);
-  EXPECT_DOUBLE_EQ(Iw_Of(m), 126332.0);
-  // steel: 210000 MPa = 2.1e6 daN/cm2, G = E / (2 (1 + 0.3))
-  EXPECT_DOUBLE_EQ(E_Of(m), 2.1e6);
-  EXPECT_NEAR(G_Of(m), E_Of(m) / 2.6, 5);
-  // fork supports: v and twist fixed, lateral rotation and warping free,
-  // nothing between them
-  for (const RestraintList* l : {&m.Lst_v1, &m.Lst_t1, &m.Lst_v2, &m.Lst_t2})
-    EXPECT_EQ(GetSpring(*l, 1.0), 1e30);
-  for (const RestraintList* l : {&m.Lst_vp1, &m.Lst_tp1, &m.Lst_vp2, &m.Lst_tp2, &m.Lst_vi_p1,
-                                 &m.Lst_ti_p1, &m.Lst_vi_c, &m.Lst_ti_c, &m.Lst_vpi_c})
-    EXPECT_EQ(GetSpring(*l, 1.0), 0.0);
-  EXPECT_FALSE(m.Chk_Punctual1 || m.Chk_Punctual2 || m.Chk_Continuous);
-  // end moments -100 and 100 kN.m on a pinned beam: uniform moment, in daN.cm
-  EXPECT_TRUE(m.Chk_M && Support_Case(m) == 1);
-  EXPECT_DOUBLE_EQ(Value_Of(m.Txt_M1, m.Fact_M), -1e6);
-  EXPECT_DOUBLE_EQ(Value_Of(m.Txt_M2, m.Fact_M), 1e6);
-  EXPECT_FALSE(m.Chk_F1 || m.Chk_F2 || m.Chk_F3 || m.Chk_CC || m.Chk_q1 || m.Chk_q2);
-  // solver controls: dichotomy, tolerance 1e-4, 70 iterations
-  EXPECT_TRUE(Method_Of(m) == 2 && Tolerance_Of(m) == 1e-4 && NbIter_Of(m) == 70);
-  // the warping-restraint factor is set by hand, not taken from its list
-  EXPECT_EQ(m.Fact_tp, 0.0001f);
-}
-
 TEST(TraiterUnits, RoundTripThroughEveryUnitKeepsInternalValues) {
   BeamModel m = Default_Model();
   Set_Factors(m);

@@ -84,18 +84,6 @@ TEST_F(Lanes, EachLaneDecidesAsTheOneByOneSweep) {
   EXPECT_FALSE(std::fetestexcept(FE_DIVBYZERO | FE_OVERFLOW | FE_INVALID));
 }
 
-TEST_F(Lanes, FewerFactorsThanLanesAndFlagsKeptAsFound) {
-  const Chain c(10);
-  const double mus[2] = {0.5, 50.0};
-  Lane_Outcome out[4];
-  std::feraiseexcept(FE_OVERFLOW);  // left from earlier work: must survive
-  ASSERT_TRUE(Evaluate_Lanes(c.K, c.KG, c.n, mus, 2, out));
-  EXPECT_TRUE(out[0].positive);
-  EXPECT_FALSE(out[1].positive);
-  EXPECT_TRUE(std::fetestexcept(FE_OVERFLOW));
-  EXPECT_FALSE(std::fetestexcept(FE_DIVBYZERO | FE_INVALID));
-}
-
 TEST_F(Lanes, ALaneThatWouldFaultIsLeftToTheOneByOneSweep) {
   Chain c(10);
   // entries whose products overflow in the factorisation
