@@ -157,11 +157,13 @@ Data_Grid::Data_Grid(Grid_Kind kind, QWidget* parent) : QTableWidget(parent), ki
     heads << QString::fromUtf8(Grid_Head(kind, c)) + "\n" + QString::fromUtf8(Grid_Unit(kind, c));
   setHorizontalHeaderLabels(heads);
   horizontalHeader()->setDefaultAlignment(Qt::AlignCenter);
-  horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+  // the columns share the width of the grid: no sideways scrolling
+  horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
   horizontalHeader()->setHighlightSections(false);
   verticalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+  verticalHeader()->setMinimumWidth(fontMetrics().horizontalAdvance(QString::fromUtf8("N°000")) + 8);
   const int w = fontMetrics().horizontalAdvance("-0000000.00") + 12;
   horizontalHeader()->setDefaultSectionSize(w);
   horizontalHeader()->setMinimumSectionSize(w / 2);
@@ -433,6 +435,11 @@ Frm_DirectData::Frm_DirectData(const std::string& file_External, const std::stri
   // the mesh is that of the file, or the one asked for by New
   Txt_NB->setReadOnly(true);
   Txt_NB->setFocusPolicy(Qt::NoFocus);
+  {
+    QPalette p = Txt_NB->palette();
+    p.setColor(QPalette::Base, palette().color(QPalette::Window));
+    Txt_NB->setPalette(p);
+  }
   connect(Txt_NF, &QLineEdit::textEdited, this, [this] { NF_Changed = true; });
   connect(Txt_NQ, &QLineEdit::textEdited, this, [this] { NQ_Changed = true; });
   auto* gl = new QVBoxLayout(general);
@@ -528,7 +535,8 @@ Frm_DirectData::Frm_DirectData(const std::string& file_External, const std::stri
   }
   NF_Changed = NQ_Changed = false;
   Set_Title();
-  resize(760, 520);
+  setMinimumSize(720, 420);
+  resize(900, 560);
   Centre_OnScreen();
 }
 
