@@ -325,6 +325,7 @@ bool Data_Grid::eventFilter(QObject* object, QEvent* event) {
         auto* m = static_cast<QMouseEvent*>(event);
         if (m->button() == Qt::RightButton) return true;  // the block stays selected for the menu
         dragging_ = true;
+        if (Show_Selection) Show_Selection(true, Q(Selection_Caption(*this)));
         break;
       }
       case QEvent::MouseButtonRelease: {

@@ -3,13 +3,18 @@
 // saved from the grids.
 #include <QApplication>
 #include <QClipboard>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QtTest>
 #include <cmath>
+#include <fstream>
+#include <sstream>
 
 #include "analysis/DirectSolve.h"
+#include "analysis/Proceed.h"
 #include "directdata/qt/Frm_DirectData.h"
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
@@ -18,6 +23,13 @@
 using namespace zarvek;
 
 namespace {
+
+std::string Slurp(const std::string& path) {
+  std::ifstream f(path, std::ios::binary);
+  std::stringstream ss;
+  ss << f.rdbuf();
+  return ss.str();
+}
 
 // Keys go where the window's focus is, as the user's would.
 void Type(QWidget& form, const QString& text) {
@@ -225,6 +237,34 @@ class Test_Frm_DirectData : public QObject {
     QCOMPARE(g->Row() * 10 + g->Col(), 101);
   }
 
+  // While a block is dragged its size shows; the right button opens the Edit
+  // menu on the block, which stays selected.
+  void dragAndRightButton() {
+    auto f = Open(Msg(40));
+    QVERIFY(f);
+    Data_Grid* g = f->Grd_Elements;
+    Show_Tab(*f, 1, g);
+    QWidget* vp = g->viewport();
+    const QPoint a = g->visualItemRect(g->item(0, 0)).center();
+    const QPoint b = g->visualItemRect(g->item(2, 1)).center();
+    QTest::mousePress(vp, Qt::LeftButton, Qt::NoModifier, a);
+    QVERIFY(f->Lbl_SelectedMatrix->isVisible());
+    QMouseEvent move(QEvent::MouseMove, b, vp->mapToGlobal(b), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(vp, &move);
+    QTRY_COMPARE(f->Lbl_SelectedMatrix->text(), QString("3x2"));
+    QTest::mouseRelease(vp, Qt::LeftButton, Qt::NoModifier, b);
+    QVERIFY(!f->Lbl_SelectedMatrix->isVisible());
+
+    QTest::mousePress(vp, Qt::RightButton, Qt::NoModifier, a);
+    QTest::mouseRelease(vp, Qt::RightButton, Qt::NoModifier, a);
+    QTRY_VERIFY(f->Menu_Edit->isVisible());
+    QCOMPARE(Selection_Caption(*g), std::string("3x2"));
+    QVERIFY(f->Menu_Edit_Copy->isEnabled());
+    f->Menu_Edit->hide();
+    f->Menu_Edit_Copy->trigger();
+    QCOMPARE(QGuiApplication::clipboard()->text().count('\n'), 3);
+  }
+
   // NF up to N + 1 and NQ up to 10; a change of NF rebuilds the grid of point
   // loads when its tab is shown and leaves the distributed loads alone.
   void countsAndTheirGrids() {
@@ -320,8 +360,9 @@ class Test_Frm_DirectData : public QObject {
   }
 
   // The grids saved to a problem file and solved as the main window solves
-  // the file of the file-data mode give the batch route's mucr; both agree
-  // with the closed form of a fork-supported span under uniform moment.
+  // the file of the file-data mode (Proceed in external mode, which reads
+  // the file as it stands) give the batch route's mucr; both agree with the
+  // closed form of a fork-supported span under uniform moment.
   void savedGridSolvesAsTheBatchRoute() {
     auto f = Open(Msg(40));
     QVERIFY(f);
@@ -334,26 +375,40 @@ class Test_Frm_DirectData : public QObject {
     answer_ = Path("SOLVE.ZVK");
     f->Menu_File_SaveAs();
     QCOMPARE(f->File_External(), answer_);
+    const std::string before = Slurp(answer_);
 
-    SolverResult main;
-    SolveControl ctl;  // options of the main window: tolerance 1e-4, 50 iterations
-    Solve_Problem(f->File_External(), Method_Dichotomie, main, ctl);
+    BeamModel m;  // the main window's options: dichotomy, tolerance, iterations
+    m.Opt_Dichotomie = true;
+    m.Opt_Eigen = false;
+    SolveControl ctl;
+    const ProceedResult main = Proceed(m, f->File_External(), ctl, true);
     QCOMPARE(int(main.Solve_Status), 0);
+    QCOMPARE(Slurp(answer_), before);  // the file is read, never written
 
     SolveControl batchCtl;
     const DirectSolveOutcome batch = Direct_Solve(f->File_External(), Path("Zarvek.TMP"), batchCtl);
     QCOMPARE(int(batch.Result.Solve_Status), 0);
-    QCOMPARE(main.mucr, batch.Result.mucr);
+    QCOMPARE(main.Solver.mucr, batch.Result.mucr);
 
     const double E = 2100000, G = 807692, Iz = 603.78, It = 20.28, Iw = 126332, L = 500;
     const double Mcr =
         M_PI / L * std::sqrt(E * Iz * G * It) * std::sqrt(1 + M_PI * M_PI * E * Iw / (L * L * G * It));
     QVERIFY2(std::fabs(batch.Result.mucr * 1e6 / Mcr - 1) < 2e-3, std::to_string(batch.Result.mucr).c_str());
+    // the largest moment and the diagrams come from the file: 1e6 daN.cm
+    // everywhere, 50 elements
+    QVERIFY(std::fabs(Num_Of_Text(m.Txt_Mmax[0]) * m.Fact_M / 1e6 - 1) < 1e-6);
+    QCOMPARE(main.Efforts.NB, 50);
+    QVERIFY(std::fabs(Num_Of_Text(m.Txt_Mcr) * m.Fact_M / Mcr - 1) < 2e-3);
 
-    SolverResult eigen;
-    SolveControl ectl;
-    Solve_Problem(f->File_External(), Method_Eigen, eigen, ectl);
-    QVERIFY(std::fabs(eigen.mucr / batch.Result.mucr - 1) < 1e-3);
+    // a file whose moments are all 0 fails: the caller then draws no forces
+    g->Go_To(2, 1);
+    g->setRangeSelected(QTableWidgetSelectionRange(0, 0, 49, 1), true);
+    QGuiApplication::clipboard()->setText("0");
+    Key(*f, Qt::Key_V, Qt::ControlModifier);
+    f->Menu_File_Save();
+    BeamModel m0;
+    SolveControl ctl0;
+    QCOMPARE(int(Proceed(m0, f->File_External(), ctl0, true).Solve_Status), 112);
   }
 };
 
