@@ -143,24 +143,6 @@ TEST(Grid, SelectionSizeAndDeleteOfABlock) {
   EXPECT_EQ(g.TextMatrix(4, 1), "m41");
 }
 
-TEST(Grid, MovesStayWithinTheDataCells) {
-  Text_Grid g(5, 4);  // data rows 2..4, columns 1..3
-  struct Move {
-    int row, col, down, up, tab, backtab;
-  } moves[] = {
-      {2, 1, 3, 2, 2, 1},  // first data cell: Up and Shift+Tab stay
-      {3, 2, 4, 2, 3, 1},
-      {4, 3, 4, 3, 3, 2},  // last row: Enter stays; last column: Tab stays
-  };
-  for (const Move& m : moves) {
-    g.Set_Cursor(m.row, m.col);
-    EXPECT_EQ(Row_After_Down(g), m.down);
-    EXPECT_EQ(Row_After_Up(g), m.up);
-    EXPECT_EQ(Col_After_Tab(g, false), m.tab);
-    EXPECT_EQ(Col_After_Tab(g, true), m.backtab);
-  }
-}
-
 TEST(Grid, KeyFiltersRefuseTheMinusWhereAValueCantBeNegative) {
   // columns that may be typed with "-": links of the elements, all of the
   // restraints and moments, forces and heights of the loads

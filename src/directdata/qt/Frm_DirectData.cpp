@@ -265,7 +265,7 @@ bool Data_Grid::Move_Key(int key, Qt::KeyboardModifiers mods) {
 
 void Data_Grid::Copy() {
   QClipboard* clip = QGuiApplication::clipboard();
-  if (!clip) return;
+  if (!clip || rowCount() == 0) return;
   clip->clear();
   int rows = 0, cols = 0;
   Get_GridSelection(*this, rows, cols);
@@ -783,6 +783,12 @@ bool Frm_DirectData::Query_Unload() {
     Menu_File_SaveAs();
   }
   return true;
+}
+
+void Frm_DirectData::keyPressEvent(QKeyEvent* e) {
+  // Esc belongs to the cell editors; it doesn't close the window
+  if (e->key() == Qt::Key_Escape) return;
+  QDialog::keyPressEvent(e);
 }
 
 void Frm_DirectData::reject() {

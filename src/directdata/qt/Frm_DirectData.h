@@ -190,10 +190,11 @@ class Frm_DirectData : public QDialog {
   void Help_Requested();
 
  public:
-  void reject() override;  // closing, by the title bar or Esc, goes through Query_Unload
+  void reject() override;  // closing by the title bar goes through Query_Unload
 
  protected:
   bool eventFilter(QObject* object, QEvent* event) override;
+  void keyPressEvent(QKeyEvent* e) override;
 
  private:
   Data_Grid* Grid(Grid_Kind k) const;
