@@ -573,7 +573,13 @@ void Frm_DirectData::Centre_OnScreen() {
   move(r.topLeft());
 }
 
-void Frm_DirectData::Set_Title() { setWindowTitle(QString(Program_Name()) + " - " + Lang_Text(file_External_)); }
+// A file name is the system's own text; the two stand-ins are language texts.
+QString Frm_DirectData::File_Text() const {
+  if (file_External_ == Msg(40) || file_External_ == Msg(81)) return Lang_Text(file_External_);
+  return Q(file_External_);
+}
+
+void Frm_DirectData::Set_Title() { setWindowTitle(QString(Program_Name()) + " - " + File_Text()); }
 
 Data_Grid* Frm_DirectData::Grid(Grid_Kind k) const {
   switch (k) {
@@ -737,7 +743,7 @@ void Frm_DirectData::Menu_File_Open() {
     if (!r.Message.empty()) Show_Exclamation(r.Message);
     file_External_ = Msg(81);
   }
-  emit File_External_Changed(Lang_Text(file_External_));
+  emit File_External_Changed(File_Text());
   emit Results_Cleared();
   Set_Title();
 }
@@ -766,7 +772,7 @@ void Frm_DirectData::Menu_File_SaveAs() {
   dir_Data_ = Path_Of(chosen);
   file_External_ = chosen;
   Set_Title();
-  emit File_External_Changed(Lang_Text(file_External_));
+  emit File_External_Changed(File_Text());
   Save_To(file_External_);
   emit Results_Cleared();
 }

@@ -206,6 +206,7 @@ class Frm_DirectData : public QDialog {
   void Prepare_Pending();
   void Tab_Changed(int t);
   void Set_Title();
+  QString File_Text() const;
   void Commit_Editors();
   bool Save_To(const std::string& name);
   void Menu_Edit_Opening();
