@@ -3,6 +3,7 @@
 // saved from the grids.
 #include <QApplication>
 #include <QClipboard>
+#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -115,6 +116,26 @@ class Test_Frm_DirectData : public QObject {
     DirectDataSheet s = New_DirectData(50);
     QVERIFY(Read_FileZVK(answer_, s).Ok);
     QCOMPARE(s.Txt_NB, std::string("64"));
+  }
+
+  // New asks for the number of elements again while it is out of range.
+  void newProblemPrompt() {
+    QStringList answers{"49", "301", "120"};
+    QStringList prompts;
+    QTimer t;
+    connect(&t, &QTimer::timeout, [&] {
+      auto* d = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+      if (!d || answers.isEmpty()) return;
+      prompts << d->labelText();
+      d->setTextValue(answers.takeFirst());
+      d->accept();
+    });
+    t.start(10);
+    int nb = 0;
+    QVERIFY(Frm_DirectData::Ask_NewProblem(nullptr, nb));
+    QCOMPARE(nb, 120);
+    QCOMPARE(prompts.size(), 3);
+    QCOMPARE(prompts[0], QString::fromStdString(Msg(47) + "(50<N<300)"));
   }
 
   // Esc after typing gives the cell its old text back and the grid the focus;
