@@ -1,0 +1,437 @@
+// The direct data window: typing in the grids, the clipboard, the limits of
+// the header fields, the file commands and what the solver makes of a file
+// saved from the grids.
+#include <QApplication>
+#include <QClipboard>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QtTest>
+#include <cmath>
+#include <fstream>
+#include <sstream>
+
+#include "analysis/DirectSolve.h"
+#include "analysis/Proceed.h"
+#include "directdata/qt/Frm_DirectData.h"
+#include "foundation/Language.h"
+#include "foundation/Mod_Zarvek.h"
+#include "solver/Mod_StabMat.h"
+
+using namespace zarvek;
+
+namespace {
+
+std::string Slurp(const std::string& path) {
+  std::ifstream f(path, std::ios::binary);
+  std::stringstream ss;
+  ss << f.rdbuf();
+  return ss.str();
+}
+
+// Keys go where the window's focus is, as the user's would.
+void Type(QWidget& form, const QString& text) {
+  for (QChar c : text) {
+    QWidget* w = form.focusWidget();
+    QVERIFY(w);
+    QTest::keyClick(w, c.toLatin1());
+  }
+}
+void Key(QWidget& form, Qt::Key key, Qt::KeyboardModifiers mods = Qt::NoModifier) {
+  QWidget* w = form.focusWidget();
+  QVERIFY(w);
+  QTest::keyClick(w, key, mods);
+}
+
+}  // namespace
+
+class Test_Frm_DirectData : public QObject {
+  Q_OBJECT
+
+  QTemporaryDir dir_;
+  std::vector<std::string> boxes_;  // exclamation boxes shown
+  std::vector<std::pair<int, std::string>> dialogs_;  // file dialogs: action, name offered
+  std::string answer_;                                 // what the file dialog returns
+
+  std::string Path(const char* name) { return dir_.path().toStdString() + "/" + name; }
+
+  // A window with its dialogs answered by the test.
+  std::unique_ptr<Frm_DirectData> Open(const std::string& file, int nb = 50) {
+    auto f = std::make_unique<Frm_DirectData>(file, dir_.path().toStdString(), nb);
+    f->Show_Exclamation = [this](const std::string& t) { boxes_.push_back(t); };
+    f->Choose_File = [this](int action, const std::string& offered) {
+      dialogs_.emplace_back(action, offered);
+      return answer_;
+    };
+    f->show();
+    if (!QTest::qWaitForWindowExposed(f.get())) return nullptr;
+    boxes_.clear();
+    dialogs_.clear();
+    return f;
+  }
+
+  void Show_Tab(Frm_DirectData& f, int t, Data_Grid* g = nullptr) {
+    f.Tab_Data->setCurrentIndex(t);
+    if (g) g->setFocus();
+  }
+
+ private slots:
+  void initTestCase() {
+    QVERIFY(dir_.isValid());
+    QVERIFY(Load_LanguageFile(std::string(ZARVEK_BIN_DIR) + "/ZARVEK_UK.MSG", Path("L.TMP")));
+    Load_Messages();
+    Dec_Sep = '.';
+  }
+
+  void init() {
+    boxes_.clear();
+    dialogs_.clear();
+    answer_.clear();
+  }
+
+  // A new problem shows the starting grids, and closing it offers Save As
+  // once: the file then holds the number of elements asked for.
+  void newProblemClosedAtOnce() {
+    auto f = Open(Msg(40), 64);
+    QVERIFY(f);
+    QCOMPARE(f->windowTitle(), QString("Zarvek - ") + QString::fromStdString(Msg(40)));
+    QCOMPARE(f->Tab_Data->tabText(1), QString("Elements"));
+    QCOMPARE(f->Grd_Elements->rowCount(), 64);
+    QCOMPARE(f->Grd_Restraints->rowCount(), 65);
+    QCOMPARE(f->Grd_Elements->horizontalHeaderItem(5)->text(), QString::fromUtf8("Kθ\n(daN.cm/rd)"));
+    QCOMPARE(f->Grd_Elements->horizontalHeaderItem(7)->text(), QString::fromUtf8("Kθ′\n(daN.cm3/rd)"));
+    QCOMPARE(f->Grd_Elements->verticalHeaderItem(63)->text(), QString("64 "));
+
+    answer_ = Path("NEW.ZVK");
+    f->close();
+    QVERIFY(!f->isVisible());
+    QCOMPARE(dialogs_.size(), size_t(1));
+    QCOMPARE(dialogs_[0].first, 2);
+    QCOMPARE(dialogs_[0].second, std::string("*.ZVK"));
+    QCOMPARE(f->File_External(), answer_);
+    // the file reads back with its 64 elements
+    DirectDataSheet s = New_DirectData(50);
+    QVERIFY(Read_FileZVK(answer_, s).Ok);
+    QCOMPARE(s.Txt_NB, std::string("64"));
+  }
+
+  // New asks for the number of elements again while it is out of range.
+  void newProblemPrompt() {
+    QStringList answers{"49", "301", "120"};
+    QStringList prompts;
+    QTimer t;
+    connect(&t, &QTimer::timeout, [&] {
+      auto* d = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+      if (!d || answers.isEmpty()) return;
+      prompts << d->labelText();
+      d->setTextValue(answers.takeFirst());
+      d->accept();
+    });
+    t.start(10);
+    int nb = 0;
+    QVERIFY(Frm_DirectData::Ask_NewProblem(nullptr, nb));
+    QCOMPARE(nb, 120);
+    QCOMPARE(prompts.size(), 3);
+    QCOMPARE(prompts[0], QString::fromStdString(Msg(47) + "(50<N<300)"));
+  }
+
+  // Esc after typing gives the cell its old text back and the grid the focus;
+  // Enter on the last row stays on it.
+  void escAndEnter() {
+    auto f = Open(Msg(40));
+    QVERIFY(f);
+    Data_Grid* g = f->Grd_Elements;
+    Show_Tab(*f, 1, g);
+    g->Go_To(2, 1);
+    Type(*f, "99");
+    QVERIFY(f->focusWidget() != g);  // typing in the cell's editor
+    Key(*f, Qt::Key_Escape);
+    QCOMPARE(g->TextMatrix(2, 1), std::string("10"));
+    QCOMPARE(f->focusWidget(), static_cast<QWidget*>(g));
+
+    g->Go_To(2, 1);
+    Type(*f, "12");
+    Key(*f, Qt::Key_Return);
+    QCOMPARE(g->TextMatrix(2, 1), std::string("12"));
+    QCOMPARE(g->Row(), 3);
+
+    g->Go_To(51, 2);
+    Type(*f, "700");
+    Key(*f, Qt::Key_Enter);
+    QCOMPARE(g->TextMatrix(51, 2), std::string("700"));
+    QCOMPARE(g->Row(), 51);
+    Key(*f, Qt::Key_Return);
+    QCOMPARE(g->Row(), 51);
+
+    // Tab and Shift+Tab move along the row and stay in the grid
+    g->Go_To(10, 8);
+    Key(*f, Qt::Key_Tab);
+    QCOMPARE(g->Col(), 8);
+    QCOMPARE(f->focusWidget(), static_cast<QWidget*>(g));
+    Key(*f, Qt::Key_Backtab, Qt::ShiftModifier);
+    QCOMPARE(g->Col(), 7);
+  }
+
+  // Betaz can't be typed negative; the links can hold -1; "," becomes the
+  // locale's separator.
+  void keyFilters() {
+    auto f = Open(Msg(40));
+    QVERIFY(f);
+    Data_Grid* g = f->Grd_Elements;
+    Show_Tab(*f, 1, g);
+    g->Go_To(3, 5);
+    Type(*f, "-2,5");
+    Key(*f, Qt::Key_Return);
+    QCOMPARE(g->TextMatrix(3, 5), std::string("2.5"));
+    g->Go_To(3, 6);
+    Type(*f, "-1");
+    Key(*f, Qt::Key_Return);
+    QCOMPARE(g->TextMatrix(3, 6), std::string("-1"));
+    // the counts take no separator
+    Show_Tab(*f, 0);
+    f->Txt_NF->setFocus();
+    f->Txt_NF->clear();
+    Type(*f, "1.2");
+    QCOMPARE(f->Txt_NF->text(), QString("12"));
+  }
+
+  void pasteRules() {
+    auto f = Open(Msg(40));
+    QVERIFY(f);
+    Data_Grid* g = f->Grd_MV;
+    Show_Tab(*f, 3, g);
+    QClipboard* clip = QGuiApplication::clipboard();
+    auto select = [g](int r1, int c1, int r2, int c2) {
+      g->Go_To(r1, c1);
+      g->setRangeSelected(QTableWidgetSelectionRange(std::min(r1, r2) - 2, std::min(c1, c2) - 1,
+                                                      std::max(r1, r2) - 2, std::max(c1, c2) - 1),
+                          true);
+    };
+
+    // a single value fills the selection
+    clip->setText("2500");
+    select(4, 1, 6, 2);
+    Key(*f, Qt::Key_V, Qt::ControlModifier);
+    for (int r = 4; r <= 6; ++r)
+      for (int c = 1; c <= 2; ++c) QCOMPARE(g->TextMatrix(r, c), std::string("2500"));
+    QCOMPARE(g->TextMatrix(7, 1), std::string("1000"));
+
+    // a block from a spreadsheet (line feeds only) on a block of its size
+    clip->setText("1\t2\n3\t4\n5\t6\n");
+    select(10, 1, 12, 2);
+    Key(*f, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(g->TextMatrix(10, 1) + g->TextMatrix(12, 2), std::string("16"));
+
+    // 2 x 3 on 3 x 2: nothing changes, no box
+    clip->setText("7\t8\t9\r\n7\t8\t9\r\n");
+    select(20, 1, 22, 2);
+    Key(*f, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(g->TextMatrix(20, 1), std::string("1000"));
+    QVERIFY(boxes_.empty());
+
+    // "abc" in the second row: the first row stays pasted, Msg(75) shows
+    clip->setText("11\t12\r\nabc\t14\r\n");
+    select(30, 1, 31, 2);
+    Key(*f, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(g->TextMatrix(30, 1) + " " + g->TextMatrix(30, 2), std::string("11 12"));
+    QCOMPARE(g->TextMatrix(31, 1), std::string("1000"));
+    QCOMPARE(boxes_, std::vector<std::string>{Msg(75)});
+
+    // a block copied from the grid: tab-separated rows ended by CR LF
+    select(10, 1, 11, 2);
+    Key(*f, Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(clip->text(), QString("1\t2\r\n3\t4\r\n"));
+
+    // Delete empties the block; the save is then refused with the cell shown
+    select(10, 1, 11, 2);
+    Key(*f, Qt::Key_Delete);
+    QCOMPARE(g->TextMatrix(11, 2), std::string());
+    answer_ = Path("DELETED.ZVK");
+    boxes_.clear();
+    f->Menu_File_SaveAs();
+    QCOMPARE(boxes_, std::vector<std::string>{Msg(43)});
+    QVERIFY(!QFile::exists(QString::fromStdString(answer_)));
+    QCOMPARE(f->Tab_Data->currentIndex(), 3);
+    QCOMPARE(g->Row() * 10 + g->Col(), 101);
+  }
+
+  // While a block is dragged its size shows; the right button opens the Edit
+  // menu on the block, which stays selected.
+  void dragAndRightButton() {
+    auto f = Open(Msg(40));
+    QVERIFY(f);
+    Data_Grid* g = f->Grd_Elements;
+    Show_Tab(*f, 1, g);
+    QWidget* vp = g->viewport();
+    const QPoint a = g->visualItemRect(g->item(0, 0)).center();
+    const QPoint b = g->visualItemRect(g->item(2, 1)).center();
+    QTest::mousePress(vp, Qt::LeftButton, Qt::NoModifier, a);
+    QVERIFY(f->Lbl_SelectedMatrix->isVisible());
+    QMouseEvent move(QEvent::MouseMove, b, vp->mapToGlobal(b), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(vp, &move);
+    QTRY_COMPARE(f->Lbl_SelectedMatrix->text(), QString("3x2"));
+    QTest::mouseRelease(vp, Qt::LeftButton, Qt::NoModifier, b);
+    QVERIFY(!f->Lbl_SelectedMatrix->isVisible());
+
+    QTest::mousePress(vp, Qt::RightButton, Qt::NoModifier, a);
+    QTest::mouseRelease(vp, Qt::RightButton, Qt::NoModifier, a);
+    QTRY_VERIFY(f->Menu_Edit->isVisible());
+    QCOMPARE(Selection_Caption(*g), std::string("3x2"));
+    QVERIFY(f->Menu_Edit_Copy->isEnabled());
+    f->Menu_Edit->hide();
+    f->Menu_Edit_Copy->trigger();
+    QCOMPARE(QGuiApplication::clipboard()->text().count('\n'), 3);
+  }
+
+  // NF up to N + 1 and NQ up to 10; a change of NF rebuilds the grid of point
+  // loads when its tab is shown and leaves the distributed loads alone.
+  void countsAndTheirGrids() {
+    auto f = Open(Msg(40));
+    QVERIFY(f);
+    Show_Tab(*f, 0);
+    f->Txt_NQ->setFocus();
+    f->Txt_NQ->selectAll();
+    Type(*f, "2");
+    Show_Tab(*f, 4);
+    QCOMPARE(f->Grd_SpanLoadsQ->rowCount(), 2);
+    f->Grd_SpanLoadsQ->Set_TextMatrix(3, 1, "-33");
+
+    Show_Tab(*f, 0);
+    f->Txt_NF->setFocus();
+    f->Txt_NF->selectAll();
+    Type(*f, "52");  // N + 2
+    Show_Tab(*f, 4);
+    QCOMPARE(f->Tab_Data->currentIndex(), 0);
+    QCOMPARE(boxes_, std::vector<std::string>{Msg(48) + " : NFmax = 51 !"});
+    QCOMPARE(f->focusWidget(), static_cast<QWidget*>(f->Txt_NF));
+
+    f->Txt_NF->selectAll();
+    Type(*f, "51");
+    Show_Tab(*f, 4);
+    QCOMPARE(f->Tab_Data->currentIndex(), 4);
+    QCOMPARE(f->Grd_SpanLoadsF->rowCount(), 51);
+    QCOMPARE(f->Grd_SpanLoadsF->TextMatrix(52, 1), std::string("-1000"));
+    QCOMPARE(f->Grd_SpanLoadsQ->TextMatrix(3, 1), std::string("-33"));
+
+    Show_Tab(*f, 0);
+    f->Txt_NQ->setFocus();
+    f->Txt_NQ->selectAll();
+    Type(*f, "11");
+    boxes_.clear();
+    Show_Tab(*f, 1);
+    QCOMPARE(f->Tab_Data->currentIndex(), 0);
+    QCOMPARE(boxes_, std::vector<std::string>{Msg(46) + " : NQmax = 10 !"});
+  }
+
+  // A value still in the cell's editor when Save is chosen reaches the file.
+  void valueInTheEditorIsSaved() {
+    const std::string path = Path("EDIT.ZVK");
+    {
+      DirectDataSheet s = New_DirectData(55);
+      QVERIFY(Save_FileZVK(path, s));
+    }
+    auto f = Open(path);
+    QVERIFY(f);
+    QCOMPARE(f->windowTitle(), QString::fromStdString("Zarvek - " + path));
+    QCOMPARE(f->Txt_NB->text(), QString("55"));
+    int cleared = 0;
+    connect(f.get(), &Frm_DirectData::Results_Cleared, [&] { ++cleared; });
+    Data_Grid* g = f->Grd_Restraints;
+    Show_Tab(*f, 2, g);
+    g->Go_To(30, 1);
+    Type(*f, "4321");
+    f->Menu_File_Save();
+    QVERIFY(dialogs_.empty());
+    QCOMPARE(cleared, 1);
+    DirectDataSheet back = New_DirectData(50);
+    QVERIFY(Read_FileZVK(path, back).Ok);
+    QCOMPARE(Num_Of_Text(back.Grd_Restraints.TextMatrix(30, 1)), 4321.0);
+  }
+
+  // A file of 49 elements: the box, and the window keeps its cells.
+  void fileOf49Elements() {
+    const std::string path = Path("N49.ZVK");
+    {
+      DirectDataSheet s = New_DirectData(50);
+      ProblemData p;
+      Sheet_To_Problem(s, p);
+      p.Resize(49, 0, 0);
+      QVERIFY(Write_ProblemFile(path, p, ProblemLabels::SaveFileZVK));
+    }
+    auto f = Open(Msg(40), 70);
+    QVERIFY(f);
+    f->Grd_Elements->Set_TextMatrix(2, 2, "555");
+    answer_ = path;
+    f->Menu_File_Open();
+    QCOMPARE(boxes_, std::vector<std::string>{Msg(30) + " (50<N<300)"});
+    QCOMPARE(f->File_External(), Msg(81));
+    QCOMPARE(f->windowTitle(), QString::fromStdString("Zarvek - " + Msg(81)));
+    QCOMPARE(f->Grd_Elements->rowCount(), 70);
+    QCOMPARE(f->Grd_Elements->TextMatrix(2, 2), std::string("555"));
+
+    // the same at opening: the window starts with its new-problem cells
+    boxes_.clear();
+    Frm_DirectData g(path, dir_.path().toStdString(), 60);
+    g.Show_Exclamation = [this](const std::string& t) { boxes_.push_back(t); };
+    QCOMPARE(g.File_External(), Msg(81));
+    QTRY_COMPARE(boxes_.size(), size_t(1));
+  }
+
+  // The grids saved to a problem file and solved as the main window solves
+  // the file of the file-data mode (Proceed in external mode, which reads
+  // the file as it stands) give the batch route's mucr; both agree with the
+  // closed form of a fork-supported span under uniform moment.
+  void savedGridSolvesAsTheBatchRoute() {
+    auto f = Open(Msg(40));
+    QVERIFY(f);
+    Data_Grid* g = f->Grd_MV;
+    Show_Tab(*f, 3, g);
+    QGuiApplication::clipboard()->setText("1000000");
+    g->Go_To(2, 1);
+    g->setRangeSelected(QTableWidgetSelectionRange(0, 0, 49, 1), true);
+    Key(*f, Qt::Key_V, Qt::ControlModifier);
+    answer_ = Path("SOLVE.ZVK");
+    f->Menu_File_SaveAs();
+    QCOMPARE(f->File_External(), answer_);
+    const std::string before = Slurp(answer_);
+
+    BeamModel m;  // the main window's options: dichotomy, tolerance, iterations
+    m.Opt_Dichotomie = true;
+    m.Opt_Eigen = false;
+    SolveControl ctl;
+    const ProceedResult main = Proceed(m, f->File_External(), ctl, true);
+    QCOMPARE(int(main.Solve_Status), 0);
+    QCOMPARE(Slurp(answer_), before);  // the file is read, never written
+
+    SolveControl batchCtl;
+    const DirectSolveOutcome batch = Direct_Solve(f->File_External(), Path("Zarvek.TMP"), batchCtl);
+    QCOMPARE(int(batch.Result.Solve_Status), 0);
+    QCOMPARE(main.Solver.mucr, batch.Result.mucr);
+
+    const double E = 2100000, G = 807692, Iz = 603.78, It = 20.28, Iw = 126332, L = 500;
+    const double Mcr =
+        M_PI / L * std::sqrt(E * Iz * G * It) * std::sqrt(1 + M_PI * M_PI * E * Iw / (L * L * G * It));
+    QVERIFY2(std::fabs(batch.Result.mucr * 1e6 / Mcr - 1) < 2e-3, std::to_string(batch.Result.mucr).c_str());
+    // the largest moment and the diagrams come from the file: 1e6 daN.cm
+    // everywhere, 50 elements
+    QVERIFY(std::fabs(Num_Of_Text(m.Txt_Mmax[0]) * m.Fact_M / 1e6 - 1) < 1e-6);
+    QCOMPARE(main.Efforts.NB, 50);
+    QVERIFY(std::fabs(Num_Of_Text(m.Txt_Mcr) * m.Fact_M / Mcr - 1) < 2e-3);
+
+    // a file whose moments are all 0 fails: the caller then draws no forces
+    g->Go_To(2, 1);
+    g->setRangeSelected(QTableWidgetSelectionRange(0, 0, 49, 1), true);
+    QGuiApplication::clipboard()->setText("0");
+    Key(*f, Qt::Key_V, Qt::ControlModifier);
+    f->Menu_File_Save();
+    BeamModel m0;
+    SolveControl ctl0;
+    QCOMPARE(int(Proceed(m0, f->File_External(), ctl0, true).Solve_Status), 112);
+  }
+};
+
+QTEST_MAIN(Test_Frm_DirectData)
+#include "test_frm_directdata.moc"

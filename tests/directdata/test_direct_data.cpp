@@ -1,0 +1,265 @@
+// The direct data of a problem: limits of the header fields, the passage
+// through a problem file and back, and what the solver makes of a saved grid.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+#include <unistd.h>
+
+#include "directdata/DirectData.h"
+#include "foundation/Language.h"
+#include "foundation/Mod_Zarvek.h"
+#include "solver/Mod_StabMat.h"
+
+using namespace zarvek;
+
+namespace {
+
+std::string Scratch(const std::string& name) {
+  static std::string dir;
+  if (dir.empty()) {
+    char tmpl[] = "/tmp/zarvek-dd-XXXXXX";
+    dir = mkdtemp(tmpl) ? tmpl : "/tmp";
+  }
+  return dir + "/" + name;
+}
+
+std::string Slurp(const std::string& path) {
+  std::ifstream f(path, std::ios::binary);
+  std::stringstream ss;
+  ss << f.rdbuf();
+  return ss.str();
+}
+
+void Put(const std::string& path, const std::string& text) {
+  std::ofstream(path, std::ios::binary) << text;
+}
+
+class DirectData : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    Dec_Sep = '.';
+    Set_Msg(30, "Elements out of range");
+    Set_Msg(46, "Too many distributed loads");
+    Set_Msg(48, "Too many point loads");
+  }
+};
+
+TEST_F(DirectData, PointLoadsUpToOneANodeDistributedLoadsUpToTen) {
+  struct {
+    const char *nf, *nq;
+    Header_Field field;
+    const char* message;
+  } cases[] = {
+      {"51", "10", Header_Field::None, ""},  // N + 1 point loads, 10 distributed
+      {"0", "0", Header_Field::None, ""},
+      {"52", "0", Header_Field::NF, "Too many point loads : NFmax = 51 !"},
+      {"-1", "0", Header_Field::NF, "Too many point loads : NFmax = 51 !"},
+      {"0", "11", Header_Field::NQ, "Too many distributed loads : NQmax = 10 !"},
+      {"2.5", "0", Header_Field::NF, ""},  // a count is a whole number: the field is selected
+      {"", "0", Header_Field::NF, ""},
+  };
+  for (const auto& c : cases) {
+    DirectDataSheet s = New_DirectData(50);
+    s.Txt_NF = c.nf;
+    s.Txt_NQ = c.nq;
+    int nfmax = 0;
+    const DataWrong w = IsDataWrong(s, &nfmax);
+    EXPECT_EQ(w.Wrong, c.field != Header_Field::None) << c.nf << " " << c.nq;
+    EXPECT_EQ(w.Field, c.field) << c.nf << " " << c.nq;
+    EXPECT_EQ(w.Message, c.message);
+  }
+  DirectDataSheet s = New_DirectData(50);
+  s.Txt_G = "8e5x";
+  s.Txt_NF = "99";  // the order of the tests: G is met first
+  EXPECT_EQ(IsDataWrong(s).Field, Header_Field::G);
+  EXPECT_TRUE(IsDataWrong(s).Message.empty());
+}
+
+TEST_F(DirectData, NewProblemPrompt) {
+  Set_Msg(47, "Number of elements ");
+  EXPECT_EQ(NewProblem_Prompt(), "Number of elements (50<N<300)");
+  int nb = 0;
+  for (const char* refused : {"49", "301", "", "abc", "60.5"}) EXPECT_FALSE(NewProblem_Accepts(refused, nb));
+  EXPECT_TRUE(NewProblem_Accepts("300", nb));
+  EXPECT_EQ(nb, 300);
+  EXPECT_TRUE(NewProblem_Accepts("50", nb));
+  EXPECT_EQ(nb, 50);
+}
+
+TEST_F(DirectData, PreparedGridsDescribeAForkSupportedSpan) {
+  DirectDataSheet s = New_DirectData(60);
+  s.Txt_NF = "0";
+  Prepare_GrdSpanLoadsF(s);
+  // a grid without data rows keeps its two header rows
+  EXPECT_EQ(s.Grd_SpanLoadsF.Rows(), 2);
+  EXPECT_EQ(s.Grd_SpanLoadsF.TextMatrix(0, 1), "F");
+  EXPECT_EQ(s.Grd_SpanLoadsF.TextMatrix(1, 1), "(daN)");
+  EXPECT_EQ(s.Grd_Elements.Rows(), 62);
+  EXPECT_EQ(s.Grd_Restraints.Rows(), 63);
+  EXPECT_EQ(s.Grd_Elements.TextMatrix(61, 0), "60 ");
+  // lateral displacement and twist held at both ends only
+  for (int r = 2; r < 63; ++r) {
+    const bool end = r == 2 || r == 62;
+    EXPECT_EQ(s.Grd_Restraints.TextMatrix(r, 1), end ? "-1" : "0");
+    EXPECT_EQ(s.Grd_Restraints.TextMatrix(r, 2), end ? "-1" : "0");
+    EXPECT_EQ(s.Grd_Restraints.TextMatrix(r, 3), "0");
+  }
+}
+
+// A sheet with every grid and cell different, written and read back.
+TEST_F(DirectData, RoundTripThroughAProblemFile) {
+  for (char sep : {'.', ','}) {
+    Dec_Sep = sep;
+    DirectDataSheet s = New_DirectData(57);
+    s.Txt_E = "2100000";
+    s.Txt_G = "810000";
+    s.Txt_NF = "3";
+    s.Txt_NQ = "2";
+    Prepare_GrdSpanLoadsF(s);
+    Prepare_GrdSpanLoadsQ(s);
+    auto local = [](std::string t) {
+      for (char& c : t)
+        if (c == '.') c = Dec_Sep;
+      return t;
+    };
+    for (int i = 1; i <= 57; ++i) {
+      const std::string n = std::to_string(i);
+      s.Grd_Elements.Set_TextMatrix(i + 1, 1, local(std::to_string(5 + i % 7) + ".25"));
+      s.Grd_Elements.Set_TextMatrix(i + 1, 2, local("6" + n + ".5"));
+      s.Grd_Elements.Set_TextMatrix(i + 1, 5, i % 2 ? "-3" : local("2.75"));
+      s.Grd_Elements.Set_TextMatrix(i + 1, 7, i % 3 ? "-1" : "150000");
+      s.Grd_MV.Set_TextMatrix(i + 1, 1, "-" + n + "00");
+      s.Grd_MV.Set_TextMatrix(i + 1, 2, n + "25");
+    }
+    s.Grd_Restraints.Set_TextMatrix(30, 3, "2500");
+    s.Grd_Restraints.Set_TextMatrix(30, 5, local("-12.5"));
+    s.Grd_SpanLoadsF.Set_TextMatrix(3, 2, local("150.75"));
+    s.Grd_SpanLoadsQ.Set_TextMatrix(3, 1, local("-2.125"));
+    const std::string path = Scratch(sep == '.' ? "RT1.ZVK" : "RT2.ZVK");
+    ASSERT_TRUE(Save_FileZVK(path, s));
+
+    const std::string text = Slurp(path);
+    EXPECT_EQ(text.find(std::string(Program_Name()) + "Version "), 0u);
+    EXPECT_NE(text.find("\nNb Elements, E, G\n"), std::string::npos);
+    EXPECT_NE(text.find("\nElements : n, L, Iz, It, Iw, Betaz, Kt, Kvp, Ktp\n"), std::string::npos);
+    EXPECT_NE(text.find("\nF, x, z\n"), std::string::npos);
+    EXPECT_NE(text.find("\nq1, x1, q2, x2, z\n"), std::string::npos);
+    // numbers use the point whatever the locale: commas stand only in labels
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);)
+      if (line.find_first_of("abcdefghijklmnopqrstuvwxyz") == std::string::npos) {
+        EXPECT_EQ(line.find(','), std::string::npos) << line;
+      }
+
+    DirectDataSheet back = New_DirectData(50);
+    const ReadOutcome r = Read_FileZVK(path, back);
+    ASSERT_TRUE(r.Ok);
+    EXPECT_EQ(back.Txt_NB, "57");
+    EXPECT_EQ(back.Txt_NF, "3");
+    EXPECT_EQ(back.Txt_NQ, "2");
+    EXPECT_EQ(Num_Of_Text(back.Txt_G), 810000);
+    for (Grid_Kind k : {Grid_Kind::Elements, Grid_Kind::Restraints, Grid_Kind::MV, Grid_Kind::SpanLoadsF,
+                        Grid_Kind::SpanLoadsQ}) {
+      const Text_Grid &a = s.Grid(k), &b = back.Grid(k);
+      ASSERT_EQ(a.Rows(), b.Rows());
+      for (int row = 0; row < a.Rows(); ++row)
+        for (int c = 0; c < a.Cols(); ++c) {
+          if (row < 2 || c == 0) {
+            EXPECT_EQ(a.TextMatrix(row, c), b.TextMatrix(row, c));
+          } else {
+            ASSERT_TRUE(Is_Numeric(b.TextMatrix(row, c))) << b.TextMatrix(row, c);
+            EXPECT_DOUBLE_EQ(Num_Of_Text(a.TextMatrix(row, c)), Num_Of_Text(b.TextMatrix(row, c)))
+                << (int)k << " " << row << " " << c;
+          }
+        }
+    }
+  }
+  Dec_Sep = '.';
+}
+
+TEST_F(DirectData, AnEmptiedCellIsNotSaved) {
+  DirectDataSheet s = New_DirectData(50);
+  s.Grd_MV.Set_Cursor(10, 1);
+  s.Grd_MV.Select_To(11, 2);
+  Delete_Block(s.Grd_MV);
+  const std::string path = Scratch("EMPTY.ZVK");
+  Put(path, "old contents\n");
+  Cell_Ref bad;
+  EXPECT_FALSE(Save_FileZVK(path, s, &bad));
+  EXPECT_EQ(bad.Grid, Grid_Kind::MV);
+  EXPECT_EQ(bad.Row * 10 + bad.Col, 101);
+  EXPECT_EQ(Slurp(path), "old contents\n");
+}
+
+TEST_F(DirectData, MeshOutOfRangeIsRefusedBeforeAnyCellChanges) {
+  for (int nb : {49, 301}) {
+    DirectDataSheet big = New_DirectData(nb == 49 ? 50 : 300);
+    ProblemData p;
+    Sheet_To_Problem(big, p);
+    p.Resize(nb, 0, 0);
+    const std::string path = Scratch("NB.ZVK");
+    ASSERT_TRUE(Write_ProblemFile(path, p, ProblemLabels::Proceed));
+
+    DirectDataSheet s = New_DirectData(80);
+    s.Grd_Elements.Set_TextMatrix(5, 2, "777");
+    const ReadOutcome r = Read_FileZVK(path, s);
+    EXPECT_FALSE(r.Ok);
+    EXPECT_EQ(r.Message, "Elements out of range (50<N<300)");
+    EXPECT_EQ(s.Txt_NB, "80");
+    EXPECT_EQ(s.Grd_Elements.Rows(), 82);
+    EXPECT_EQ(s.Grd_Elements.TextMatrix(5, 2), "777");
+  }
+}
+
+TEST_F(DirectData, AShortFileKeepsWhatWasRead) {
+  const std::string path = Scratch("SHORT.ZVK");
+  DirectDataSheet full = New_DirectData(50);
+  full.Grd_Elements.Set_TextMatrix(2, 1, "12.5");
+  ASSERT_TRUE(Save_FileZVK(path, full));
+  std::string text = Slurp(path);
+  // cut in the middle of the node lines
+  const size_t nodes = text.find("Nodes :");
+  Put(path, text.substr(0, text.find('\n', text.find('\n', nodes) + 1) + 1));
+  DirectDataSheet s = New_DirectData(60);
+  const ReadOutcome r = Read_FileZVK(path, s);
+  EXPECT_FALSE(r.Ok);
+  EXPECT_TRUE(r.Message.empty());
+  EXPECT_EQ(s.Txt_NB, "50");
+  EXPECT_EQ(Num_Of_Text(s.Grd_Elements.TextMatrix(2, 1)), 12.5);
+  EXPECT_EQ(Num_Of_Text(s.Grd_Restraints.TextMatrix(2, 1)), -1);
+  EXPECT_EQ(s.Grd_Restraints.TextMatrix(4, 1), "");
+
+  EXPECT_FALSE(Read_FileZVK(Scratch("MISSING.ZVK"), s).Ok);
+  Put(path, "a\nb\nc\n50 2100000 abc\n");
+  EXPECT_FALSE(Read_FileZVK(path, s).Ok);
+}
+
+// The starting grid is a fork-supported span of 50 x 10 cm with the weak-axis
+// properties of an IPE 300; under a uniform moment its critical moment is the
+// closed form M = pi/L sqrt(E Iz G It) sqrt(1 + pi^2 E Iw / (L^2 G It)).
+TEST_F(DirectData, SavedGridSolvesToTheClosedFormOfUniformMoment) {
+  DirectDataSheet s = New_DirectData(50);
+  const double M = 1e6;  // daN.cm on every element end
+  s.Grd_MV.Set_Cursor(2, 1);
+  s.Grd_MV.Select_To(51, 2);
+  ASSERT_EQ(Paste_Text(s.Grd_MV, "1000000").Written, 100);
+  const std::string path = Scratch("UNIFORM.ZVK");
+  ASSERT_TRUE(Save_FileZVK(path, s));
+
+  const double E = 2100000, G = 807692, Iz = 603.78, It = 20.28, Iw = 126332, L = 500;
+  const double Mcr = M_PI / L * std::sqrt(E * Iz * G * It) * std::sqrt(1 + M_PI * M_PI * E * Iw / (L * L * G * It));
+  for (int method : {Method_Eigen, Method_Dichotomie}) {
+    SolverResult res;
+    SolveControl ctl;
+    ctl.Tol = 1e-6;
+    ctl.NbIter = 200;
+    Solve_Problem(path, method, res, ctl);
+    ASSERT_EQ(res.Solve_Status, 0) << res.Error_Text;
+    EXPECT_NEAR(res.mucr * M / Mcr, 1.0, 2e-3) << method;
+  }
+}
+
+}  // namespace

@@ -1,0 +1,175 @@
+// Editing rules of the data grids: paste, copy, delete, moves and key filters.
+#include <gtest/gtest.h>
+
+#include "directdata/DirectData.h"
+#include "directdata/Mod_MSFlexGrid.h"
+#include "foundation/Mod_Zarvek.h"
+
+using namespace zarvek;
+
+namespace {
+
+// A 5 x 3 data block (rows 2..6, columns 1..3) filled with "r.c" markers
+// that no paste below writes.
+Text_Grid Marked_Grid() {
+  Text_Grid g(7, 4);
+  for (int r = 2; r < 7; ++r)
+    for (int c = 1; c < 4; ++c) g.Set_TextMatrix(r, c, "m" + std::to_string(r) + std::to_string(c));
+  return g;
+}
+
+std::vector<std::string> Block(const Text_Grid& g, int top, int left, int bottom, int right) {
+  std::vector<std::string> v;
+  for (int r = top; r <= bottom; ++r)
+    for (int c = left; c <= right; ++c) v.push_back(g.TextMatrix(r, c));
+  return v;
+}
+
+struct PasteCase {
+  const char* name;
+  int row, col, rowSel, colSel;  // selection, dragged from (row, col)
+  const char* clip;
+  Paste_Outcome outcome;
+  int written;
+  // the selected block afterwards, row by row ("" = the cell's marker)
+  std::vector<std::string> after;
+};
+
+class Paste : public ::testing::TestWithParam<PasteCase> {
+ protected:
+  void SetUp() override { Dec_Sep = '.'; }
+};
+
+TEST_P(Paste, Rules) {
+  const PasteCase& pc = GetParam();
+  Text_Grid g = Marked_Grid();
+  const Text_Grid before = g;
+  g.Set_Cursor(pc.row, pc.col);
+  g.Select_To(pc.rowSel, pc.colSel);
+  const Paste_Result r = Paste_Text(g, pc.clip);
+  EXPECT_EQ(r.Outcome, pc.outcome);
+  EXPECT_EQ(r.Written, pc.written);
+  const Grid_Block b = Selected_Block(g);
+  std::vector<std::string> got = Block(g, b.Top, b.Left, b.Bottom, b.Right);
+  std::vector<std::string> want = pc.after;
+  const std::vector<std::string> old = Block(before, b.Top, b.Left, b.Bottom, b.Right);
+  for (size_t i = 0; i < want.size(); ++i)
+    if (want[i].empty()) want[i] = old[i];
+  EXPECT_EQ(got, want);
+  // nothing outside the selection moves
+  for (int r2 = 2; r2 < 7; ++r2)
+    for (int c = 1; c < 4; ++c)
+      if (r2 < b.Top || r2 > b.Bottom || c < b.Left || c > b.Right) {
+        EXPECT_EQ(g.TextMatrix(r2, c), before.TextMatrix(r2, c));
+      }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Grid, Paste,
+    ::testing::Values(
+        PasteCase{"single_value_fills_the_selection", 2, 1, 3, 2, "7.5", Paste_Outcome::Done, 4,
+                  {"7.5", "7.5", "7.5", "7.5"}},
+        PasteCase{"single_value_with_line_end_from_a_spreadsheet_cell", 4, 2, 4, 2, "-12\n", Paste_Outcome::Done, 1,
+                  {"-12"}},
+        PasteCase{"block_of_the_selection_size", 2, 1, 3, 3, "1\t2\t3\r\n4\t5\t6\r\n", Paste_Outcome::Done, 6,
+                  {"1", "2", "3", "4", "5", "6"}},
+        PasteCase{"block_dragged_upwards_lands_from_the_top_left", 3, 3, 2, 1, "1\t2\t3\r\n4\t5\t6\r\n",
+                  Paste_Outcome::Done, 6, {"1", "2", "3", "4", "5", "6"}},
+        PasteCase{"block_with_bare_line_feeds_and_no_final_one", 5, 2, 6, 3, "1E3\t-2\n0.5\t+4", Paste_Outcome::Done,
+                  4, {"1E3", "-2", "0.5", "+4"}},
+        PasteCase{"2x3_block_on_a_3x2_selection_changes_nothing", 2, 1, 4, 2, "1\t2\t3\r\n4\t5\t6\r\n",
+                  Paste_Outcome::Nothing, 0, {"", "", "", "", "", ""}},
+        PasteCase{"ragged_block_changes_nothing", 2, 1, 3, 2, "1\t2\r\n3\r\n", Paste_Outcome::Nothing, 0,
+                  {"", "", "", ""}},
+        PasteCase{"non_number_in_second_row_keeps_the_first", 2, 1, 3, 2, "1\t2\r\nabc\t4\r\n",
+                  Paste_Outcome::Not_Numeric, 2, {"1", "2", "", ""}},
+        PasteCase{"non_number_mid_row_keeps_the_cells_before_it", 2, 1, 2, 3, "1\t2,5\t3\r\n",
+                  Paste_Outcome::Not_Numeric, 1, {"1", "", ""}},
+        PasteCase{"single_non_number_writes_nothing", 2, 1, 3, 1, "x", Paste_Outcome::Not_Numeric, 0, {"", ""}},
+        PasteCase{"empty_clipboard_does_nothing", 2, 1, 2, 1, "", Paste_Outcome::Nothing, 0, {""}}),
+    [](const ::testing::TestParamInfo<PasteCase>& i) { return std::string(i.param.name); });
+
+TEST(Grid, PasteStopsAtTheCellOfTheBadValue) {
+  Dec_Sep = '.';
+  Text_Grid g = Marked_Grid();
+  g.Set_Cursor(3, 2);
+  g.Select_To(4, 3);
+  const Paste_Result r = Paste_Text(g, "1\t2\r\n3\t--4\r\n");
+  EXPECT_EQ(r.Outcome, Paste_Outcome::Not_Numeric);
+  EXPECT_EQ(r.Bad_Row, 4);
+  EXPECT_EQ(r.Bad_Col, 3);
+  EXPECT_EQ(g.TextMatrix(4, 2), "3");
+}
+
+TEST(Grid, PasteFollowsTheLocaleSeparator) {
+  Dec_Sep = ',';
+  Text_Grid g = Marked_Grid();
+  g.Set_Cursor(2, 1);
+  g.Select_To(2, 2);
+  EXPECT_EQ(Paste_Text(g, "1,5\t2.5").Outcome, Paste_Outcome::Not_Numeric);
+  EXPECT_EQ(g.TextMatrix(2, 1), "1,5");
+  Dec_Sep = '.';
+}
+
+TEST(Grid, CopyIsTabSeparatedRowsEndedByCrLfWhicheverWayItWasDragged) {
+  Text_Grid g = Marked_Grid();
+  g.Set_Cursor(5, 3);
+  g.Select_To(4, 2);
+  EXPECT_EQ(Copy_Block(g), "m42\tm43\r\nm52\tm53\r\n");
+  // what was copied pastes back unchanged on a block of the same shape
+  Dec_Sep = '.';
+  Text_Grid h(7, 4);
+  h.Set_Cursor(2, 1);
+  h.Select_To(3, 2);
+  Text_Grid n(7, 4);
+  for (int r = 2; r < 7; ++r)
+    for (int c = 1; c < 4; ++c) n.Set_TextMatrix(r, c, std::to_string(r * 10 + c) + ".25");
+  n.Set_Cursor(6, 1);
+  n.Select_To(5, 2);
+  EXPECT_EQ(Paste_Text(h, Copy_Block(n)).Outcome, Paste_Outcome::Done);
+  EXPECT_EQ(Block(h, 2, 1, 3, 2), (std::vector<std::string>{"51.25", "52.25", "61.25", "62.25"}));
+}
+
+TEST(Grid, SelectionSizeAndDeleteOfABlock) {
+  Text_Grid g = Marked_Grid();
+  g.Set_Cursor(3, 1);
+  int rows = 0, cols = 0;
+  Get_GridSelection(g, rows, cols);
+  EXPECT_EQ(rows * 10 + cols, 11);
+  g.Select_To(2, 3);  // dragged up and right
+  EXPECT_EQ(Selection_Caption(g), "2x3");
+  Delete_Block(g);
+  EXPECT_EQ(Block(g, 2, 1, 3, 3), std::vector<std::string>(6, ""));
+  EXPECT_EQ(g.TextMatrix(4, 1), "m41");
+}
+
+TEST(Grid, KeyFiltersRefuseTheMinusWhereAValueCantBeNegative) {
+  // columns that may be typed with "-": links of the elements, all of the
+  // restraints and moments, forces and heights of the loads
+  struct {
+    Grid_Kind kind;
+    const char* minusAllowed;  // one mark per column 1..
+  } cases[] = {
+      {Grid_Kind::Elements, "-----+++"},  // L Iz It Iw Betaz | Kt Kvp Ktp
+      {Grid_Kind::Restraints, "+++++"},
+      {Grid_Kind::MV, "++"},
+      {Grid_Kind::SpanLoadsF, "+-+"},     // F x z
+      {Grid_Kind::SpanLoadsQ, "+-+-+"},   // q1 x1 q2 x2 z
+  };
+  Dec_Sep = ',';
+  for (const auto& c : cases) {
+    const std::string marks = c.minusAllowed;
+    ASSERT_EQ((int)marks.size(), Grid_Columns(c.kind) - 1);
+    for (int col = 1; col < Grid_Columns(c.kind); ++col) {
+      int key = '-';
+      EXPECT_EQ(Filter_NumericKey(key, Column_FilterMode(c.kind, col)), marks[col - 1] == '+')
+          << (int)c.kind << " column " << col;
+      int point = '.';
+      EXPECT_TRUE(Filter_NumericKey(point, Column_FilterMode(c.kind, col)));
+      EXPECT_EQ(point, ',');
+    }
+  }
+  Dec_Sep = '.';
+}
+
+}  // namespace

@@ -1,0 +1,115 @@
+// The calculator window: keypad, operations, equals, transfer and the
+// colour of a field that holds no number.
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QtTest>
+
+#include "foundation/Mod_Zarvek.h"
+#include "tools/qt/MiniCalculette.h"
+
+using namespace zarvek;
+
+class Test_MiniCalculette : public QObject {
+  Q_OBJECT
+
+  static void Type(MiniCalculette& c, const QString& text) {
+    for (QChar ch : text) QTest::keyClick(c.focusWidget(), ch.toLatin1());
+  }
+
+ private slots:
+  void initTestCase() { Dec_Sep = '.'; }
+
+  void alwaysOnTopAndEmptyAtStart() {
+    MiniCalculette c;
+    QVERIFY(c.windowFlags() & Qt::WindowStaysOnTopHint);
+    QVERIFY(c.Txt_X->text().isEmpty() && c.Txt_Y->text().isEmpty() && c.Txt_Result->text().isEmpty());
+    QCOMPARE(c.Operation(), 0);
+    QVERIFY(c.Txt_Result->isReadOnly());
+  }
+
+  // 12.5 typed on the keypad, "*" from the keyboard moves to Y, "4" and Enter
+  void keypadAndKeyboard() {
+    MiniCalculette c;
+    c.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&c));
+    c.Txt_X->setFocus();
+    for (int i : {1, 2, 10, 5}) c.Cmd_Touche[i]->click();
+    QCOMPARE(c.Txt_X->text(), QString("12.5"));
+    c.Cmd_Touche[11]->click();  // backspace
+    c.Cmd_Touche[5]->click();
+    Type(c, "*");
+    QCOMPARE(c.Txt_X->text(), QString("12.5"));
+    QCOMPARE(c.Operation(), 2);
+    QCOMPARE(c.Active_Field(), QString("Y"));
+    c.Cmd_Touche[10]->click();  // "0." in an empty field
+    Type(c, "5");
+    QCOMPARE(c.Txt_Y->text(), QString("0.5"));
+    QTest::keyClick(c.focusWidget(), Qt::Key_Return);
+    QCOMPARE(c.Txt_Result->text(), QString("6.25"));
+
+    // a change of an operand empties the result
+    Type(c, "0");
+    QVERIFY(c.Txt_Result->text().isEmpty());
+
+    // a sign, an exponent and its sign; other letters are dropped
+    c.Txt_X->clear();
+    c.Txt_X->setFocus();
+    Type(c, "-1x e-3");
+    QCOMPARE(c.Txt_X->text(), QString("-1E-3"));
+  }
+
+  void equalsAndTransfer() {
+    MiniCalculette c;
+    QSignalSpy spy(&c, &MiniCalculette::Transferred);
+    c.Txt_X->setText("1E6");
+    c.Txt_Y->setText("1E6");
+    c.Cmd_Operation_Click(2);
+    c.Cmd_Egal_Click();
+    QCOMPARE(c.Txt_Result->text(), QString("1.0000000E+12"));
+    c.Cmd_Transfer_Click();
+    QCOMPARE(c.Txt_X->text(), QString("1.0000000E+12"));
+    QVERIFY(c.Txt_Y->text().isEmpty() && c.Txt_Result->text().isEmpty());
+    QCOMPARE(spy.count(), 1);
+    QCOMPARE(spy[0][0].toString(), QString("1.0000000E+12"));
+    // divided by 1E12 + 1: just below one
+    c.Txt_Y->setText("1000000000001");
+    c.Cmd_Operation_Click(3);
+    c.Cmd_Egal_Click();
+    QCOMPARE(c.Txt_Result->text(), QString("0.999999999999"));
+    // nothing to carry over: Transfer does nothing
+    c.Txt_Y->setText("2");
+    c.Cmd_Transfer_Click();
+    QCOMPARE(c.Txt_X->text(), QString("1.0000000E+12"));
+    QCOMPARE(spy.count(), 1);
+  }
+
+  // 1 / 0 shows no result and keeps the window alive; a field that holds no
+  // number turns red and takes the focus until it is mended.
+  void failuresAndRedText() {
+    MiniCalculette c;
+    c.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&c));
+    c.Txt_X->setText("1");
+    c.Txt_Y->setText("0");
+    c.Cmd_Operation_Click(3);
+    c.Cmd_Egal_Click();
+    QVERIFY(c.Txt_Result->text().isEmpty());
+
+    c.Txt_X->setText("1.2.3");
+    c.Cmd_Egal_Click();
+    QCOMPARE(c.Txt_X->palette().color(QPalette::Text), QColor(0xC0, 0, 0));
+    QCOMPARE(c.focusWidget(), static_cast<QWidget*>(c.Txt_X));
+    c.Txt_X->setText("3");
+    c.Txt_Y->setText("-");
+    c.Cmd_Egal_Click();
+    QVERIFY(c.Txt_X->palette().color(QPalette::Text) != QColor(0xC0, 0, 0));
+    QCOMPARE(c.Txt_Y->palette().color(QPalette::Text), QColor(0xC0, 0, 0));
+    c.Txt_Y->setText("4");
+    c.Cmd_Egal_Click();
+    QCOMPARE(c.Txt_Result->text(), QString("0.75"));
+  }
+};
+
+QTEST_MAIN(Test_MiniCalculette)
+#include "test_minicalculette.moc"
