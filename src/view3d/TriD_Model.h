@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "diagrams/Recorder.h"
 #include "model/BeamModel.h"
 #include "view3d/TriD.h"
 
@@ -32,9 +31,5 @@ TriD_Beam TriD_BeamOf(const BeamModel& m);
 // view (what the 3D window shows when it opens). False when the record has
 // no mode (Mode_Max not above 0): nothing is drawn.
 bool TriD_DefaultView(TriD_Scene& t, Surface& s, const BeamModel& m);
-
-// An SVG picture of everything a recorder holds, at its size in pixels
-// (15 twips a pixel).
-std::string Svg_Of(const Recorder& r);
 
 }  // namespace zarvek

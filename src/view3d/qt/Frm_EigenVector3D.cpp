@@ -20,7 +20,7 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
-#include "diagrams/Recorder.h"
+#include "diagrams/SvgWriter.h"
 #include "diagrams/qt/QtSurface.h"
 #include "foundation/Language.h"
 #include "view3d/TriD_Model.h"
@@ -328,16 +328,16 @@ bool Frm_EigenVector3D::Save_Picture(const QString& path) {
   const QString low = path.toLower();
   if (low.endsWith(".png")) return Picture().save(path, "PNG");
   if (!low.endsWith(".svg") || !loaded_) return false;
-  // The same view drawn on a recorder of the picture's size and scale.
+  // The same view drawn as vectors, at the picture's size and scale.
   const Surface& shown = plot_->surface();
-  Recorder rec(shown.Width(), shown.Height(), false);
-  rec.BackColor(Plot_Back);
-  rec.ScaleLeft(shown.ScaleLeft());
-  rec.ScaleTop(shown.ScaleTop());
-  rec.ScaleWidth(shown.ScaleWidth());
-  rec.ScaleHeight(shown.ScaleHeight());
-  TriD_Draw(t_, rec);
-  const std::string svg = Svg_Of(rec);
+  SvgWriter w(shown.Width(), shown.Height());
+  w.BackColor(Plot_Back);
+  w.ScaleLeft(shown.ScaleLeft());
+  w.ScaleTop(shown.ScaleTop());
+  w.ScaleWidth(shown.ScaleWidth());
+  w.ScaleHeight(shown.ScaleHeight());
+  TriD_Draw(t_, w);
+  const std::string svg = w.Document();
   // Written beside and renamed, so an existing file is never half written.
   const QString tmp = path + ".tmp";
   QFile f(tmp);

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <memory>
 
-#include "diagrams/Recorder.h"
+#include "diagrams/SvgWriter.h"
 #include "diagrams/qt/QtSurface.h"
 #include "view3d/TriD_Model.h"
 
@@ -62,13 +62,13 @@ TriD_PictureStatus TriD_WritePicture(const BeamModel& m, const std::string& path
   TriD_Scene t;
   QByteArray bytes;
   if (svg) {
-    Recorder rec(w, h, false);
-    rec.BackColor(Plot_Back);
-    if (!TriD_DefaultView(t, rec, m)) {
+    SvgWriter svgw(w, h);
+    svgw.BackColor(Plot_Back);
+    if (!TriD_DefaultView(t, svgw, m)) {
       error = "there is no buckling mode to draw";
       return TriD_PictureStatus::NoMode;
     }
-    bytes = QByteArray::fromStdString(Svg_Of(rec));
+    bytes = QByteArray::fromStdString(svgw.Document());
   } else {
     Ensure_GuiApplication();
     const double k = std::clamp(scale > 0 ? scale : 1.0, 0.25, 16.0);

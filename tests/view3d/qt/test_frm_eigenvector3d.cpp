@@ -301,6 +301,17 @@ class Test_Frm_EigenVector3D : public QObject {
     QCOMPARE(TriD_WritePicture(fork_, png, 2, error), TriD_PictureStatus::Written);
     QCOMPARE(QImage(QString::fromStdString(png)).size(), QSize(1600, 1200));
     QCOMPARE(TriD_WritePicture(cant_, svg, 1, error), TriD_PictureStatus::Written);
+    {
+      // 101 stations of the cantilever: a web and two flanges each, 100 runs
+      // of six wires and a piece of axis; two end circles, the marks 1 and 2.
+      QFile f(QString::fromStdString(svg));
+      QVERIFY(f.open(QIODevice::ReadOnly));
+      const QByteArray doc = f.readAll();
+      QCOMPARE(doc.count("<line"), qsizetype(101 * 3 + 100 * 7));
+      QCOMPARE(doc.count("#0000c0"), qsizetype(101));
+      QCOMPARE(doc.count("<ellipse"), qsizetype(2));
+      QVERIFY(doc.contains(">1</text>") && doc.contains(">2</text>"));
+    }
     QCOMPARE(TriD_WritePicture(cant_, Scratch("cli.gif"), 1, error), TriD_PictureStatus::BadExtension);
     BeamModel none = Fork_Beam();
     QCOMPARE(TriD_WritePicture(none, png, 1, error), TriD_PictureStatus::NoMode);
