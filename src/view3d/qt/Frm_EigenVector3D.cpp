@@ -306,8 +306,13 @@ void Frm_EigenVector3D::Menu_File_Print() {
   printer.setPageOrientation(QPageLayout::Landscape);
   QPrintDialog dlg(&printer, this);
   if (dlg.exec() != QDialog::Accepted) return;  // cancel: nothing printed
+  Print_Page(printer);
+}
+
+bool Frm_EigenVector3D::Print_Page(QPrinter& printer) {
+  if (!loaded_) return false;
   QPainter p;
-  if (!p.begin(&printer)) return;
+  if (!p.begin(&printer)) return false;
   // The page's printable width, and a height in the picture's proportion.
   const QRectF page = printer.pageLayout().paintRectPixels(printer.resolution());
   const double twipsPerDot = 1440.0 / printer.resolution();
@@ -321,7 +326,7 @@ void Frm_EigenVector3D::Menu_File_Print() {
   QtPainterSurface ps(p, w, h);
   TriD_SetScale(ps, L_);
   TriD_Draw(t_, ps, false);
-  p.end();
+  return p.end();
 }
 
 bool Frm_EigenVector3D::Save_Picture(const QString& path) {

@@ -22,6 +22,7 @@ class QGroupBox;
 class QLabel;
 class QImage;
 class QMenuBar;
+class QPrinter;
 
 namespace zarvek {
 
@@ -44,6 +45,10 @@ class Frm_EigenVector3D : public QDialog {
   // Menu commands.
   void Menu_Edit_Copy();
   void Menu_File_Print();
+  // The page of Menu_File_Print on a printer already set up: the model at
+  // the page's width in the picture's proportions, at its first scale (the
+  // pan is not printed).
+  bool Print_Page(QPrinter& printer);
   // Writes the picture to a PNG or SVG file, by its extension (false when
   // the file can't be written or the extension is neither).
   bool Save_Picture(const QString& path);

@@ -2,6 +2,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QImage>
+#include <QPrinter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
@@ -249,6 +250,13 @@ class Test_Frm_EigenVector3D : public QObject {
       QVERIFY2(std::fabs((after.x() - before.x()) / dpr - 30) < 2,
                qPrintable(QString("%1").arg(after.x() - before.x())));
       QVERIFY(std::fabs(after.y() - before.y()) < 2);
+
+      // Seen from further above and closer, for the eye.
+      auto* rx = frm.findChild<QScrollBar*>("Scroll_RotGlob(1)");
+      for (int k = 1; k <= 40; ++k) rx->setValue(-k);
+      auto* zoom = frm.findChild<QScrollBar*>("Scroll_Zoom");
+      for (int k = 1; k <= 4; ++k) zoom->setValue(k);
+      Save_Shot(frm, fork ? "fork_above.png" : "cantilever_above.png");
     }
   }
 
@@ -272,6 +280,17 @@ class Test_Frm_EigenVector3D : public QObject {
     QVERIFY(f.readAll().contains("<svg"));
     QFile::remove(png);
     QFile::remove(svg);
+
+    // The printed page, as a PDF: the model drawn, nothing cleared.
+    const QString pdf = QString::fromStdString(Scratch("page.pdf"));
+    {
+      QPrinter printer(QPrinter::HighResolution);
+      printer.setOutputFormat(QPrinter::PdfFormat);
+      printer.setOutputFileName(pdf);
+      QVERIFY(frm.Print_Page(printer));
+    }
+    QVERIFY(QFileInfo(pdf).size() > 1000);
+    QFile::remove(pdf);
 
     // No mode: the message on the mode picture, no window.
     BeamModel none = Fork_Beam();
