@@ -15,6 +15,7 @@
 #include "diagrams/qt/QtSurface.h"
 #include "foundation/Language.h"
 #include "view3d/qt/Frm_EigenVector3D.h"
+#include "view3d/qt/TriD_Cursors.h"
 #include "view3d/qt/TriD_Picture.h"
 
 using namespace zarvek;
@@ -304,6 +305,32 @@ class Test_Frm_EigenVector3D : public QObject {
     QCOMPARE(texts[0].y1, 1000.0);
     QCOMPARE(texts[0].colour, Colour(0));
     QVERIFY(!Cmd_Draw3D_Click(nullptr, fork_, rec, true));  // external mode: ignored
+  }
+
+  void cursorsAreTheProgramsOwn() {
+    // Four different pictures, each with its hot spot in the middle.
+    const TriD_Cursor kinds[] = {TriD_Cursor::RotX, TriD_Cursor::RotY, TriD_Cursor::RotZ, TriD_Cursor::TransXY};
+    QImage sheet(4 * 40, 40, QImage::Format_ARGB32);
+    sheet.fill(QColor(0xE0, 0xE0, 0xE0));
+    QPainter p(&sheet);
+    std::vector<QImage> seen;
+    for (int k = 0; k < 4; ++k) {
+      const QCursor c = TriD_QCursor(kinds[k]);
+      QCOMPARE(c.shape(), Qt::BitmapCursor);
+      QCOMPARE(c.hotSpot(), QPoint(16, 16));
+      const QImage img = c.pixmap().toImage();
+      int ink = 0;
+      for (int y = 0; y < img.height(); ++y)
+        for (int x = 0; x < img.width(); ++x) ink += qAlpha(img.pixel(x, y)) > 0;
+      QVERIFY(ink > 40);
+      for (const QImage& other : seen) QVERIFY(other != img);
+      seen.push_back(img);
+      p.drawPixmap(40 * k + 4, 4, c.pixmap());
+    }
+    p.end();
+    QDir().mkpath(QString(ZARVEK_BIN_DIR) + "/../shots");
+    sheet.scaled(sheet.size() * 3).save(QString(ZARVEK_BIN_DIR) + "/../shots/cursors.png");
+    QCOMPARE(TriD_QCursor(TriD_Cursor::Default).shape(), Qt::ArrowCursor);
   }
 
   void pictureFileOfTheCommandLine() {
