@@ -71,7 +71,7 @@ TriD_PictureStatus TriD_WritePicture(const BeamModel& m, const std::string& path
     bytes = QByteArray::fromStdString(svgw.Document());
   } else {
     Ensure_GuiApplication();
-    const double k = std::clamp(scale > 0 ? scale : 1.0, 0.25, 16.0);
+    const double k = std::clamp(scale > 0 ? scale : 1.0, 0.25, 20.0);
     QtImageSurface surf(w, h, 15.0 / k, 1);
     surf.BackColor(Plot_Back);
     if (!TriD_DefaultView(t, surf, m)) {
