@@ -131,7 +131,6 @@ bool TriD_IsLightStation(const TriD_Scene& t, int i) {
 
 void TriD_Draw(TriD_Scene& t, Surface& s, bool picture) {
   if (picture) s.Cls();
-  const int step = Light_Step(t.Stations);
   const bool zoom = t.ZoomStep != 1.0f;
   const float zs = t.ZoomStep;
   const TriD_Axis axis = t.RotAxis;
@@ -189,7 +188,7 @@ void TriD_Draw(TriD_Scene& t, Surface& s, bool picture) {
       }
     }
 
-    const bool tenth = step < 2 || i % step == 1;
+    const bool tenth = TriD_IsLightStation(t, i);
     const bool draw = (t.DrawAll || tenth) && (tenth || !t.Dragging);
     if (draw && !t.Hold) {
       s.Line(px[P1], pz[P1], px[P2], pz[P2], TriD_WebColour);

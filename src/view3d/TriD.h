@@ -115,7 +115,8 @@ void TriD_Init(TriD_Scene& t, Surface& s, float L, int NB, float b1, float b2, f
 // undoing every rotation and zoom.
 void TriD_BuildBeam(TriD_Scene& t);
 
-// Applies the pending rotation and step zoom to every point and draws.
+// Applies the pending rotation and step zoom to every point and draws. The
+// rotation is then cleared, so that a plain redraw turns nothing.
 // `picture`: a screen picture or image, which is cleared first and
 // refreshed after; false for a printer page, which is drawn on as it is.
 void TriD_Draw(TriD_Scene& t, Surface& s, bool picture = true);

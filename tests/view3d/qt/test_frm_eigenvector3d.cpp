@@ -160,17 +160,17 @@ class Test_Frm_EigenVector3D : public QObject {
       SurfaceWidget* plot = frm.Img_Plot3D();
       TriD_Scene& t = frm.Scene();
       const QPoint c(plot->width() / 2, plot->height() / 2);
-      // Middle band, 40 pixels up: about X by -0.1 x 2 pi x 40/height (the
+      // Middle band, 360 pixels up: about X by -0.1 x 2 pi x 360/height (the
       // near side comes up with the mouse), with the upright loop image and
       // a tenth of the sections while dragging.
       const float ax = t.Angle[1];
       const int allBlue = Pixels_Of(frm.Picture(), TriD_WebColour).first;
-      Drag(plot, Qt::LeftButton, c, {0, -40}, 10);
+      Drag(plot, Qt::LeftButton, c + QPoint(0, 180), {0, -360}, 36);
       QCOMPARE(plot->cursor().shape(), Qt::BitmapCursor);
-      const double expected = -0.1 * 2 * 3.14159265 * 40 / plot->height();
+      const double expected = -0.1 * 2 * 3.14159265 * 360 / plot->height();
       QVERIFY(std::fabs((t.Angle[1] - ax) - expected) < -0.02 * expected);
       QVERIFY(Pixels_Of(frm.Picture(), TriD_WebColour).first * 3 < allBlue);
-      QTest::mouseRelease(plot, Qt::LeftButton, {}, c - QPoint(0, 40));
+      QTest::mouseRelease(plot, Qt::LeftButton, {}, c - QPoint(0, 180));
       QCOMPARE(plot->cursor().shape(), Qt::ArrowCursor);
       QVERIFY(Pixels_Of(frm.Picture(), TriD_WebColour).first * 3 > allBlue);
       Save_Shot(frm.grab().toImage(), name + "_turned.png");
