@@ -148,6 +148,7 @@ class Test_Frm_EigenVector3D : public QObject {
     QTest::qWait(50);
     QVERIFY(frm.width() >= 2 * frm.findChild<QWidget*>("Cdr_Effects")->width());
     QVERIFY(frm.height() >= 5460 / 15);
+    Save_Shot(frm.grab().toImage(), "least_size.png");
   }
 
   void dragsTurnAndPan() {
