@@ -1,0 +1,276 @@
+// The 3D window on solved beams: a fork-supported span and a cantilever.
+#include <QClipboard>
+#include <QPrinter>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QtTest>
+#include <cmath>
+#include <unistd.h>
+
+#include "analysis/Proceed.h"
+#include "diagrams/Recorder.h"
+#include "diagrams/qt/QtSurface.h"
+#include "foundation/Language.h"
+#include "view3d/qt/Frm_EigenVector3D.h"
+#include "view3d/qt/TriD_Cursors.h"
+#include "view3d/qt/TriD_Picture.h"
+
+using namespace zarvek;
+
+namespace {
+
+constexpr float Step = 3.14159265f / 120;  // one step of a rotation bar
+
+std::string Scratch(const std::string& name) {
+  return QDir::tempPath().toStdString() + "/zarvek-3d-" + std::to_string(::getpid()) + "-" + name;
+}
+
+// IPE 300, 10 m in 100 elements, fork supports, uniform moment.
+BeamModel Fork_Beam() {
+  BeamModel m;
+  Init_Default(m, "/tmp");
+  return m;
+}
+
+// The same section 4 m long, clamped at end 1 and free at end 2, in plane
+// and out of plane, under a uniform moment.
+BeamModel Cantilever() {
+  BeamModel m = Fork_Beam();
+  m.Txt_L = "4";
+  m.Lst_vp1 = m.Lst_tp1 = Restraint_Item(1);
+  m.Lst_v2 = m.Lst_t2 = Restraint_Item(0);
+  m.Opt_AA = false;
+  m.Opt_EL = true;
+  m.Txt_M1 = m.Txt_M2 = "100";
+  return m;
+}
+
+bool Solve(BeamModel& m, const std::string& name) {
+  SolveControl ctl;
+  ProceedResult r = Proceed(m, Scratch(name), ctl);
+  ::unlink(Scratch(name).c_str());
+  return r.Solve_Status == 0 && m.Mode_Max > 0;
+}
+
+// Number and centre of the pixels of a colour (0xBBGGRR).
+std::pair<int, QPointF> Pixels_Of(const QImage& img, Colour c) {
+  const QRgb want = To_QColor(c).rgb();
+  const QImage im = img.convertToFormat(QImage::Format_RGB32);
+  double sx = 0, sy = 0;
+  int n = 0;
+  for (int y = 0; y < im.height(); ++y)
+    for (int x = 0; x < im.width(); ++x)
+      if (im.pixel(x, y) == want) sx += x, sy += y, ++n;
+  return {n, n ? QPointF(sx / n, sy / n) : QPointF(-1, -1)};
+}
+
+void Save_Shot(const QImage& img, const QString& name) {
+  const QString dir = QString(ZARVEK_BIN_DIR) + "/../shots";
+  QDir().mkpath(dir);
+  img.save(dir + "/" + name);
+}
+
+// A drag on the picture: press, moves in steps, release.
+void Drag(QWidget* w, Qt::MouseButton b, QPoint from, QPoint by, int steps) {
+  QTest::mousePress(w, b, {}, from);
+  for (int k = 1; k <= steps; ++k) {
+    const QPointF p = from + QPointF(by) * k / steps;
+    QMouseEvent mv(QEvent::MouseMove, p, w->mapToGlobal(p), Qt::NoButton, b, Qt::NoModifier);
+    QApplication::sendEvent(w, &mv);
+  }
+}
+
+}  // namespace
+
+class Test_Frm_EigenVector3D : public QObject {
+  Q_OBJECT
+ private slots:
+  void initTestCase() {
+    QVERIFY(Solve(fork_, "FORK.ZVK"));
+    QVERIFY(Solve(cant_, "CANT.ZVK"));
+  }
+
+  void barsActByDirectionOneStepEach() {
+    Frm_EigenVector3D frm(fork_);
+    frm.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&frm));
+    TriD_Scene& t = frm.Scene();
+    auto bar = [&](const char* n) { auto* b = frm.findChild<QScrollBar*>(n); Q_ASSERT(b); return b; };
+    auto click = [&](const char* n) { frm.findChild<QPushButton*>(n)->click(); };
+    bar("Scroll_Zoom")->setValue(5000);  // however far: one step
+    QCOMPARE(t.ZoomTotal, 1.1f);
+    bar("Scroll_Zoom")->setValue(4000);
+    QVERIFY(std::fabs(t.ZoomTotal - 1) < 1e-6);
+    // X and the beam's own axis turn against their thumb, Y and Z with it.
+    const float ax = t.Angle[1], ay = t.Angle[2], az = t.Angle[3];
+    bar("Scroll_RotGlob(1)")->setValue(10);
+    bar("Scroll_RotGlob(2)")->setValue(10);
+    bar("Scroll_RotGlob(3)")->setValue(-10);
+    bar("Scroll_RotLocX")->setValue(10);
+    QVERIFY(std::fabs(t.Angle[1] - (ax - Step)) < 1e-6);
+    QVERIFY(std::fabs(t.Angle[2] - (ay + Step)) < 1e-6);
+    QVERIFY(std::fabs(t.Angle[3] - (az - Step)) < 1e-6);
+    QVERIFY(std::fabs(t.LocTotal + Step) < 1e-6);
+    click("Cmd_RotGlob0(1)");
+    QCOMPARE(bar("Scroll_RotGlob(1)")->value(), 0);
+    QVERIFY(std::fabs(t.Angle[1]) < 1e-6);
+    // Pan: a rising bar moves the scale back by a tenth; Cmd_ReCenter resets both bars.
+    Surface& s = frm.Plot();
+    const double left = s.ScaleLeft(), top = s.ScaleTop();
+    bar("Scroll_X")->setValue(1);
+    bar("Scroll_Z")->setValue(1);
+    QVERIFY(std::fabs(s.ScaleLeft() - (left - s.ScaleWidth() / 10)) < 1e-3);
+    QVERIFY(std::fabs(s.ScaleTop() - (top - s.ScaleHeight() / 10)) < 1e-3);
+    click("Cmd_ReCenter");
+    QCOMPARE(bar("Scroll_X")->value() + bar("Scroll_Z")->value(), 0);
+    QVERIFY(std::fabs(s.ScaleLeft() - left) < 1e-3);
+    // Ratio 0: the undeformed beam in the first view.
+    click("Cmd_RapDep0");
+    QCOMPARE(t.RapDep, 0.0f);
+    QVERIFY(std::fabs(t.Angle[3] + 30 * Step) < 1e-5);  // -45 degrees
+  }
+
+  void resizeKeepsTheTurnNotThePanWithALeastSize() {
+    Frm_EigenVector3D frm(fork_);
+    frm.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&frm));
+    TriD_Scene& t = frm.Scene();
+    frm.findChild<QScrollBar*>("Scroll_Zoom")->setValue(1);
+    frm.findChild<QScrollBar*>("Scroll_X")->setValue(1);
+    const float x3 = t.X[P3][7];
+    frm.resize(frm.width() + 120, frm.height() + 60);
+    QTest::qWait(50);
+    QCOMPARE(t.X[P3][7], x3);
+    QCOMPARE(t.ZoomTotal, 1.1f);
+    Surface& s = frm.Plot();
+    QVERIFY(std::fabs(s.ScaleLeft() + 0.55 * t.L) < 1e-3);  // -L/2 - L/20 again
+    frm.resize(50, 50);
+    QTest::qWait(50);
+    QVERIFY(frm.width() >= 2 * frm.findChild<QWidget*>("Cdr_Effects")->width());
+    QVERIFY(frm.height() >= 5460 / 15);
+    Save_Shot(frm.grab().toImage(), "least_size.png");
+  }
+
+  void dragsTurnAndPan() {
+    for (BeamModel* m : {&fork_, &cant_}) {
+      Frm_EigenVector3D frm(*m);
+      frm.show();
+      QVERIFY(QTest::qWaitForWindowExposed(&frm));
+      const QString name = m == &fork_ ? "fork" : "cantilever";
+      Save_Shot(frm.grab().toImage(), name + "_default.png");
+      SurfaceWidget* plot = frm.Img_Plot3D();
+      TriD_Scene& t = frm.Scene();
+      const QPoint c(plot->width() / 2, plot->height() / 2);
+      // Middle band, 360 pixels up: about X by -0.1 x 2 pi x 360/height (the
+      // near side comes up with the mouse), with the upright loop image and
+      // a tenth of the sections while dragging.
+      const float ax = t.Angle[1];
+      const int allBlue = Pixels_Of(frm.Picture(), TriD_WebColour).first;
+      Drag(plot, Qt::LeftButton, c + QPoint(0, 180), {0, -360}, 36);
+      QCOMPARE(plot->cursor().shape(), Qt::BitmapCursor);
+      const double expected = -0.1 * 2 * 3.14159265 * 360 / plot->height();
+      QVERIFY(std::fabs((t.Angle[1] - ax) - expected) < -0.02 * expected);
+      QVERIFY(Pixels_Of(frm.Picture(), TriD_WebColour).first * 3 < allBlue);
+      QTest::mouseRelease(plot, Qt::LeftButton, {}, c - QPoint(0, 180));
+      QCOMPARE(plot->cursor().shape(), Qt::ArrowCursor);
+      QVERIFY(Pixels_Of(frm.Picture(), TriD_WebColour).first * 3 > allBlue);
+      Save_Shot(frm.grab().toImage(), name + "_turned.png");
+      // Right drag: the red axis follows the mouse 30 pixels across.
+      const QPointF before = Pixels_Of(frm.Picture(), TriD_AxisColour).second;
+      Drag(plot, Qt::RightButton, c, {30, 0}, 3);
+      QTest::mouseRelease(plot, Qt::RightButton, {}, c + QPoint(30, 0));
+      const QPointF moved = Pixels_Of(frm.Picture(), TriD_AxisColour).second - before;
+      QVERIFY(std::fabs(moved.x() / frm.Picture().devicePixelRatio() - 30) < 2 && std::fabs(moved.y()) < 2);
+      // From further above and closer, for the eye.
+      for (int k = 1; k <= 40; ++k) frm.findChild<QScrollBar*>("Scroll_RotGlob(1)")->setValue(-k);
+      for (int k = 1; k <= 4; ++k) frm.findChild<QScrollBar*>("Scroll_Zoom")->setValue(k);
+      Save_Shot(frm.grab().toImage(), name + "_above.png");
+    }
+  }
+
+  void copySavePrintAndNoMode() {
+    Frm_EigenVector3D frm(cant_);
+    frm.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&frm));
+    frm.Menu_Edit_Copy();
+    QCOMPARE(QGuiApplication::clipboard()->image().size(), frm.Picture().size());
+    const QString png = QString::fromStdString(Scratch("view.png")), svg = QString::fromStdString(Scratch("v.SVG"));
+    QVERIFY(frm.Save_Picture(png) && frm.Save_Picture(svg));
+    QVERIFY(!frm.Save_Picture(QString::fromStdString(Scratch("view.bmp"))));
+    QCOMPARE(QImage(png).size(), frm.Picture().size());
+    const QString pdf = QString::fromStdString(Scratch("page.pdf"));
+    {
+      QPrinter printer(QPrinter::HighResolution);
+      printer.setOutputFormat(QPrinter::PdfFormat);
+      printer.setOutputFileName(pdf);
+      QVERIFY(frm.Print_Page(printer));
+    }
+    QVERIFY(QFileInfo(pdf).size() > 1000);
+    for (const QString& f : {png, svg, pdf}) QFile::remove(f);
+
+    // No mode: Msg(14) in black on the mode picture at (W/4, H/2), no window.
+    BeamModel none = Fork_Beam();
+    Set_Msg(14, "No buckling mode yet");
+    Recorder rec(7336, 2000, false);
+    QVERIFY(!Cmd_Draw3D_Click(nullptr, none, rec, false));
+    const auto texts = rec.Of(RecordedOp::Text);
+    QCOMPARE(texts.size(), std::size_t(1));
+    QCOMPARE(texts[0].text, std::string("No buckling mode yet"));
+    QCOMPARE(texts[0].x1, 1834.0);
+    QCOMPARE(texts[0].y1, 1000.0);
+    QCOMPARE(texts[0].colour, Colour(0));
+    QVERIFY(!Cmd_Draw3D_Click(nullptr, fork_, rec, true));  // external mode: ignored
+  }
+
+  void cursorsAreTheProgramsOwn() {
+    QImage sheet(160, 40, QImage::Format_ARGB32);
+    sheet.fill(QColor(0xE0, 0xE0, 0xE0));
+    QPainter p(&sheet);
+    std::vector<QImage> seen;
+    for (TriD_Cursor k : {TriD_Cursor::RotX, TriD_Cursor::RotY, TriD_Cursor::RotZ, TriD_Cursor::TransXY}) {
+      const QCursor c = TriD_QCursor(k);
+      QCOMPARE(c.hotSpot(), QPoint(16, 16));
+      const QImage img = c.pixmap().toImage();
+      for (const QImage& other : seen) QVERIFY(other != img);  // four different pictures
+      p.drawPixmap(40 * int(seen.size()) + 4, 4, c.pixmap());
+      seen.push_back(img);
+    }
+    p.end();
+    Save_Shot(sheet.scaled(sheet.size() * 3), "cursors.png");
+  }
+
+  void pictureFileOfTheCommandLine() {
+    const std::string png = Scratch("cli.png"), svg = Scratch("cli.svg");
+    std::string error;
+    QCOMPARE(TriD_WritePicture(fork_, png, 1, error), TriD_PictureStatus::Written);
+    const QImage img(QString::fromStdString(png));
+    QCOMPARE(img.size(), QSize(800, 600));
+    // A half-sine mode in the first view: the red axis is centred in the picture.
+    const QPointF red = Pixels_Of(img, TriD_AxisColour).second;
+    QVERIFY(std::fabs(red.x() - 400) < 15 && std::fabs(red.y() - 300) < 15);
+    QCOMPARE(TriD_WritePicture(fork_, png, 2, error), TriD_PictureStatus::Written);
+    QCOMPARE(QImage(QString::fromStdString(png)).size(), QSize(1600, 1200));
+    QCOMPARE(TriD_WritePicture(cant_, svg, 1, error), TriD_PictureStatus::Written);
+    QFile f(QString::fromStdString(svg));
+    QVERIFY(f.open(QIODevice::ReadOnly));
+    const QByteArray doc = f.readAll();
+    // 101 stations: a web and two flanges each, 100 runs of six wires and a
+    // piece of axis; two end circles; the marks 1 and 2.
+    QCOMPARE(doc.count("<line"), qsizetype(101 * 3 + 100 * 7));
+    QCOMPARE(doc.count("<ellipse"), qsizetype(2));
+    QVERIFY(doc.contains(">1</text>") && doc.contains(">2</text>"));
+    QCOMPARE(TriD_WritePicture(cant_, Scratch("cli.gif"), 1, error), TriD_PictureStatus::BadExtension);
+    BeamModel none = Fork_Beam();
+    QCOMPARE(TriD_WritePicture(none, png, 1, error), TriD_PictureStatus::NoMode);
+    QCOMPARE(TriD_WritePicture(fork_, "/nonexistent-dir/x.png", 1, error), TriD_PictureStatus::WriteFailed);
+    ::unlink(png.c_str());
+    ::unlink(svg.c_str());
+  }
+
+ private:
+  BeamModel fork_ = Fork_Beam();
+  BeamModel cant_ = Cantilever();
+};
+
+QTEST_MAIN(Test_Frm_EigenVector3D)
+#include "test_frm_eigenvector3d.moc"

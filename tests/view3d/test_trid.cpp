@@ -1,0 +1,386 @@
+// The wire model of the buckled beam, drawn on the recorder.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <vector>
+
+#include "diagrams/Recorder.h"
+#include "view3d/TriD.h"
+
+using namespace zarvek;
+
+namespace {
+
+constexpr double Pi = 3.14159265358979;
+
+// A 800 x 600 pixel picture.
+constexpr double W_Twips = 12000, H_Twips = 9000;
+
+// A mode of NB elements, 1-based: v = vmax sin(pi x/L), theta = tmax sin(pi x/L),
+// with their derivatives along the beam (per cm).
+std::vector<float> Sine_Mode(int NB, double L, double vmax, double tmax) {
+  std::vector<float> m(4 * (NB + 1) + 1, 0.0f);
+  for (int i = 1; i <= NB + 1; ++i) {
+    const double x = (i - 1) * L / NB;
+    const double sn = std::sin(Pi * x / L), cs = std::cos(Pi * x / L);
+    m[1 + 4 * (i - 1)] = static_cast<float>(vmax * sn);
+    m[2 + 4 * (i - 1)] = static_cast<float>(tmax * sn);
+    m[3 + 4 * (i - 1)] = static_cast<float>(vmax * Pi / L * cs);
+    m[4 + 4 * (i - 1)] = static_cast<float>(tmax * Pi / L * cs);
+  }
+  return m;
+}
+
+struct Scene {
+  Recorder rec{W_Twips, H_Twips, false};
+  TriD_Scene t;
+  Scene(int NB, double L, const std::vector<float>& mode, float b = 15, float h = 30) {
+    TriD_Init(t, rec, static_cast<float>(L), NB, b, b, h / 2, -h / 2, mode);
+  }
+};
+
+// x of every web line drawn (one per drawn station), sorted.
+std::vector<double> Web_Xs(const Recorder& r) {
+  std::vector<double> xs;
+  for (const auto& op : r.Of(RecordedOp::Line, TriD_WebColour)) xs.push_back(op.x1);
+  return xs;
+}
+
+}  // namespace
+
+// ---- the default displacement ratio ----------------------------------------
+
+TEST(TriD_Ratio, LateralShiftOfAnEighthOrTwistOfThirtyDegrees) {
+  const double L = 1000;
+  struct Case {
+    const char* what;
+    double vmax, tmax;
+    double ratio;  // by hand
+  } cases[] = {
+      // (L/8)/vmax = 125/2 = 62.5 against (pi/6)/0.1 = 5.236: the twist rules
+      {"twist first", 2.0, 0.1, (Pi / 6) / 0.1},
+      // 125/200 = 0.625 against (pi/6)/0.1: the shift rules
+      {"shift first", 200.0, 0.1, 0.625},
+      {"no twist", 2.0, 0.0, 62.5},
+      {"no shift", 0.0, 0.5, (Pi / 6) / 0.5},
+      {"flat mode", 0.0, 0.0, 0.0},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    Scene s(100, L, Sine_Mode(100, L, c.vmax, c.tmax));
+    EXPECT_NEAR(s.t.RapDep0, c.ratio, 1e-5 * std::max(1.0, c.ratio));
+    EXPECT_EQ(s.t.RapDep, s.t.RapDep0);
+  }
+}
+
+// ---- the built beam against hand calculations ----------------------------
+
+TEST(TriD_Beam, FlangeTipsOfATwistedAndWarpedStation) {
+  // One element; station 1 carries v = 3 cm, theta = 0.2, v' = 0.01,
+  // theta' = 0.002 /cm at ratio 1. Upper flange 15 cm wide at +15 cm, lower
+  // 10 cm wide at -15 cm. Hand values (x of the station 0 -> -L/2):
+  //   sin 0.2 = 0.198669, cos 0.2 = 0.980067
+  //   upper centre (3 - 15 sin, 15 cos) = (0.019960, 14.700999)
+  //   lower centre (3 + 15 sin, -15 cos) = (5.980040, -14.700999)
+  //   warping angles 0.01 - 15(0.002) = -0.02 and 0.01 + 15(0.002) = 0.04
+  std::vector<float> mode(9, 0.0f);
+  mode[1] = 3.0f;
+  mode[2] = 0.2f;
+  mode[3] = 0.01f;
+  mode[4] = 0.002f;
+  Recorder rec(W_Twips, H_Twips, false);
+  TriD_Scene t;
+  TriD_Init(t, rec, 400, 1, 15, 10, 15, -15, mode);
+  t.RapDep = 1;
+  TriD_BuildBeam(t);
+  const double x0 = -200;
+  struct Tip {
+    int p;
+    double dx, y, z;
+  } tips[] = {
+      {P1, 0.0, 0.019960, 14.700999},
+      {P2, 0.0, 5.980040, -14.700999},
+      {P3, -0.149990, -7.329039, 13.210979},
+      {P4, 0.149990, 7.368959, 16.191019},
+      {P5, 0.199947, 1.083707, -15.694345},
+      {P6, -0.199947, 10.876373, -13.707652},
+      {P7, 0.0, 3.0, 0.0},
+  };
+  for (const auto& c : tips) {
+    SCOPED_TRACE(c.p + 1);
+    EXPECT_NEAR(t.X[c.p][1], x0 + c.dx, 2e-4);
+    EXPECT_NEAR(t.Y[c.p][1], c.y, 2e-4);
+    EXPECT_NEAR(t.Z[c.p][1], c.z, 2e-4);
+  }
+  // The flanges stay rigid: each tip lies half a width from its centre.
+  auto dist = [&](int a, int b) {
+    return std::hypot(t.X[a][1] - t.X[b][1], t.Y[a][1] - t.Y[b][1], t.Z[a][1] - t.Z[b][1]);
+  };
+  EXPECT_NEAR(dist(P3, P1), 7.5, 1e-4);
+  EXPECT_NEAR(dist(P4, P1), 7.5, 1e-4);
+  EXPECT_NEAR(dist(P5, P2), 5.0, 1e-4);
+  EXPECT_NEAR(dist(P6, P2), 5.0, 1e-4);
+  EXPECT_NEAR(dist(P1, P2), 30.0, 1e-4);
+}
+
+TEST(TriD_Beam, RatioZeroGivesTheStraightBeamThroughTheResetView) {
+  const double L = 600;
+  Scene s(100, L, Sine_Mode(100, L, 5, 0.3));
+  TriD_ResetView(s.t, s.rec);
+  TriD_SetRapDep(s.t, 0, s.rec);
+  EXPECT_EQ(s.t.RapDep, 0.0f);
+  // Every cross-section is the same figure moved along the axis: every web
+  // line drawn has the same two components, and the axis points lie on one
+  // straight line.
+  const auto webs = s.rec.Of(RecordedOp::Line, TriD_WebColour);
+  ASSERT_EQ(webs.size(), 101u);
+  for (const auto& w : webs) {
+    EXPECT_NEAR(w.x2 - w.x1, webs[0].x2 - webs[0].x1, 1e-3);
+    EXPECT_NEAR(w.y2 - w.y1, webs[0].y2 - webs[0].y1, 1e-3);
+  }
+  const int n = s.t.Stations;
+  const double ax = s.t.X[P7][n] - s.t.X[P7][1], az = s.t.Z[P7][n] - s.t.Z[P7][1];
+  for (int i = 1; i <= n; ++i) {
+    const double bx = s.t.X[P7][i] - s.t.X[P7][1], bz = s.t.Z[P7][i] - s.t.Z[P7][1];
+    EXPECT_NEAR(ax * bz - az * bx, 0.0, 1e-2 * L);
+  }
+  // ... and the default view is back: 15 degrees about Y, -45 about Z.
+  EXPECT_NEAR(s.t.Angle[1], 0.0, 1e-7);
+  EXPECT_NEAR(s.t.Angle[2], 15 * Pi / 180, 1e-6);
+  EXPECT_NEAR(s.t.Angle[3], -45 * Pi / 180, 1e-6);
+}
+
+TEST(TriD_Beam, RatioStepsByAFifthThroughZeroWithinTwiceTheDefault) {
+  const double L = 800;
+  Scene s(100, L, Sine_Mode(100, L, 4, 0));
+  const float a = s.t.RapDep0;  // (L/8)/4 = 25
+  EXPECT_NEAR(a, 25.0, 1e-4);
+  for (int k = 0; k < 20; ++k) TriD_SetRapDep(s.t, 1, s.rec);
+  EXPECT_NEAR(s.t.RapDep, 2 * a, 1e-3);  // stops at 2a after 5 steps
+  for (int k = 0; k < 10; ++k) TriD_SetRapDep(s.t, -1, s.rec);
+  EXPECT_NEAR(s.t.RapDep, 0.0, 1e-3);
+  TriD_SetRapDep(s.t, -1, s.rec);
+  EXPECT_NEAR(s.t.RapDep, -a / 5, 1e-3);  // the other side
+  // The mid-span axis point of a pure sway of -a/5 x 4 = -20 cm, seen
+  // before any rotation: rebuild and read it.
+  TriD_BuildBeam(s.t);
+  EXPECT_NEAR(s.t.Y[P7][51], -20.0, 1e-3);
+}
+
+// ---- rotations and zoom ----------------------------------------------------
+
+TEST(TriD_View, RotationsAccumulateAndComeBackWithStepZero) {
+  const double L = 500;
+  for (int index = 1; index <= 4; ++index) {  // 4: about the beam's own axis
+    SCOPED_TRACE(index);
+    Scene s(100, L, Sine_Mode(100, L, 3, 0.2));
+    TriD_RotGlob(s.t, 1, 2, s.rec);  // tilt first, so the beam's axis is not X
+    s.t.Angle[2] = 0;
+    const TriD_Scene before = s.t;
+    for (int k = 0; k < 7; ++k) {
+      if (index == 4)
+        TriD_RotLocX(s.t, 1, s.rec);
+      else
+        TriD_RotGlob(s.t, 1, index, s.rec);
+    }
+    for (int k = 0; k < 2; ++k) {
+      if (index == 4)
+        TriD_RotLocX(s.t, -1, s.rec);
+      else
+        TriD_RotGlob(s.t, -1, index, s.rec);
+    }
+    const double turned = 5 * Pi / 120;
+    if (index == 4)
+      EXPECT_NEAR(s.t.LocTotal, turned, 1e-5);
+    else
+      EXPECT_NEAR(s.t.Angle[index], turned, 1e-5);
+    // The rotation is in the stored points: a plain redraw changes nothing.
+    const TriD_Scene turnedScene = s.t;
+    TriD_Draw(s.t, s.rec);
+    EXPECT_EQ(s.t.X[P3], turnedScene.X[P3]);
+    EXPECT_EQ(s.t.Z[P6], turnedScene.Z[P6]);
+    if (index == 4)
+      TriD_RotLocX(s.t, 0, s.rec);
+    else
+      TriD_RotGlob(s.t, 0, index, s.rec);
+    for (int p = 0; p < TriD_PointCount; ++p)
+      for (int i = 1; i <= s.t.Stations; i += 25) {
+        EXPECT_NEAR(s.t.X[p][i], before.X[p][i], 1e-3);
+        EXPECT_NEAR(s.t.Y[p][i], before.Y[p][i], 1e-3);
+        EXPECT_NEAR(s.t.Z[p][i], before.Z[p][i], 1e-3);
+      }
+  }
+}
+
+TEST(TriD_View, OneStepTurnsAboutTheFixedAxisByOneAndAHalfDegrees) {
+  // The upper flange centre of the first station of a straight beam is
+  // (-L/2, 0, h1). A step about X turns it to (.., -h1 sin a, h1 cos a); about
+  // Y to (-L/2 cos a + h1 sin a, .., L/2 sin a + h1 cos a); about Z to
+  // (-L/2 cos a, -L/2 sin a, h1).
+  const double L = 400, h1 = 12, a = 1.5 * Pi / 180;
+  struct Case {
+    int index;
+    double x, y, z;
+  } cases[] = {
+      {1, -L / 2, -h1 * std::sin(a), h1 * std::cos(a)},
+      {2, -L / 2 * std::cos(a) + h1 * std::sin(a), 0, L / 2 * std::sin(a) + h1 * std::cos(a)},
+      {3, -L / 2 * std::cos(a), -L / 2 * std::sin(a), h1},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.index);
+    Scene s(100, L, Sine_Mode(100, L, 0, 0), 10, 2 * h1);
+    TriD_RotGlob(s.t, 1, c.index, s.rec);
+    EXPECT_NEAR(s.t.X[P1][1], c.x, 1e-3);
+    EXPECT_NEAR(s.t.Y[P1][1], c.y, 1e-3);
+    EXPECT_NEAR(s.t.Z[P1][1], c.z, 1e-3);
+  }
+}
+
+TEST(TriD_View, ZoomStopsAtTwentyAndAtOneHalf) {
+  const double L = 1000;
+  Scene s(100, L, Sine_Mode(100, L, 0, 0));
+  const int n = s.t.Stations;
+  // 1.1^31 = 19.19 < 20 <= 1.1^32 = 21.11: the 32nd step is the last.
+  for (int k = 0; k < 40; ++k) TriD_Zoom(s.t, 1, s.rec);
+  EXPECT_NEAR(s.t.ZoomTotal, std::pow(1.1, 32), 1e-3);
+  EXPECT_NEAR(s.t.X[P7][n], L / 2 * std::pow(1.1, 32), 0.5);
+  EXPECT_EQ(s.t.ZoomStep, 1.0f);
+  TriD_Zoom(s.t, 0, s.rec);
+  EXPECT_EQ(s.t.ZoomTotal, 1.0f);
+  EXPECT_NEAR(s.t.X[P7][n], L / 2, 1e-2);
+  // 1.1^-7 = 0.513 > 0.5 >= 1.1^-8 = 0.4665.
+  for (int k = 0; k < 15; ++k) TriD_Zoom(s.t, -1, s.rec);
+  EXPECT_NEAR(s.t.ZoomTotal, std::pow(1.1, -8), 1e-4);
+  EXPECT_NEAR(s.t.X[P7][n], L / 2 * std::pow(1.1, -8), 1e-2);
+  // The end circles keep to the section's size on the screen: radius
+  // depth/20 / sqrt(zoom) with the depth drawn at zoom size.
+  const auto circles = s.rec.Of(RecordedOp::Arc, TriD_AxisColour);
+  ASSERT_EQ(circles.size(), 2u);
+  EXPECT_NEAR(circles[0].r, 30.0 / 20 * std::sqrt(std::pow(1.1, -8)), 1e-3);
+}
+
+TEST(TriD_Drawing, TenthOfTheStationsInADragOrALightDrawing) {
+  const double L = 1000;
+  for (int NB : {100, 120, 150, 200}) {
+    SCOPED_TRACE(NB);
+    Scene s(NB, L, Sine_Mode(NB, L, 0, 0));
+    EXPECT_EQ(Web_Xs(s.rec).size(), static_cast<std::size_t>(NB + 1));  // at rest, all
+    const int step = NB / 10;
+    std::vector<double> expected;
+    for (int i = 1; i <= NB + 1; i += step) expected.push_back(-L / 2 + (i - 1) * L / NB);
+    ASSERT_EQ(expected.size(), 11u);
+
+    s.t.Dragging = true;  // a drag: always the tenth
+    TriD_Draw(s.t, s.rec);
+    auto xs = Web_Xs(s.rec);
+    ASSERT_EQ(xs.size(), expected.size());
+    for (std::size_t k = 0; k < xs.size(); ++k) EXPECT_NEAR(xs[k], expected[k], 1e-3);
+    // The longitudinal lines join the drawn stations: 10 runs of 6 black
+    // lines and 10 red pieces of axis.
+    EXPECT_EQ(s.rec.Of(RecordedOp::Line, TriD_AxisColour).size(), 10u);
+    EXPECT_EQ(s.rec.Of(RecordedOp::Line, TriD_WireColour).size(), 11u * 2 + 10u * 6);
+
+    s.t.Dragging = false;
+    s.t.DrawAll = false;  // the light drawing at rest
+    TriD_Draw(s.t, s.rec);
+    EXPECT_EQ(Web_Xs(s.rec).size(), 11u);
+    s.t.DrawAll = true;
+    TriD_Draw(s.t, s.rec);
+    EXPECT_EQ(Web_Xs(s.rec).size(), static_cast<std::size_t>(NB + 1));
+  }
+}
+
+TEST(TriD_Drawing, EndMarksOneAndTwo) {
+  const double L = 1000;
+  Scene s(100, L, Sine_Mode(100, L, 0, 0));
+  const auto texts = s.rec.Of(RecordedOp::Text);
+  ASSERT_EQ(texts.size(), 2u);
+  const double rho = 30.0 / 20;  // depth 30 cm at zoom 1
+  EXPECT_EQ(texts[0].text, "1");
+  EXPECT_EQ(texts[1].text, "2");
+  EXPECT_EQ(texts[0].colour, TriD_AxisColour);
+  // "1" stands left of the first end, "2" right of the last, both 2 rho above.
+  EXPECT_LT(texts[0].x1, -L / 2 - 2 * rho + 1e-9);
+  EXPECT_NEAR(texts[1].x1, L / 2 + 2 * rho, 1e-3);
+  EXPECT_NEAR(texts[0].y1, 2 * rho, 1e-3);
+  const auto circles = s.rec.Of(RecordedOp::Arc, TriD_AxisColour);
+  ASSERT_EQ(circles.size(), 2u);
+  EXPECT_NEAR(circles[0].x1, -L / 2, 1e-3);
+  EXPECT_NEAR(circles[1].x1, L / 2, 1e-3);
+  EXPECT_NEAR(circles[1].r, rho, 1e-4);
+  // The printer route draws the same without clearing a page.
+  Recorder page(W_Twips, H_Twips, false);
+  TriD_SetScale(page, static_cast<float>(L));
+  TriD_Draw(s.t, page, false);
+  EXPECT_TRUE(page.Of(RecordedOp::Clear).empty());
+  EXPECT_EQ(page.Refreshes(), 0);
+  EXPECT_EQ(page.Of(RecordedOp::Text).size(), 2u);
+}
+
+// ---- the mouse -------------------------------------------------------------
+
+TEST(TriD_Mouse, ZonesChooseTheRotationAndTheImage) {
+  const double L = 1000;  // W = 1100, H = 825 around the origin
+  struct Case {
+    double x, y;
+    TriD_Zone zone;
+    TriD_Cursor cursor;
+  } cases[] = {
+      {0, 0, TriD_Zone::Upright, TriD_Cursor::RotX},
+      {180, 270, TriD_Zone::Upright, TriD_Cursor::RotX},     // |dx| < 183.3, |dy| < 275
+      {-190, 0, TriD_Zone::Flat, TriD_Cursor::RotZ},         // |dx| < 366.7, |dy| < 137.5
+      {360, -130, TriD_Zone::Flat, TriD_Cursor::RotZ},
+      {200, 200, TriD_Zone::Outside, TriD_Cursor::RotY},
+      {400, 0, TriD_Zone::Outside, TriD_Cursor::RotY},
+      {0, 300, TriD_Zone::Outside, TriD_Cursor::RotY},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(testing::Message() << c.x << "," << c.y);
+    Scene s(100, L, Sine_Mode(100, L, 2, 0.1));
+    EXPECT_EQ(TriD_ZoneOf(s.rec, c.x, c.y), c.zone);
+    TriD_MouseDown(s.t, s.rec, c.x, c.y, 1);
+    EXPECT_EQ(s.t.Cursor, c.cursor);
+    EXPECT_TRUE(s.t.Dragging);
+    // A small move turns about the zone's axis by the drag law.
+    const double dX = 2, dY = 3;
+    const float a0[4] = {s.t.Angle[0], s.t.Angle[1], s.t.Angle[2], s.t.Angle[3]};
+    TriD_MouseMove(s.t, s.rec, c.x + dX, c.y + dY, 1);
+    double expected[4] = {0, 0, 0, 0};
+    if (c.zone == TriD_Zone::Upright) expected[1] = 0.1 * (-2 * Pi * dY / 825);
+    if (c.zone == TriD_Zone::Flat) expected[3] = 0.1 * (2 * Pi * dX / 1100);
+    if (c.zone == TriD_Zone::Outside) {
+      const double X = c.x + dX, Y = c.y + dY;
+      expected[2] = 0.1 * (-(X * dY - Y * dX) / (X * X + Y * Y));
+    }
+    for (int k = 1; k <= 3; ++k) EXPECT_NEAR(s.t.Angle[k] - a0[k], expected[k], 1e-6);
+    // While dragging, a tenth of the stations; all of them come back after.
+    EXPECT_EQ(Web_Xs(s.rec).size(), 11u);
+    TriD_MouseUp(s.t, s.rec);
+    EXPECT_FALSE(s.t.Dragging);
+    EXPECT_EQ(s.t.Cursor, TriD_Cursor::Default);
+    EXPECT_EQ(Web_Xs(s.rec).size(), 101u);
+  }
+}
+
+TEST(TriD_Mouse, RightDragPansWithTheMouse) {
+  const double L = 1000;
+  Scene s(100, L, Sine_Mode(100, L, 2, 0.1));
+  const double left = s.rec.ScaleLeft(), top = s.rec.ScaleTop();
+  const double unit = 1100.0 / 800;  // cm a pixel
+  // The window gives the pointer in the scale of the moment.
+  auto at = [&](double px, double py) {
+    return std::pair<float, float>(static_cast<float>(s.rec.FromTwipsX(px * 15)),
+                                   static_cast<float>(s.rec.FromTwipsY(py * 15)));
+  };
+  auto p = at(100, 100);
+  TriD_MouseDown(s.t, s.rec, p.first, p.second, 2);
+  EXPECT_EQ(s.t.Cursor, TriD_Cursor::TransXY);
+  for (int k = 1; k <= 4; ++k) {
+    p = at(100 + 10 * k, 100 - 5 * k);
+    TriD_MouseMove(s.t, s.rec, p.first, p.second, 2);
+  }
+  // 40 pixels right and 20 up: the picture follows, the scale moves back.
+  EXPECT_NEAR(s.rec.ScaleLeft(), left - 40 * unit, 1e-3);
+  EXPECT_NEAR(s.rec.ScaleTop(), top - 20 * unit, 1e-3);
+  TriD_MouseUp(s.t, s.rec);
+}
