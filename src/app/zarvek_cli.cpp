@@ -51,6 +51,7 @@ const char* Usage_Text =
     "                                   or of a problem file (.ZVK)\n"
     "  zarvek-cli sections              list the section catalogue\n"
     "  zarvek-cli section NAME          properties of a catalogue section, e.g. \"IPE 300\"\n"
+    "  zarvek-cli report FILE.DAT -o OUT.rtf|OUT.pdf [--lang UK|FR]   results report\n"
     "  zarvek-cli --help                this text\n"
     "\n"
     "A project is checked as the main window checks it and solved with the method,\n"
@@ -438,6 +439,8 @@ int Command_Section(const std::string& fullName) {
 
 }  // namespace
 
+int Cli_Report(const std::vector<std::string>& args);  // cli_report.cpp
+
 int main(int argc, char** argv) {
   Keep_Freed_Memory();
   std::vector<std::string> args(argv + 1, argv + argc);
@@ -467,6 +470,7 @@ int main(int argc, char** argv) {
     }
     return Command_Solve(file, json);
   }
+  if (cmd == "report") return Cli_Report(args);
   if (cmd == "sections" && args.size() == 1) return Command_Sections();
   if (cmd == "section" && args.size() >= 2) {
     std::string name = args[1];
