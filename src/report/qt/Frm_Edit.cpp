@@ -15,6 +15,7 @@
 #include <QResizeEvent>
 #include <QShortcut>
 #include <QTextEdit>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <cstring>
 
@@ -158,7 +159,13 @@ bool Frm_Edit::Refresh_Report(bool force) {
 
 void Frm_Edit::showEvent(QShowEvent* e) {
   QDialog::showEvent(e);
-  Refresh_Report();
+  if (!Needs_Rebuild()) return;
+  // the window comes up at once with the panel over the text; the report is
+  // built as soon as the window has been painted
+  Pnl_WaitEdit_->setGeometry(RichTextBox_->geometry());
+  Pnl_WaitEdit_->raise();
+  Pnl_WaitEdit_->show();
+  QTimer::singleShot(0, this, [this] { Refresh_Report(); });
 }
 
 void Frm_Edit::resizeEvent(QResizeEvent* e) {

@@ -47,10 +47,16 @@ class Test_Frm_Edit : public QObject {
     Frm_Edit w(m, Frm_Edit::Context{"UK", QDir::tempPath().toStdString(), false});
     QCOMPARE(w.objectName(), QStringLiteral("Frm_Edit"));
     QCOMPARE(w.Build_Count(), 0);
+    QLabel* wait = w.findChild<QLabel*>(QStringLiteral("Pnl_WaitEdit"));
+    QVERIFY(wait);
     w.show();
+    QVERIFY(wait->isVisible());  // covers the text until the report is built
     QVERIFY(QTest::qWaitForWindowExposed(&w));
-    QCOMPARE(w.Build_Count(), 1);
-    QVERIFY(!w.findChild<QLabel*>(QStringLiteral("Pnl_WaitEdit"))->isVisible());
+    QTRY_COMPARE(w.Build_Count(), 1);
+    QVERIFY(!wait->isVisible());
+    // for a look at the window: ZARVEK_SCREENSHOTS=<folder>
+    if (qEnvironmentVariableIsSet("ZARVEK_SCREENSHOTS"))
+      w.grab().save(qEnvironmentVariable("ZARVEK_SCREENSHOTS") + QStringLiteral("/Frm_Edit.png"));
     const QString text = w.RichTextBox()->toPlainText();
     QVERIFY(text.contains(QStringLiteral("Mcr\t=\t") + QString::fromStdString(m.Txt_Mcr)));
     QVERIFY(text.contains(QString::fromUtf8("\xCE\xB8")));  // theta
@@ -59,6 +65,8 @@ class Test_Frm_Edit : public QObject {
     // a second opening with the same data shows the same text at once
     w.hide();
     w.show();
+    QVERIFY(!wait->isVisible());
+    QTest::qWait(50);
     QCOMPARE(w.Build_Count(), 1);
     QVERIFY(!w.Refresh_Report());
 

@@ -138,6 +138,9 @@ class Test_Frm_EigenVector : public QObject {
     QApplication::clipboard()->setText(QStringLiteral("old"));
     QTest::keyClick(g, Qt::Key_C, Qt::ControlModifier);
     QCOMPARE(QApplication::clipboard()->text(), block);
+    // for a look at the window: ZARVEK_SCREENSHOTS=<folder>
+    if (qEnvironmentVariableIsSet("ZARVEK_SCREENSHOTS"))
+      w.grab().save(qEnvironmentVariable("ZARVEK_SCREENSHOTS") + QStringLiteral("/Frm_EigenVector.png"));
 
     // one cell alone
     g->clearSelection();
