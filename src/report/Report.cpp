@@ -97,6 +97,7 @@ void Title(Rich_Text& rt, const std::string& text) {
   rt.SetFont_Underline(true);
   rt.Send_Text(text);
   rt.SetFont_Normal();
+  rt.Keep_With_Next();
   rt.NewParagraph();
 }
 
@@ -365,6 +366,7 @@ void Edit_Results(Rich_Text& rt, const BeamModel& m, const Report_Inputs& in) {
     rt.Tabulate(0.1);
     if (m.Chk_EffM) Key(rt, " M", Key_M, false);
     if (m.Chk_EffV) Key(rt, " V", Key_V, false);
+    rt.Keep_With_Next();
     rt.NewParagraph();
     Picture(rt, in, Report_PictureKind::Forces);
     rt.WriteLine(Msg_Utf8(77), "Mmax", m.Txt_Mmax[0], uM);
@@ -395,6 +397,7 @@ void Edit_Results(Rich_Text& rt, const BeamModel& m, const Report_Inputs& in) {
       if (m.Chk_t) Key(rt, " q", Key_t, true);
       if (m.Chk_vp) Key(rt, " v'", Key_vp, false);
       if (m.Chk_tp) Key(rt, " q \xC2\xA2", Key_tp, true);
+      rt.Keep_With_Next();
       rt.NewParagraph();
       Picture(rt, in, Report_PictureKind::Mode);
     }

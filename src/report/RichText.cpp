@@ -311,6 +311,7 @@ std::string Rtf_Of(const Rich_Document& doc) {
     const Rich_Paragraph& p = doc.paragraphs[pi];
     s += "\\pard";
     s += p.alignment == Align_Centre ? "\\qc" : p.alignment == Align_Right ? "\\qr" : "\\ql";
+    if (p.keep_with_next) s += "\\keepn";
     std::vector<double> tabs = p.tabs;
     std::sort(tabs.begin(), tabs.end());
     tabs.erase(std::unique(tabs.begin(), tabs.end()), tabs.end());

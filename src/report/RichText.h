@@ -71,6 +71,7 @@ struct Rich_Run {
 
 struct Rich_Paragraph {
   int alignment = Align_Left;
+  bool keep_with_next = false;  // not to be parted from the next paragraph by a page end
   std::vector<double> tabs;  // tab stops, fractions of the text width, by index
   std::vector<Rich_Run> runs;
 };
@@ -113,6 +114,10 @@ class Rich_Text {
   // paragraph.
   void WriteLine(const std::string& label, const std::string& symbol, const std::string& value,
                  const std::string& unit);
+
+  // The current paragraph stays on the page of the next one (a title with
+  // its first row, a key with its diagram).
+  void Keep_With_Next() { Current().keep_with_next = true; }
 
   int Tab_Counter() const { return tab_counter_; }
   const Rich_CharFormat& Format() const { return format_; }

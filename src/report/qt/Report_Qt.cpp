@@ -25,6 +25,8 @@ namespace zarvek {
 namespace {
 
 constexpr double Twips_Per_Px = 15.0;  // 96 dpi
+// Block property: the paragraph keeps with the next one.
+constexpr int Keep_With_Next_Property = QTextFormat::UserProperty + 1;
 
 QColor Colour_Of(Rich_Colour c) { return QColor(c & 0xFF, c >> 8 & 0xFF, c >> 16 & 0xFF); }
 
@@ -49,6 +51,7 @@ QTextBlockFormat Block_Format(const Rich_Paragraph& p, double textWidthPx) {
   QList<QTextOption::Tab> tabs;
   for (double t : stops) tabs.append(QTextOption::Tab(t * textWidthPx, QTextOption::LeftTab));
   bf.setTabPositions(tabs);
+  if (p.keep_with_next) bf.setProperty(Keep_With_Next_Property, true);
   return bf;
 }
 
@@ -124,6 +127,26 @@ void Fill_PageDocument(QTextDocument& doc, const Rich_Document& rich) {
   Fill_TextDocument(doc, rich);
   doc.setDocumentMargin(Report_Margin / Twips_Per_Px);
   doc.setPageSize(QSizeF(Report_PageWidth / Twips_Per_Px, Report_PageHeight / Twips_Per_Px));
+  // A title and a key stay on the page of what follows them: where a page
+  // ends inside such a group, the group starts the next page.
+  const double H = doc.pageSize().height();
+  auto keep = [](const QTextBlock& b) { return b.blockFormat().boolProperty(Keep_With_Next_Property); };
+  for (QTextBlock b = doc.begin(); b.isValid(); b = b.next()) {
+    if (!keep(b)) continue;
+    QTextBlock last = b;
+    while (last.isValid() && keep(last)) last = last.next();
+    if (!last.isValid()) break;
+    QAbstractTextDocumentLayout* layout = doc.documentLayout();
+    const QRectF first = layout->blockBoundingRect(b), end = layout->blockBoundingRect(last);
+    const int pageFirst = (int)(first.top() / H), pageEnd = (int)((end.bottom() - 1) / H);
+    if (pageFirst != pageEnd && end.bottom() - first.top() < 0.8 * H) {
+      QTextCursor c(b);
+      QTextBlockFormat f = b.blockFormat();
+      f.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+      c.setBlockFormat(f);
+    }
+    b = last;
+  }
 }
 
 void Print_Report(const Rich_Document& rich, QPagedPaintDevice& device) {
