@@ -132,6 +132,8 @@ std::string Frm_Edit::Fingerprint() const {
   f += '\x1f' + m_.Txt_mucr + '\x1f' + m_.Txt_Mcr + '\x1f' + m_.Txt_Mmax[0] + '\x1f' + m_.Lbl_xfMmax[0] + '\x1f' +
        m_.Lbl_Iteration + '\x1f' + m_.Lbl_Tolerance + '\x1f' + std::to_string(m_.Mode_Max) + '\x1f';
   f.append(reinterpret_cast<const char*>(m_.Mode_Vector.data()), m_.Mode_Vector.size() * sizeof(float));
+  // the curves shown, whose keys the report writes
+  for (bool b : {m_.Chk_EffM, m_.Chk_EffV, m_.Chk_v, m_.Chk_t, m_.Chk_vp, m_.Chk_tp}) f += b ? '1' : '0';
   f += '\x1f' + ctx_.Language_Code + '\x1f' + (ctx_.ExternalMode ? "1" : "0") + '\x1f' + Caption(3, 1) +
        Msg_Utf8(58) + Caption(1, 35);
   return f;

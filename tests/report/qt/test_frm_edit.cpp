@@ -79,6 +79,9 @@ class Test_Frm_Edit : public QObject {
     m.Lst_Unit_M = 0;
     QVERIFY(w.Needs_Rebuild());
     w.Refresh_Report();
+    m.Chk_vp = false;  // a curve of the mode no longer shown: its key goes
+    QVERIFY(w.Needs_Rebuild());
+    w.Refresh_Report();
     InitProcessInfo(m);
     QVERIFY(w.Needs_Rebuild());
     w.Refresh_Report();
