@@ -261,8 +261,8 @@ bool Frm_EigenVector::Save_Csv(const QString& path, QString* error) const {
 }
 
 void Frm_EigenVector::Menu_File_SaveCsv() {
-  QFileDialog dlg(this, Menu_File_SaveCsv_->text().remove(QLatin1Char('&')), QString(),
-                  QStringLiteral("CSV (*.csv)"));
+  QFileDialog dlg(this, Menu_File_SaveCsv_->text().remove(QLatin1Char('&')), QString::fromStdString(dir_),
+                  QStringLiteral("CSV (*.csv *.CSV)"));
   dlg.setAcceptMode(QFileDialog::AcceptSave);
   dlg.setDefaultSuffix(QStringLiteral("csv"));
   if (dlg.exec() != QDialog::Accepted || dlg.selectedFiles().isEmpty()) return;

@@ -34,6 +34,8 @@ class Frm_EigenVector : public QDialog {
   void PrepareAndFill_GrdEigen();
 
   QTableWidget* Grd_Eigen() const { return Grd_Eigen_; }
+  // Where the file dialog of Save as CSV starts (Dir_Data).
+  void Set_DataDir(const std::string& dir) { dir_ = dir; }
 
   // ---- the rules of the cells -------------------------------------------
   // A mode value: "0" when its magnitude (single precision) is below 1e-20,
@@ -70,6 +72,7 @@ class Frm_EigenVector : public QDialog {
 
   const BeamModel& m_;
   bool external_ = false;
+  std::string dir_;
   QTableWidget* Grd_Eigen_ = nullptr;
   QGroupBox* Cdr_Trad_ = nullptr;
   QPushButton* Cmd_OK_ = nullptr;

@@ -181,7 +181,7 @@ bool Frm_Edit::Save_Pdf(const QString& path, QString* error) const { return Expo
 
 void Frm_Edit::Menu_File_SaveAs() {
   QFileDialog dlg(this, Menu_File_SaveAs_->text().remove(QLatin1Char('&')), Q(ctx_.Dir_Data),
-                  QStringLiteral("*.RTF"));
+                  QStringLiteral("Rich Text (*.RTF *.rtf)"));
   dlg.setAcceptMode(QFileDialog::AcceptSave);
   dlg.setDefaultSuffix(QStringLiteral("RTF"));
   if (dlg.exec() != QDialog::Accepted || dlg.selectedFiles().isEmpty()) return;
@@ -193,7 +193,7 @@ void Frm_Edit::Menu_File_SaveAs() {
 
 void Frm_Edit::Menu_File_ExportPdf() {
   QFileDialog dlg(this, Menu_File_ExportPdf_->text().remove(QLatin1Char('&')), Q(ctx_.Dir_Data),
-                  QStringLiteral("PDF (*.pdf)"));
+                  QStringLiteral("PDF (*.pdf *.PDF)"));
   dlg.setAcceptMode(QFileDialog::AcceptSave);
   dlg.setDefaultSuffix(QStringLiteral("pdf"));
   if (dlg.exec() != QDialog::Accepted || dlg.selectedFiles().isEmpty()) return;
