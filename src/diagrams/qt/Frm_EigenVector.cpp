@@ -146,6 +146,7 @@ void Frm_EigenVector::PrepareAndFill_GrdEigen() {
 
   // widths by strings of zeros in the window's font, headings in two lines
   const QFontMetrics fm(g.font());
+  g.verticalHeader()->setDefaultSectionSize(fm.height() + 6);
   for (int c = 0; c < 6; ++c) {
     g.setColumnWidth(c, fm.horizontalAdvance(QString(Columns[c].zeros, QLatin1Char('0'))) + 8);
     auto* h = new QTableWidgetItem(QString::fromUtf8(Columns[c].name) + QLatin1Char('\n') +

@@ -8,6 +8,9 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <unistd.h>
+
+#include "analysis/Proceed.h"
 #include "diagrams/qt/Frm_EigenVector.h"
 #include "foundation/Mod_Zarvek.h"
 
@@ -151,6 +154,43 @@ class Test_Frm_EigenVector : public QObject {
     g->clearSelection();
     w.Menu_Edit_Copy();
     QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("2.0000E-03\r\n"));
+  }
+
+  void modeOfASolvedBeam() {
+    // fork supports under uniform moment: the mode is a half sine wave,
+    // v and theta vanish at the supports (held rigidly), their slopes at
+    // midspan
+    BeamModel m;
+    Init_Default(m, "/tmp");
+    SolveControl ctl;
+    const std::string problem = QDir::tempPath().toStdString() + "/zarvek-eigen-" + std::to_string(::getpid()) + ".ZVK";
+    QCOMPARE((int)Proceed(m, problem, ctl).Solve_Status, 0);
+    ::unlink(problem.c_str());
+    Frm_EigenVector w(m);
+    QTableWidget* g = w.Grd_Eigen();
+    QCOMPARE(g->rowCount(), 101);
+    QCOMPARE(g->item(100, 1)->text(), QStringLiteral("1000.0"));
+    QCOMPARE(g->item(50, 1)->text(), QStringLiteral("500.0"));
+    for (int row : {0, 100})
+      for (int col : {2, 3}) QCOMPARE(g->item(row, col)->text(), QStringLiteral("0"));
+    int tinted = 0;
+    for (int r = 0; r < 101; ++r)
+      for (int c = 2; c <= 5; ++c)
+        if (g->item(r, c)->background().color() == Tint) {
+          ++tinted;
+          QVERIFY(std::fabs(std::fabs(Num_Of_Text(g->item(r, c)->text().toStdString())) - 1) < 1e-4);
+        }
+    QVERIFY(tinted >= 1);
+    // the largest displacement at midspan
+    for (int c : {2, 3}) {
+      const double mid = std::fabs(Num_Of_Text(g->item(50, c)->text().toStdString()));
+      for (int r = 0; r < 101; ++r) QVERIFY(std::fabs(Num_Of_Text(g->item(r, c)->text().toStdString())) <= mid);
+    }
+    if (qEnvironmentVariableIsSet("ZARVEK_SCREENSHOTS")) {
+      w.show();
+      QVERIFY(QTest::qWaitForWindowExposed(&w));
+      w.grab().save(qEnvironmentVariable("ZARVEK_SCREENSHOTS") + QStringLiteral("/Frm_EigenVector_solved.png"));
+    }
   }
 
   void csvFile() {
