@@ -53,6 +53,7 @@ const char* Usage_Text =
     "  zarvek-cli section NAME          properties of a catalogue section, e.g. \"IPE 300\"\n"
     "  zarvek-cli draw FILE --what loads|section|forces|mode -o OUT.png|OUT.svg [--scale K]\n"
     "                                   one diagram of a project or problem file\n"
+    "  zarvek-cli report FILE.DAT -o OUT.rtf|OUT.pdf [--lang UK|FR]   results report\n"
     "  zarvek-cli --help                this text\n"
     "\n"
     "A project is checked as the main window checks it and solved with the method,\n"
@@ -443,6 +444,7 @@ int Command_Section(const std::string& fullName) {
 namespace zarvek {
 int Command_Draw(const std::vector<std::string>& args);  // cli_draw.cpp
 }
+int Cli_Report(const std::vector<std::string>& args);  // cli_report.cpp
 
 int main(int argc, char** argv) {
   Keep_Freed_Memory();
@@ -474,6 +476,7 @@ int main(int argc, char** argv) {
     return Command_Solve(file, json);
   }
   if (cmd == "draw") return zarvek::Command_Draw(args);
+  if (cmd == "report") return Cli_Report(args);
   if (cmd == "sections" && args.size() == 1) return Command_Sections();
   if (cmd == "section" && args.size() >= 2) {
     std::string name = args[1];

@@ -1,0 +1,217 @@
+// The table of the buckling mode: formats, the tinted normalising value, the
+// column of x, copy of a block and the CSV file.
+#include <QApplication>
+#include <QClipboard>
+#include <QFile>
+#include <QHeaderView>
+#include <QTableWidget>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <unistd.h>
+
+#include "analysis/Proceed.h"
+#include "diagrams/qt/Frm_EigenVector.h"
+#include "foundation/Mod_Zarvek.h"
+
+using namespace zarvek;
+
+namespace {
+
+// A mode of three nodes, v theta v' theta' each; index 0 unused.
+BeamModel Three_Nodes(std::vector<float> values) {
+  BeamModel m;
+  m.Txt_L = "10";  // m
+  m.Fact_L = 100;  // cm a metre
+  m.Mode_Vector = {0};
+  m.Mode_Vector.insert(m.Mode_Vector.end(), values.begin(), values.end());
+  m.Mode_Max = 1;
+  return m;
+}
+
+const QColor Tint(0xC0, 0xFF, 0xFF);  // 0xFFFFC0 as BBGGRR
+
+}  // namespace
+
+class Test_Frm_EigenVector : public QObject {
+  Q_OBJECT
+ private slots:
+  void cellRules_data() {
+    QTest::addColumn<float>("value");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("tinted");
+    QTest::newRow("one") << 1.0f << "1.0000E+00" << true;
+    QTest::newRow("minus one") << -1.0f << "-1.0000E+00" << true;
+    QTest::newRow("within 2e-5 of one") << 0.99999f << "9.9999E-01" << true;
+    QTest::newRow("3e-5 from one") << 0.99997f << "9.9997E-01" << false;
+    QTest::newRow("small") << 1.23456e-3f << "1.2346E-03" << false;
+    QTest::newRow("negative, large") << -52.5f << "-5.2500E+01" << false;
+    QTest::newRow("1e-21 shows 0") << 1e-21f << "0" << false;
+    QTest::newRow("zero") << 0.0f << "0" << false;
+    QTest::newRow("1e-20 is kept") << 1e-20f << "1.0000E-20" << false;
+  }
+  void cellRules() {
+    QFETCH(float, value);
+    QFETCH(QString, text);
+    QFETCH(bool, tinted);
+    QCOMPARE(QString::fromStdString(Frm_EigenVector::Mode_Text(value)), text);
+    QCOMPARE(Frm_EigenVector::Mode_Tinted(value), tinted);
+  }
+
+  void decimalSeparatorOfTheLocale() {
+    const char keep = Dec_Sep;
+    Dec_Sep = ',';
+    QCOMPARE(QString::fromStdString(Frm_EigenVector::Mode_Text(-0.5f)), QStringLiteral("-5,0000E-01"));
+    QCOMPARE(QString::fromStdString(Frm_EigenVector::X_Text(2, 3, 1000)), QStringLiteral("500,0"));
+    Dec_Sep = keep;
+  }
+
+  void abscissae() {
+    // n nodes equally spaced on L: node i at (i - 1) L / (n - 1), plus a
+    // thousandth that settles exact halves upward
+    QCOMPARE(QString::fromStdString(Frm_EigenVector::X_Text(1, 101, 1000)), QStringLiteral("0.0"));
+    QCOMPARE(QString::fromStdString(Frm_EigenVector::X_Text(101, 101, 1000)), QStringLiteral("1000.0"));
+    QCOMPARE(QString::fromStdString(Frm_EigenVector::X_Text(2, 3, 0.5)), QStringLiteral("0.3"));   // 0.25
+    QCOMPARE(QString::fromStdString(Frm_EigenVector::X_Text(2, 5, 0.3)), QStringLiteral("0.1"));   // 0.075
+    QCOMPARE(QString::fromStdString(Frm_EigenVector::X_Text(3, 4, 0.45)), QStringLiteral("0.3"));  // 0.3
+  }
+
+  void filledTable() {
+    const BeamModel m = Three_Nodes({0, 0, 0.5f, 0,  //
+                                     0.75f, -1, 0, 2e-3f,  //
+                                     0, 0, -0.5f, 1e-21f});
+    Frm_EigenVector w(m);
+    QTableWidget* g = w.Grd_Eigen();
+    QCOMPARE(g->objectName(), QStringLiteral("Grd_Eigen"));
+    QCOMPARE(g->rowCount(), 3);
+    QCOMPARE(g->columnCount(), 6);
+    const char* rows[3][6] = {{" 1", "0.0", "0", "0", "5.0000E-01", "0"},
+                              {" 2", "500.0", "7.5000E-01", "-1.0000E+00", "0", "2.0000E-03"},
+                              {" 3", "1000.0", "0", "0", "-5.0000E-01", "0"}};
+    for (int r = 0; r < 3; ++r)
+      for (int c = 0; c < 6; ++c) {
+        QCOMPARE(g->item(r, c)->text(), QString::fromUtf8(rows[r][c]));
+        QCOMPARE(g->item(r, c)->textAlignment(), (int)Qt::AlignCenter);
+        const bool tinted = r == 1 && c == 3;  // the -1 of theta at node 2
+        QCOMPARE(g->item(r, c)->background().color() == Tint, tinted);
+      }
+    // headings: name and unit, Greek as Unicode
+    QCOMPARE(g->horizontalHeaderItem(3)->text(), QString::fromUtf8("\xCE\xB8\n(rd)"));
+    QCOMPARE(g->horizontalHeaderItem(5)->text(), QString::fromUtf8("\xCE\xB8\xE2\x80\xB2\n(rd/cm)"));
+    QCOMPARE(g->horizontalHeaderItem(1)->text(), QStringLiteral("x\n(cm)"));
+    // widths by strings of zeros: 5, 12 and 17 of them
+    QVERIFY(g->columnWidth(0) < g->columnWidth(1));
+    QVERIFY(g->columnWidth(1) < g->columnWidth(2));
+    QCOMPARE(g->columnWidth(2), g->columnWidth(5));
+    QVERIFY(!g->isColumnHidden(1));
+  }
+
+  void externalModeHasNoAbscissae() {
+    const BeamModel m = Three_Nodes(std::vector<float>(12, 1.0f));
+    Frm_EigenVector w(m, true);
+    QVERIFY(w.Grd_Eigen()->isColumnHidden(1));
+    QCOMPARE(w.Grd_Eigen()->item(2, 1)->text(), QString());
+    // neither a copy nor the CSV carries the hidden column
+    w.Grd_Eigen()->setRangeSelected(QTableWidgetSelectionRange(0, 0, 0, 2), true);
+    QCOMPARE(w.Selection_Text(), QStringLiteral("1\t1.0000E+00\r\n"));
+    QVERIFY(w.Csv_Text().startsWith(QString::fromUtf8("N\xC2\xB0,v (cm),")));
+  }
+
+  void copyOfABlock() {
+    const BeamModel m = Three_Nodes({0, 0, 0.5f, 0,  //
+                                     0.75f, -1, 0, 2e-3f,  //
+                                     0, 0, -0.5f, 1e-21f});
+    Frm_EigenVector w(m);
+    w.show();
+    w.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&w));
+    QTableWidget* g = w.Grd_Eigen();
+    QAction* copy = w.findChild<QAction*>(QStringLiteral("Menu_Edit_Copy"));
+    QVERIFY(copy);
+    // Copy is offered while the grid has the focus
+    w.findChild<QWidget*>(QStringLiteral("Cmd_OK"))->setFocus();
+    QTRY_VERIFY(!copy->isEnabled());
+    g->setFocus();
+    QTRY_VERIFY(copy->isEnabled());
+
+    // rows 2 and 3, columns x to theta: tab between cells, CR LF after rows
+    g->setRangeSelected(QTableWidgetSelectionRange(1, 1, 2, 3), true);
+    const QString block = QStringLiteral("500.0\t7.5000E-01\t-1.0000E+00\r\n1000.0\t0\t0\r\n");
+    QCOMPARE(w.Selection_Text(), block);
+    QApplication::clipboard()->setText(QStringLiteral("old"));
+    QTest::keyClick(g, Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QApplication::clipboard()->text(), block);
+    // for a look at the window: ZARVEK_SCREENSHOTS=<folder>
+    if (qEnvironmentVariableIsSet("ZARVEK_SCREENSHOTS"))
+      w.grab().save(qEnvironmentVariable("ZARVEK_SCREENSHOTS") + QStringLiteral("/Frm_EigenVector.png"));
+
+    // one cell alone
+    g->clearSelection();
+    g->setRangeSelected(QTableWidgetSelectionRange(1, 5, 1, 5), true);
+    w.Menu_Edit_Copy();
+    QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("2.0000E-03\r\n"));
+    // nothing selected: the clipboard is left alone
+    g->clearSelection();
+    w.Menu_Edit_Copy();
+    QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("2.0000E-03\r\n"));
+  }
+
+  void modeOfASolvedBeam() {
+    // fork supports under uniform moment: the mode is a half sine wave,
+    // v and theta vanish at the supports (held rigidly), their slopes at
+    // midspan
+    BeamModel m;
+    Init_Default(m, "/tmp");
+    SolveControl ctl;
+    const std::string problem = QDir::tempPath().toStdString() + "/zarvek-eigen-" + std::to_string(::getpid()) + ".ZVK";
+    QCOMPARE((int)Proceed(m, problem, ctl).Solve_Status, 0);
+    ::unlink(problem.c_str());
+    Frm_EigenVector w(m);
+    QTableWidget* g = w.Grd_Eigen();
+    QCOMPARE(g->rowCount(), 101);
+    QCOMPARE(g->item(100, 1)->text(), QStringLiteral("1000.0"));
+    QCOMPARE(g->item(50, 1)->text(), QStringLiteral("500.0"));
+    for (int row : {0, 100})
+      for (int col : {2, 3}) QCOMPARE(g->item(row, col)->text(), QStringLiteral("0"));
+    int tinted = 0;
+    for (int r = 0; r < 101; ++r)
+      for (int c = 2; c <= 5; ++c)
+        if (g->item(r, c)->background().color() == Tint) {
+          ++tinted;
+          QVERIFY(std::fabs(std::fabs(Num_Of_Text(g->item(r, c)->text().toStdString())) - 1) < 1e-4);
+        }
+    QVERIFY(tinted >= 1);
+    // the largest displacement at midspan
+    for (int c : {2, 3}) {
+      const double mid = std::fabs(Num_Of_Text(g->item(50, c)->text().toStdString()));
+      for (int r = 0; r < 101; ++r) QVERIFY(std::fabs(Num_Of_Text(g->item(r, c)->text().toStdString())) <= mid);
+    }
+    if (qEnvironmentVariableIsSet("ZARVEK_SCREENSHOTS")) {
+      w.show();
+      QVERIFY(QTest::qWaitForWindowExposed(&w));
+      w.grab().save(qEnvironmentVariable("ZARVEK_SCREENSHOTS") + QStringLiteral("/Frm_EigenVector_solved.png"));
+    }
+  }
+
+  void csvFile() {
+    const BeamModel m = Three_Nodes({0, 0, 0.5f, 0,  //
+                                     0.75f, -1, 0, 2e-3f,  //
+                                     0, 0, -0.5f, 1e-21f});
+    Frm_EigenVector w(m);
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("mode.csv"));
+    QVERIFY(w.Save_Csv(path));
+    QFile f(path);
+    QVERIFY(f.open(QIODevice::ReadOnly));
+    const QByteArray bytes = f.readAll();
+    QVERIFY(bytes.startsWith("\xEF\xBB\xBF"));
+    const QStringList lines = QString::fromUtf8(bytes.mid(3)).split(QStringLiteral("\r\n"));
+    QCOMPARE(lines.size(), 5);  // heading, three nodes, the empty rest after the last CR LF
+    QCOMPARE(lines[0], QString::fromUtf8("N\xC2\xB0,x (cm),v (cm),\xCE\xB8 (rd),v' (rd),\xCE\xB8\xE2\x80\xB2 (rd/cm)"));
+    QCOMPARE(lines[2], QStringLiteral("2,500.0,7.5000E-01,-1.0000E+00,0,2.0000E-03"));
+    QVERIFY(!w.Save_Csv(dir.filePath(QStringLiteral("no/such/dir/mode.csv"))));
+  }
+};
+
+QTEST_MAIN(Test_Frm_EigenVector)
+#include "test_frm_eigenvector.moc"

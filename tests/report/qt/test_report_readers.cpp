@@ -1,0 +1,186 @@
+// The report in real readers: LibreOffice Writer converts the RTF of a
+// solved project to PDF, and both that PDF and the program's own PDF hold the
+// text, the Greek letters, every value of the data blocks and the four
+// pictures. Also zarvek-cli report, which writes both files without a display.
+//
+// LibreOffice (Debian package libreoffice-writer-nogui) and poppler-utils
+// (pdftotext, pdfimages) are needed for the reader checks, which are skipped
+// with a line saying so when they are missing.
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QtTest>
+#include <unistd.h>
+
+#include "analysis/Proceed.h"
+#include "report/qt/Report_Qt.h"
+
+using namespace zarvek;
+
+namespace {
+
+BeamModel Solved_Model() {
+  BeamModel m;
+  Init_Default(m, "/tmp");
+  // a beam that shows more than the defaults: a point load above the shear
+  // centre and a punctual restraint
+  m.Chk_F1 = true;
+  m.Txt_F1 = "-25";
+  m.Txt_zF1 = "15";
+  m.Chk_Punctual1 = true;
+  m.Txt_xfint1 = "0.5";
+  m.Lst_vi_p1 = Restraint_Item(1);
+  m.Lst_ti_p1 = RestraintList{-1, "40", true};
+  SolveControl ctl;
+  ctl.Show_Progress = [&m](int it, double) { m.Lbl_Iteration = std::to_string(it); };
+  const std::string problem = QDir::tempPath().toStdString() + "/zarvek-readers-" + std::to_string(::getpid()) + ".ZVK";
+  const ProceedResult r = Proceed(m, problem, ctl);
+  ::unlink(problem.c_str());
+  if (r.Solve_Status != 0) qWarning("solve failed: %s", r.Message.c_str());
+  return m;
+}
+
+struct Run {
+  int code = -1;
+  QString out, err;
+};
+
+Run Run_Program(const QString& program, const QStringList& args, const QString& dir = QString(), int ms = 180000) {
+  QProcess p;
+  if (!dir.isEmpty()) p.setWorkingDirectory(dir);
+  p.start(program, args);
+  Run r;
+  if (!p.waitForStarted(10000)) return r;
+  if (!p.waitForFinished(ms)) {
+    p.kill();
+    p.waitForFinished();
+    return r;
+  }
+  r.code = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
+  r.out = QString::fromUtf8(p.readAllStandardOutput());
+  r.err = QString::fromUtf8(p.readAllStandardError());
+  return r;
+}
+
+QString Pdf_Text(const QString& pdf) {
+  return Run_Program(QStringLiteral("pdftotext"), {QStringLiteral("-enc"), QStringLiteral("UTF-8"), pdf,
+                                                  QStringLiteral("-")}).out;
+}
+
+// Number of pictures in a PDF, by pdfimages' listing (two heading lines).
+int Pdf_Pictures(const QString& pdf) {
+  const QStringList lines =
+      Run_Program(QStringLiteral("pdfimages"), {QStringLiteral("-list"), pdf}).out.split('\n', Qt::SkipEmptyParts);
+  int n = 0;
+  for (const QString& l : lines.mid(2))
+    if (l.contains(QStringLiteral(" image "))) ++n;  // soft masks are listed as "smask"
+  return n;
+}
+
+// What a PDF of the report must hold: the names, the Greek letters and every
+// value of the data blocks as the record shows it.
+void Check_Pdf_Text(const QString& text, const BeamModel& m, const char* which) {
+  const QString theta = QString::fromUtf8("\xCE\xB8"), psi = QString::fromUtf8("\xCF\x88"),
+                nu = QString::fromUtf8("\xCE\xBD"), mu = QString::fromUtf8("\xCE\xBC"),
+                prime = QString::fromUtf8("\xE2\x80\xB2");
+  QStringList must = {QStringLiteral("NORVE"), QStringLiteral("Mcr"), theta, psi, nu, mu, theta + prime,
+                      QStringLiteral("Beam"), QStringLiteral("Steel"), QStringLiteral("Section - IPE 300"),
+                      QStringLiteral("Intermediate restraint 1"), QStringLiteral("Point loads")};
+  for (const std::string& v : {m.Txt_L, m.Txt_E, m.Txt_G, m.Txt_Nu, m.Txt_Iz[1], m.Txt_It[1], m.Txt_Iw[1],
+                               m.Txt_M1, m.Txt_M2, m.Txt_F1, m.Txt_zF1, m.Txt_xfint1, m.Lst_ti_p1.text,
+                               m.Txt_Mcr, m.Txt_mucr, m.Txt_Mmax[0], m.Lbl_Iteration})
+    must << QString::fromStdString(v);
+  must << QStringLiteral("Fixed") << QStringLiteral("Free") << QStringLiteral("kN.m") << QStringLiteral("cm6");
+  for (const QString& s : must) QVERIFY2(text.contains(s), qPrintable(QString::fromLatin1(which) + ": " + s));
+}
+
+bool Have(const char* tool) { return !QStandardPaths::findExecutable(QString::fromLatin1(tool)).isEmpty(); }
+
+}  // namespace
+
+class Test_Report_Readers : public QObject {
+  Q_OBJECT
+ private slots:
+  void programPdfAndLibreOffice() {
+    if (!Have("pdftotext") || !Have("pdfimages")) QSKIP("pdftotext/pdfimages (poppler-utils) not installed");
+    const BeamModel m = Solved_Model();
+    QVERIFY(m.Mode_Max > 0);
+    QVERIFY(m.Lbl_Iteration != "0");
+    const Rich_Document doc = Build_Report(m, "UK", Qt_ReportPictures(m));
+    QTemporaryDir dir;
+    const QString rtf = dir.filePath(QStringLiteral("report.rtf"));
+    const QString own = dir.filePath(QStringLiteral("own.pdf"));
+    QVERIFY(Save_Rtf(doc, rtf));
+    QVERIFY(Export_Pdf(doc, own));
+
+    // the program's own PDF
+    const QString ownText = Pdf_Text(own);
+    Check_Pdf_Text(ownText, m, "program's PDF");
+    QCOMPARE(Pdf_Pictures(own), 4);
+
+    // the RTF through LibreOffice Writer
+    QString soffice = QStandardPaths::findExecutable(QStringLiteral("soffice"));
+    if (soffice.isEmpty())
+      QSKIP("LibreOffice not installed (Debian: libreoffice-writer-nogui): RTF-to-PDF check skipped");
+    QDir().mkpath(dir.filePath(QStringLiteral("lo")));
+    const QString profile = QUrl::fromLocalFile(dir.filePath(QStringLiteral("profile"))).toString();
+    const Run r = Run_Program(soffice, {QStringLiteral("-env:UserInstallation=") + profile, QStringLiteral("--headless"),
+                                        QStringLiteral("--convert-to"), QStringLiteral("pdf"), QStringLiteral("--outdir"),
+                                        dir.filePath(QStringLiteral("lo")), rtf});
+    const QString lo = dir.filePath(QStringLiteral("lo/report.pdf"));
+    QVERIFY2(QFile::exists(lo), qPrintable(QStringLiteral("LibreOffice did not convert: ") + r.err));
+    const QString loText = Pdf_Text(lo);
+    Check_Pdf_Text(loText, m, "LibreOffice's PDF");
+    QCOMPARE(Pdf_Pictures(lo), 4);
+  }
+
+  void commandLine() {
+    const QString cli = QStringLiteral(ZARVEK_BIN_DIR "/zarvek-cli");
+    const QString example = QStringLiteral(ZARVEK_BIN_DIR "/EXAMPLE.DAT");
+    if (!QFile::exists(cli) || !QFile::exists(example)) QSKIP("zarvek-cli or EXAMPLE.DAT not built");
+    QTemporaryDir dir;
+    for (const char* name : {"r.rtf", "r.PDF"}) {
+      const QString out = dir.filePath(QString::fromLatin1(name));
+      const Run r = Run_Program(cli, {QStringLiteral("report"), example, QStringLiteral("-o"), out}, dir.path());
+      QCOMPARE(r.code, 0);
+      const QByteArray head = [&] {
+        QFile f(out);
+        return f.open(QIODevice::ReadOnly) ? f.read(8) : QByteArray();
+      }();
+      QVERIFY2(head.startsWith(QByteArray(name[2] == 'r' ? "{\\rtf1" : "%PDF-")), name);
+      QCOMPARE(r.err, QString());  // quiet: no warnings of the toolkit
+    }
+    // French captions and the date day first
+    const QString fr = dir.filePath(QStringLiteral("fr.rtf"));
+    QCOMPARE(Run_Program(cli, {QStringLiteral("report"), example, QStringLiteral("-o"), fr, QStringLiteral("--lang"),
+                               QStringLiteral("FR")}).code, 0);
+    QFile f(fr);
+    QVERIFY(f.open(QIODevice::ReadOnly));
+    QVERIFY(f.readAll().contains("Poutre"));
+
+    // exit codes as solve: 1 command line, 2 input, nothing written
+    const QString none = dir.filePath(QStringLiteral("none.rtf"));
+    struct Case {
+      QStringList args;
+      int code;
+    } cases[] = {
+        {{QStringLiteral("report"), example}, 1},
+        {{QStringLiteral("report"), example, QStringLiteral("-o"), dir.filePath(QStringLiteral("x.doc"))}, 1},
+        {{QStringLiteral("report"), QStringLiteral("missing.DAT"), QStringLiteral("-o"), none}, 2},
+        {{QStringLiteral("report"), QStringLiteral(ZARVEK_BIN_DIR "/EXAMPLE.ZVK"), QStringLiteral("-o"), none}, 2},
+        {{QStringLiteral("report"), example, QStringLiteral("-o"), none, QStringLiteral("--lang"), QStringLiteral("XX")},
+         2},
+        {{QStringLiteral("report"), example, QStringLiteral("-o"), dir.filePath(QStringLiteral("no/dir/r.rtf"))}, 2},
+    };
+    for (const Case& c : cases) {
+      const Run r = Run_Program(cli, c.args, dir.path());
+      QVERIFY2(r.code == c.code, qPrintable(c.args.join(' ') + QStringLiteral(" -> ") + QString::number(r.code)));
+    }
+    QVERIFY(!QFile::exists(none));
+  }
+};
+
+QTEST_MAIN(Test_Report_Readers)
+#include "test_report_readers.moc"

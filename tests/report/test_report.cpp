@@ -1,0 +1,334 @@
+// The results report of a project, read back from its RTF.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+#include "analysis/Proceed.h"
+#include "foundation/Language.h"
+#include "foundation/Mod_Zarvek.h"
+#include "model/DataEntry.h"
+#include "report/Report.h"
+#include "rtf_reader.h"
+
+namespace zarvek {
+namespace {
+
+std::string Scratch(const std::string& name) {
+  return ::testing::TempDir() + "zarvek-report-" + std::to_string(::getpid()) + "-" + name;
+}
+
+std::string Png_Of(int w, int h) {
+  std::string s("\x89PNG\r\n\x1a\n\0\0\0\x0dIHDR", 16);
+  for (int v : {w, h})
+    for (int k = 3; k >= 0; --k) s += (char)(v >> (8 * k) & 0xFF);
+  return s + std::string("\x08\x06\0\0\0", 5);
+}
+
+// Each diagram as a picture of its own width, so that the reader can tell
+// them apart: beam 401, section 402, forces 403, mode 404 pixels.
+Report_Picture Fake_Picture(Report_PictureKind k) { return Make_Picture(Png_Of(401 + (int)k, 50)); }
+
+BeamModel New_Model() {
+  BeamModel m;
+  Init_Default(m, "/tmp");
+  return m;
+}
+
+// The default beam solved as Proceed does: IPE 300, 10 m, fork supports,
+// end moments -100 and 100 kN.m.
+BeamModel Solved_Model() {
+  BeamModel m = New_Model();
+  SolveControl ctl;
+  const ProceedResult r = Proceed(m, Scratch("PROBLEM.ZVK"), ctl);
+  EXPECT_EQ(r.Solve_Status, 0) << r.Message;
+  ::unlink(Scratch("PROBLEM.ZVK").c_str());
+  return m;
+}
+
+rtf_test::Rtf_Content Report_Of(const BeamModel& m, const std::string& code = "UK", bool pictures = true) {
+  Report_Inputs in;
+  in.Language_Code = code;
+  in.When.tm_year = 2026 - 1900;
+  in.When.tm_mon = 10;
+  in.When.tm_mday = 23;
+  in.When.tm_hour = 5;
+  in.When.tm_min = 7;
+  if (pictures) in.Pictures = Fake_Picture;
+  Rich_Text rt = Report_Builder();
+  Edit_Results(rt, m, in);
+  const rtf_test::Rtf_Content c = rtf_test::Read_Rtf(Rtf_Of(rt.Document()));
+  EXPECT_TRUE(c.well_formed);
+  return c;
+}
+
+std::vector<std::string> Lines(const std::string& text) {
+  std::vector<std::string> out;
+  size_t start = 0;
+  for (size_t nl; (nl = text.find('\n', start)) != std::string::npos; start = nl + 1)
+    out.push_back(text.substr(start, nl - start));
+  out.push_back(text.substr(start));
+  return out;
+}
+
+// Index of the first line from `from` on that equals `line`; -1 when none.
+int Find_Line(const std::vector<std::string>& lines, const std::string& line, int from = 0) {
+  for (int i = from; i < (int)lines.size(); ++i)
+    if (lines[i] == line) return i;
+  return -1;
+}
+
+bool Has(const std::string& text, const std::string& what) { return text.find(what) != std::string::npos; }
+
+// The value column of a row "\tlabel\tsymbol\t=\tvalue\tunit".
+std::string Row_Value(const std::vector<std::string>& lines, const std::string& symbol) {
+  for (const auto& l : lines) {
+    const std::string key = "\t" + symbol + "\t=\t";
+    const size_t p = l.find(key);
+    if (p != std::string::npos) {
+      const size_t v = p + key.size();
+      return l.substr(v, l.find('\t', v) - v);
+    }
+  }
+  return "?";
+}
+
+const std::string theta = "\xCE\xB8", psi = "\xCF\x88", nu = "\xCE\xBD", mu = "\xCE\xBC",
+                  epsilon = "\xCE\xB5", prime = "\xE2\x80\xB2";
+
+TEST(Report, SolvedProjectInOrder) {
+  const BeamModel m = Solved_Model();
+  const rtf_test::Rtf_Content c = Report_Of(m);
+  const std::vector<std::string> lines = Lines(c.text);
+
+  // every block in its order, each row with its value and unit
+  const std::vector<std::string> expected = {
+      "NORVE\t11-23-2026  05:07",
+      "Results report",
+      std::string("Zarvek Version ") + Version_Text(),
+      "\tBeam",
+      "\tLength L\tL\t=\t10\tm",
+      "\tNumber of elements N\tN\t=\t100\t",
+      "\tSteel",
+      "\tYoung's modulus E\tE\t=\t210000\tMPa",
+      "\tPoisson's ratio\t" + nu + "\t=\t0.3\t",
+      "\tShear modulus G\tG\t=\t80769\tMPa",
+      "\tSection - IPE 300",
+      "\tSection properties",
+      "\t\tIz\t=\t603.78\tcm4",
+      "\t\tIt\t=\t19.868\tcm4",
+      "\t\tIw\t=\t126332\tcm6",
+      "\t\t\xC3\x9Fz\t=\t0\tcm",
+      "\tEnd 1 (left)",
+      "\tLateral displacement v\tv\t=\tFixed\t",
+      "\tTwist\t" + theta + "\t=\tFixed\t",
+      "\tLateral rotation v'\tv'\t=\tFree\t",
+      "\tWarping\t" + theta + prime + "\t=\tFree\t",
+      "\tLevel z above the shear centre\tz\t=\t0\tcm",
+      "\tEnd 2 (right)",
+      "\tLoads",
+      "\tIn-plane supports\t\t=\tSimply supported (hinged - hinged)\t",
+      "\tEnd moments",
+      "\t\tM1\t=\t-100\tkN.m",
+      "\t\tM2\t=\t100\tkN.m",
+      "\t(-M2/M1)\t" + psi + "\t=\t1\t",
+      "\tBending moment M and shear force V",
+      "\t M   V  ",
+      "\tEigenvalue solving process",
+      "\tDichotomic process on Determinant",
+      "\tConvergence tolerance\t" + epsilon + "\t=\t0.0001\t",
+      "\tCritical moment",
+      "\tBuckling mode",
+      "\t v   " + theta + "   v'   " + theta + prime + "  ",
+      "___________________",
+  };
+  int at = 0;
+  for (const auto& e : expected) {
+    const int found = Find_Line(lines, e, at);
+    ASSERT_GE(found, 0) << "missing or out of order: [" << e << "]\n" << c.text;
+    at = found + 1;
+  }
+  // nothing is written twice
+  for (const char* t : {"\tBeam", "\tSection properties", "\tBuckling mode", "\tCritical moment"})
+    EXPECT_EQ(Find_Line(lines, t, Find_Line(lines, t) + 1), -1) << t;
+
+  // results from statics and the closed form of lateral-torsional buckling
+  // under uniform moment: Mcr = (pi/L) sqrt(E Iz G It) sqrt(1 + pi^2 E Iw / (L^2 G It))
+  const double pi = std::numbers::pi, E = 21000, G = 8076.9, L = 1000, Iz = 603.78, It = 19.868, Iw = 126332;
+  const double Mcr = pi / L * std::sqrt(E * Iz * G * It) * std::sqrt(1 + pi * pi * E * Iw / (L * L * G * It)) / 100;
+  EXPECT_NEAR(std::fabs(Num_Of_Text(Row_Value(lines, "Mmax"))), 100, 1e-9);
+  EXPECT_NEAR(Num_Of_Text(Row_Value(lines, "Mcr")), Mcr, 0.005 * Mcr);  // kN.m
+  EXPECT_NEAR(Num_Of_Text(Row_Value(lines, mu)), Mcr / 100, 0.005 * Mcr / 100);
+  EXPECT_EQ(Row_Value(lines, "Mcr"), m.Txt_Mcr);
+  EXPECT_EQ(Row_Value(lines, "nit"), m.Lbl_Iteration);
+  EXPECT_NE(Find_Line(lines, "\tCritical moment Mcr\tMcr\t=\t" + m.Txt_Mcr + "\tkN.m"), -1);
+
+  // the four pictures, as PNG, in the order beam, section, forces, mode
+  ASSERT_EQ(c.pictures.size(), 4u);
+  for (int k = 0; k < 4; ++k) {
+    EXPECT_EQ(c.pictures[k].type, "pngblip");
+    EXPECT_EQ(c.pictures[k].picw, 401 + k);
+  }
+}
+
+TEST(Report, BlocksOfResultsNeedTheirResults) {
+  BeamModel m = Solved_Model();
+  struct Case {
+    const char* name;
+    bool clear_process, clear_efforts;
+    std::vector<int> pictures;
+  } cases[] = {
+      {"solved", false, false, {401, 402, 403, 404}},
+      {"data changed after the forces were drawn", true, false, {401, 402, 403}},
+      {"no solve done", true, true, {401, 402}},
+  };
+  for (const Case& k : cases) {
+    BeamModel w = m;
+    if (k.clear_process) InitProcessInfo(w);
+    if (k.clear_efforts) InitEffortsInfo(w);
+    const rtf_test::Rtf_Content c = Report_Of(w);
+    const auto lines = Lines(c.text);
+    const bool solved = !k.clear_process, forces = !k.clear_efforts;
+    EXPECT_EQ(Find_Line(lines, "\tEigenvalue solving process") >= 0, solved) << k.name;
+    EXPECT_EQ(Find_Line(lines, "\tCritical moment") >= 0, solved) << k.name;
+    EXPECT_EQ(Find_Line(lines, "\tBuckling mode") >= 0, solved) << k.name;
+    EXPECT_EQ(Has(c.text, "\tMcr\t"), solved) << k.name;
+    EXPECT_EQ(Find_Line(lines, "\tBending moment M and shear force V") >= 0, forces) << k.name;
+    EXPECT_EQ(Has(c.text, "\tMmax\t"), forces) << k.name;
+    // the data blocks and the closing line are always there
+    for (const char* t : {"\tBeam", "\tSteel", "\tEnd 2 (right)", "\tEnd moments", "___________________"})
+      EXPECT_GE(Find_Line(lines, t), 0) << k.name << " " << t;
+    std::vector<int> widths;
+    for (const auto& p : c.pictures) widths.push_back((int)p.picw);
+    EXPECT_EQ(widths, k.pictures) << k.name;
+  }
+  // without a picture source the report is whole, without pictures
+  EXPECT_TRUE(Report_Of(m, "UK", false).pictures.empty());
+}
+
+TEST(Report, RowsFollowTheEntries) {
+  struct Case {
+    const char* name;
+    void (*set)(BeamModel&);
+    std::vector<std::string> present, absent;
+  } cases[] = {
+      {"defaults", [](BeamModel&) {},
+       {},
+       {"\tIntermediate restraint 1", "\tPoint loads", "\tPoint moment", "\tDistributed loads 1", "\t\th\t"}},
+      {"punctual restraint 2 with a spring",
+       [](BeamModel& m) {
+         m.Chk_Punctual2 = true;
+         m.Txt_xfint2 = "0.25";
+         m.Lst_vi_p2 = RestraintList{-1, "12.5", true};
+       },
+       {"\tIntermediate restraint 2", "\tPosition x/L\tx/L\t=\t0.25\t",
+        "\tLateral displacement v\tv\t=\t12.5\tkN/m"},
+       {"\tIntermediate restraint 1"}},
+      {"continuous restraint",
+       [](BeamModel& m) {
+         m.Chk_Continuous = true;
+         m.Lst_ti_c = RestraintList{-1, "3", true};
+       },
+       {"\tIntermediate lateral restraints - Continuous restraint along the beam",
+        "\tTwist\t" + theta + "\t=\t3\tkN.m/rd/m"},
+       {}},
+      {"point loads 1 and 3, a point moment, distributed load 2",
+       [](BeamModel& m) {
+         m.Chk_F1 = m.Chk_F3 = true;
+         m.Txt_F3 = "-7";
+         m.Txt_zF3 = "15";
+         m.Chk_CC = true;
+         m.Chk_q2 = true;
+         m.Txt_q21 = "-4";
+       },
+       {"\tPoint loads", "\t\tF1\t=\t-10\tkN", "\t\tF3\t=\t-7\tkN", "\tLevel z above the shear centre\tzF3\t=\t15\tcm",
+        "\tPoint moment", "\t\tC\t=\t100\tkN.m", "\tDistributed loads 2", "\t\tq1\t=\t-4\tkN/m"},
+       {"\t\tF2\t=\t0\tkN", "\tDistributed loads 1"}},
+      {"no end moments, cantilever",
+       [](BeamModel& m) {
+         m.Chk_M = false;
+         m.Opt_AA = false;
+         m.Opt_EL = true;
+       },
+       {"\tIn-plane supports\t\t=\tCantilever (clamped - free)\t"},
+       {"\tEnd moments", "\t\tM1\t=\t-100\tkN.m"}},
+      {"larger moment at end 2",
+       [](BeamModel& m) {
+         m.Txt_M1 = "50";
+         m.Txt_M2 = "-100";
+         m.Txt_Psi = "0.500";
+       },
+       {"\t(-M1/M2)\t" + psi + "\t=\t0.500\t"},
+       {"\t(-M2/M1)"}},
+      {"mono-symmetric section by dimensions",
+       [](BeamModel& m) {
+         m.Opt_Catalogue = false;
+         m.Opt_Dimensions = true;
+         m.Tab_Dim = 1;
+         m.Txt_bf2 = "10";
+         m.Txt_Iz[2] = "450.5";
+         m.Txt_zS[2] = "-3.2";
+       },
+       {"\tSection - By Dimensions", "\t\th\t=\t30\tcm", "\t\tbf2\t=\t10\tcm", "\t\tIz\t=\t450.5\tcm4",
+        "\tShear centre not at the centroid\tzS\t=\t-3.2\tcm"},
+       {"\tSection - IPE 300"}},
+      {"section by properties",
+       [](BeamModel& m) {
+         m.Opt_Catalogue = false;
+         m.Opt_Properties = true;
+         m.Txt_It[3] = "25";
+       },
+       {"\tSection - By Properties", "\t\tIt\t=\t25\tcm4"},
+       {"\t\th\t", "\tShear centre not at the centroid"}},
+  };
+  for (const Case& k : cases) {
+    BeamModel m = New_Model();
+    k.set(m);
+    const rtf_test::Rtf_Content c = Report_Of(m);
+    const auto lines = Lines(c.text);
+    for (const auto& p : k.present) EXPECT_GE(Find_Line(lines, p), 0) << k.name << ": [" << p << "]\n" << c.text;
+    for (const auto& a : k.absent) EXPECT_FALSE(Has(c.text, a)) << k.name << ": [" << a << "]";
+  }
+  // no drawing of a section given by its properties
+  BeamModel m = New_Model();
+  m.Opt_Catalogue = false;
+  m.Opt_Properties = true;
+  EXPECT_EQ(Report_Of(m).pictures.size(), 1u);
+}
+
+TEST(Report, DateOfTheHeader) {
+  std::tm t{};
+  t.tm_year = 2026 - 1900;
+  t.tm_mon = 0;
+  t.tm_mday = 5;
+  t.tm_hour = 14;
+  t.tm_min = 3;
+  struct Row {
+    const char *code, *text;
+  } rows[] = {{"UK", "01-05-2026  14:03"}, {"uk", "01-05-2026  14:03"}, {"FR", "05/01/2026  14:03"},
+              {"DE", "05/01/2026  14:03"}, {"", "05/01/2026  14:03"}};
+  for (const Row& r : rows) EXPECT_EQ(Report_DateTime(t, r.code), r.text) << r.code;
+}
+
+// The report follows the loaded language: titles and messages in French.
+TEST(Report, LoadedLanguage) {
+  const std::string fr = std::string(ZARVEK_BIN_DIR) + "/ZARVEK_FR.MSG";
+  const std::string uk = std::string(ZARVEK_BIN_DIR) + "/ZARVEK_UK.MSG";
+  if (!File_Exists(fr) || !File_Exists(uk)) GTEST_SKIP() << "language files not built: " << fr;
+  ASSERT_TRUE(Load_LanguageFile(fr, Scratch("LANG.TMP")));
+  Load_Messages();
+  const rtf_test::Rtf_Content c = Report_Of(Solved_Model(), "FR");
+  const auto lines = Lines(c.text);
+  EXPECT_GE(Find_Line(lines, "\tPoutre"), 0) << c.text;
+  EXPECT_GE(Find_Line(lines, "\tLongueur L\tL\t=\t10\tm"), 0);
+  EXPECT_TRUE(Has(c.text, "\t=\tLibre\t"));
+  EXPECT_TRUE(Has(lines[0], "/2026  05:07"));
+  ASSERT_TRUE(Load_LanguageFile(uk, Scratch("LANG.TMP")));
+  Load_Messages();
+}
+
+}  // namespace
+}  // namespace zarvek
