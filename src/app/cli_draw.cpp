@@ -18,6 +18,7 @@
 #include <string>
 #include <vector>
 
+#include "cli_draw3d.h"
 #include "analysis/Calculer_Efforts.h"
 #include "analysis/Proceed.h"
 #include "diagrams/Diagrams.h"
@@ -38,7 +39,7 @@ namespace {
 enum { Draw_Done = 0, Draw_Usage = 1, Draw_Invalid = 2, Draw_SolverFailed = 3 };
 
 const char* Draw_Usage_Line =
-    "usage: zarvek-cli draw FILE --what loads|section|forces|mode -o OUT.png|OUT.svg [--scale K]\n";
+    "usage: zarvek-cli draw FILE --what loads|section|forces|mode|3d -o OUT.png|OUT.svg [--scale K]\n";
 
 std::string Exe_Dir() {
   std::string buf(4096, '\0');
@@ -183,7 +184,7 @@ int Command_Draw(const std::vector<std::string>& args) {
     }
   }
   if (file.empty() || out.empty() ||
-      (what != "loads" && what != "section" && what != "forces" && what != "mode") ||
+      (what != "loads" && what != "section" && what != "forces" && what != "mode" && what != "3d") ||
       (!Has_Extension(out, ".png") && !Has_Extension(out, ".svg"))) {
     std::fputs(Draw_Usage_Line, stderr);
     return Draw_Usage;
@@ -199,7 +200,7 @@ int Command_Draw(const std::vector<std::string>& args) {
   DiagramState st;
 
   if (Has_Extension(file, ".ZVK")) {
-    if (what == "loads" || what == "section")
+    if (what == "loads" || what == "section" || what == "3d")
       return Fail(Draw_Usage, "a problem file has no " + what + " picture: use --what forces or mode");
     SolveControl ctl;
     ctl.Tol = 0.0001;
@@ -239,6 +240,7 @@ int Command_Draw(const std::vector<std::string>& args) {
   if (p.Solve_Status != 0)
     return Fail(Draw_SolverFailed, "the solver failed (status " + std::to_string(p.Solve_Status) +
                                        "): " + Cp1252_To_Utf8(p.Message));
+  if (what == "3d") return Cli_Draw3D(m, out, scale);
   return Write_Picture(out, what, scale, m, e, st);
 }
 

@@ -51,7 +51,7 @@ const char* Usage_Text =
     "                                   or of a problem file (.ZVK)\n"
     "  zarvek-cli sections              list the section catalogue\n"
     "  zarvek-cli section NAME          properties of a catalogue section, e.g. \"IPE 300\"\n"
-    "  zarvek-cli draw FILE --what loads|section|forces|mode -o OUT.png|OUT.svg [--scale K]\n"
+    "  zarvek-cli draw FILE --what loads|section|forces|mode|3d -o OUT.png|OUT.svg [--scale K]\n"
     "                                   one diagram of a project or problem file\n"
     "  zarvek-cli report FILE.DAT -o OUT.rtf|OUT.pdf [--lang UK|FR]   results report\n"
     "  zarvek-cli --help                this text\n"
