@@ -33,6 +33,7 @@
 #include "foundation/Mod_Zarvek.h"
 #include "model/DataEntry.h"
 #include "model/ProjectFile.h"
+#include "diagrams/qt/QtSurface.h"
 #include "model/qt/Zarvek_Widgets.h"
 
 namespace zarvek {
@@ -461,13 +462,15 @@ QWidget* Frm_Zarvek::Build_Page_Beam() {
 
   Cdr_Trad[3] = nullptr;  // the frame of the properties is the page of each route
   Frame(3)->hide();
-  Img_Section = new Diagram_Pane("Img_Section", section);
+  Img_Section = new SurfaceWidget(section);
+  Img_Section->setObjectName("Img_Section");
+  Img_Section->setDesignSize(Section_Width, Section_Height);
   Img_Section->setMinimumSize(160, 160);
   sv->addWidget(Img_Section, 1, 1);
   sv->setColumnStretch(0, 3);
   sv->setColumnStretch(1, 2);
-  connect(static_cast<Diagram_Pane*>(Img_Section), &Diagram_Pane::resized, this, [this] {
-    if (!loading_ && Tab_Zarvek->currentIndex() == 0) Draw_Section();
+  connect(Img_Section, &SurfaceWidget::resized, this, [this] {
+    if (!loading_) Draw_Section();
   });
 
   grid->addWidget(beam, 0, 0);
@@ -622,7 +625,10 @@ QWidget* Frm_Zarvek::Build_Page_Loads() {
 
   QGroupBox* loads = Frame(16);
   auto* gl = new QHBoxLayout(loads);
-  Img_Loads = new Diagram_Pane("Img_Loads", loads);
+  Img_Loads = new SurfaceWidget(loads);
+  Img_Loads->setObjectName("Img_Loads");
+  Img_Loads->setDesignSize(Loads_Width, Loads_Height);
+  Img_Loads->setMinimumSize(240, 90);
   gl->addWidget(Img_Loads);
   Cmd_RefreshForces = new QPushButton(loads);
   Cmd_RefreshForces->setObjectName("Cmd_RefreshForces");
@@ -634,7 +640,17 @@ QWidget* Frm_Zarvek::Build_Page_Loads() {
   forcesHome2_ = new QVBoxLayout(home2);
   forcesFrame_ = Frame(17);
   auto* gf = new QGridLayout(forcesFrame_);
-  Img_Forces = new Diagram_Pane("Img_Forces", forcesFrame_);
+  Img_Forces = new SurfaceWidget(forcesFrame_);
+  Img_Forces->setObjectName("Img_Forces");
+  Img_Forces->setDesignSize(Forces_Width, Forces_Height);
+  Img_Forces->setMinimumSize(240, 90);
+  Img_Forces->setMouseTracking(true);
+  Lbl_Display_InfoMV = new QLabel(Img_Forces);
+  Lbl_Display_InfoMV->setObjectName("Lbl_Display_InfoMV");
+  Lbl_Display_InfoMV->setAutoFillBackground(true);
+  Lbl_Display_InfoMV->hide();
+  connect(Img_Forces, &SurfaceWidget::mouseMoved, this,
+          [this](double x, double y) { Forces_MouseMove(x, y); });
   QCheckBox* effM = Check("Chk_EffM", "M");
   QCheckBox* effV = Check("Chk_EffV", "V");
   QPalette pm = effM->palette();
@@ -662,16 +678,17 @@ QWidget* Frm_Zarvek::Build_Page_Loads() {
   gf->addLayout(side, 0, 1);
   gf->setColumnStretch(0, 1);
   forcesHome2_->addWidget(forcesFrame_);
-  connect(static_cast<Diagram_Pane*>(Img_Forces), &Diagram_Pane::doubleClicked, this, [this] {
+  connect(Img_Forces, &SurfaceWidget::doubleClicked, this, [this] {
     if (Check_Data()) Cmd_RefreshMV_Click();
   });
-  connect(static_cast<Diagram_Pane*>(Img_Loads), &Diagram_Pane::resized, this, [this] {
-    if (!loading_ && Tab_Zarvek->currentIndex() == 2) Tracer_Loads();
+  connect(Img_Loads, &SurfaceWidget::resized, this, [this] {
+    if (!loading_) Tracer_Loads();
   });
-  connect(static_cast<Diagram_Pane*>(Img_Forces), &Diagram_Pane::resized, this, [this] {
-    const int p = Tab_Zarvek->currentIndex();
-    if (!loading_ && (p == 2 || p == 3)) Tracer_Efforts();
+  connect(Img_Forces, &SurfaceWidget::resized, this, [this] {
+    if (!loading_) Tracer_Efforts();
   });
+  connect(effM, &QCheckBox::clicked, this, [this] { Forces_Check_Click(); });
+  connect(effV, &QCheckBox::clicked, this, [this] { Forces_Check_Click(); });
 
   auto* left = new QVBoxLayout;
   auto* top = new QHBoxLayout;
@@ -766,11 +783,20 @@ QWidget* Frm_Zarvek::Build_Page_Results() {
 
   QGroupBox* mode = Frame(21);
   auto* gm = new QGridLayout(mode);
-  Img_Eigenmode = new Diagram_Pane("Img_Eigenmode", mode);
-  connect(static_cast<Diagram_Pane*>(Img_Eigenmode), &Diagram_Pane::doubleClicked, this,
-          [this] { Tracer_VecteurPropre(); });
-  connect(static_cast<Diagram_Pane*>(Img_Eigenmode), &Diagram_Pane::resized, this, [this] {
-    if (!loading_ && Tab_Zarvek->currentIndex() == 3) Tracer_VecteurPropre();
+  Img_Eigenmode = new SurfaceWidget(mode);
+  Img_Eigenmode->setObjectName("Img_Eigenmode");
+  Img_Eigenmode->setDesignSize(Eigenmode_Width, Eigenmode_Height);
+  Img_Eigenmode->setMinimumSize(240, 120);
+  Img_Eigenmode->setMouseTracking(true);
+  Lbl_Display_InfoEigen = new QLabel(Img_Eigenmode);
+  Lbl_Display_InfoEigen->setObjectName("Lbl_Display_InfoEigen");
+  Lbl_Display_InfoEigen->setAutoFillBackground(true);
+  Lbl_Display_InfoEigen->hide();
+  connect(Img_Eigenmode, &SurfaceWidget::mouseMoved, this,
+          [this](double x, double y) { Eigen_MouseMove(x, y); });
+  connect(Img_Eigenmode, &SurfaceWidget::doubleClicked, this, [this] { Tracer_VecteurPropre(); });
+  connect(Img_Eigenmode, &SurfaceWidget::resized, this, [this] {
+    if (!loading_) Tracer_VecteurPropre();
   });
   auto* side = new QVBoxLayout;
   const std::pair<const char*, QColor> curves[] = {{"Chk_v", QColor(0, 0, 255)},
@@ -796,7 +822,11 @@ QWidget* Frm_Zarvek::Build_Page_Results() {
   Cmd_Draw3D->setObjectName("Cmd_Draw3D");
   auto no_mode = [this] {
     if (m_.Mode_Max > 0) return false;
-    static_cast<Diagram_Pane*>(Img_Eigenmode)->Print_At(0.25, 0.5, Lang(Msg(14)));
+    Surface& sf = Img_Eigenmode->surface();
+    sf.ForeColor(0x000000);
+    sf.CurrentX(sf.ScaleLeft() + sf.ScaleWidth() / 4);
+    sf.CurrentY(sf.ScaleTop() + sf.ScaleHeight() / 2);
+    sf.Print(Cp1252_To_Utf8(Msg(14)));
     return true;
   };
   connect(Cmd_Draw3D, &QPushButton::clicked, this, [this, no_mode] {
@@ -1085,13 +1115,13 @@ void Frm_Zarvek::Apply_Effects(const ChangeEffects& e, const std::string& field)
   // the rule may have written other fields (G, psi, M2, slot 2, results)
   for (const Binding& b : bindings_)
     if (b.def->name != field || b.def->kind != FieldKind::Text) Push_Field(b);
-  if (e.Erase_Eigenmode) static_cast<Diagram_Pane*>(Img_Eigenmode)->Cls();
+  if (e.Erase_Eigenmode) Erase(Img_Eigenmode);
   if (e.Erase_Forces) {
-    static_cast<Diagram_Pane*>(Img_Forces)->Cls();
-    static_cast<Diagram_Pane*>(Img_Loads)->Cls();
+    Erase(Img_Forces);
+    Erase(Img_Loads);
     reportStale_ = true;
   }
-  if (e.Erase_Section) static_cast<Diagram_Pane*>(Img_Section)->Cls();
+  if (e.Erase_Section) Erase(Img_Section);
   if (e.Show_Section_Picture) Update_Route_Picture();
   if (e.Update_NoRestraint) Update_NoRestraint();
   if (e.Unit_Label_Changed) Update_UnitLabels();
@@ -1159,7 +1189,7 @@ void Frm_Zarvek::Select_Field(int tab, const std::string& field) {
 void Frm_Zarvek::Cmd_Dimensions_Click() {
   DimensionsResult d = zarvek::Cmd_Dimensions(m_);
   Refresh_FromModel();
-  if (d.Erase_Eigenmode) static_cast<Diagram_Pane*>(Img_Eigenmode)->Cls();
+  if (d.Erase_Eigenmode) Erase(Img_Eigenmode);
   Show_Shown(d.Shown);
   if (d.tab >= 0) Select_Field(d.tab, d.field);
   if (d.Draw_Section) Draw_Section();
@@ -1174,7 +1204,7 @@ void Frm_Zarvek::Tab_Dim_Change(int shape) {
   m_.RefreshLocked = true;
   for (const Binding& b : bindings_) Push_Field(b);
   m_.RefreshLocked = was;
-  if (e.Erase_Section) static_cast<Diagram_Pane*>(Img_Section)->Cls();
+  if (e.Erase_Section) Erase(Img_Section);
 }
 
 // ============================================================== events
@@ -1311,9 +1341,9 @@ void Frm_Zarvek::Menu_Tools_External_Click() {
   InitProcessInfo(m_);
   InitEffortsInfo(m_);
   Refresh_FromModel();
-  static_cast<Diagram_Pane*>(Img_Eigenmode)->Cls();
-  static_cast<Diagram_Pane*>(Img_Forces)->Cls();
-  static_cast<Diagram_Pane*>(Img_Loads)->Cls();
+  Erase(Img_Eigenmode);
+  Erase(Img_Forces);
+  Erase(Img_Loads);
   Menu_Edit_FileData->setVisible(externalMode_);
   Menu_Edit_Results->setVisible(!externalMode_);
   Menu_File_New->setVisible(externalMode_);
@@ -1345,24 +1375,83 @@ void Frm_Zarvek::Update_Commands() {
 
 // ============================================================== drawings
 
-void Frm_Zarvek::Draw_Section() { Img_Section->update(); }
+void Frm_Zarvek::Erase(SurfaceWidget* w) {
+  w->surface().Cls();
+  if (w == Img_Forces) Lbl_Display_InfoMV->hide();
+  if (w == Img_Eigenmode) Lbl_Display_InfoEigen->hide();
+}
 
-void Frm_Zarvek::Tracer_Loads() { Img_Loads->update(); }
+void Frm_Zarvek::Take_CurveColours() {
+  // the check boxes carry the colours of their curves
+  auto colour = [this](const char* n) {
+    return From_QColor(static_cast<QWidget*>(Field_Widget(n))->palette().color(QPalette::WindowText));
+  };
+  st_.Color_EffM = colour("Chk_EffM");
+  st_.Color_EffV = colour("Chk_EffV");
+  st_.Color_v = colour("Chk_v");
+  st_.Color_t = colour("Chk_t");
+  st_.Color_vp = colour("Chk_vp");
+  st_.Color_tp = colour("Chk_tp");
+  st_.ExternalMode = externalMode_;
+  st_.No_Forces = noForces_;
+}
+
+void Frm_Zarvek::Draw_Section() { zarvek::Draw_Section(Img_Section->surface(), m_); }
+
+void Frm_Zarvek::Tracer_Loads() { zarvek::Tracer_Loads(Img_Loads->surface(), m_); }
 
 void Frm_Zarvek::Tracer_Efforts() {
+  if (noForces_) return;
+  Take_CurveColours();
+  Lbl_Display_InfoMV->hide();
+  zarvek::Tracer_Efforts(Img_Forces->surface(), m_, efforts_, st_);
   if (!externalMode_) {
-    Calculer_Efforts(m_, efforts_);
+    // the drawing took the forces of the loads as they stand
     const bool was = m_.RefreshLocked;
     m_.RefreshLocked = true;
     for (const char* n : {"Txt_Mmax(0)", "Txt_Mmax(1)", "Lbl_xfMmax(0)", "Lbl_xfMmax(1)"})
       Push_Field(bindings_[byName_[n]]);
     m_.RefreshLocked = was;
   }
-  if (noForces_) return;
-  Img_Forces->update();
 }
 
-void Frm_Zarvek::Tracer_VecteurPropre() { Img_Eigenmode->update(); }
+void Frm_Zarvek::Tracer_VecteurPropre() {
+  Take_CurveColours();
+  Lbl_Display_InfoEigen->hide();
+  zarvek::Tracer_VecteurPropre(Img_Eigenmode->surface(), m_, st_);
+}
+
+void Frm_Zarvek::Forces_MouseMove(double x, double y) {
+  Take_CurveColours();
+  Surface& sf = Img_Forces->surface();
+  ReadOut r = Forces_ReadOut(sf, m_, efforts_, st_, x, y, -1, -1);
+  if (!r.hit) {
+    Lbl_Display_InfoMV->hide();
+    return;
+  }
+  Lbl_Display_InfoMV->setText(QString::fromStdString(r.caption));
+  Lbl_Display_InfoMV->adjustSize();
+  const double tpp = Img_Forces->imageSurface().TwipsPerPixelX();
+  Place_ForcesLabel(r, Lbl_Display_InfoMV->width() * tpp / sf.TwipsPerUnitX(),
+                    Lbl_Display_InfoMV->height() * tpp / std::fabs(sf.TwipsPerUnitY()),
+                    sf.ScaleWidth(), sf.ScaleHeight());
+  Lbl_Display_InfoMV->move(int(sf.ToTwipsX(r.Left) / tpp), int(sf.ToTwipsY(r.Top) / tpp));
+  Lbl_Display_InfoMV->show();
+}
+
+void Frm_Zarvek::Eigen_MouseMove(double x, double y) {
+  Surface& sf = Img_Eigenmode->surface();
+  ReadOut r = Eigen_ReadOut(sf, st_, x, y);
+  if (!r.hit) {
+    Lbl_Display_InfoEigen->hide();
+    return;
+  }
+  const double tpp = Img_Eigenmode->imageSurface().TwipsPerPixelX();
+  Lbl_Display_InfoEigen->setText(QString::fromStdString(r.caption));
+  Lbl_Display_InfoEigen->adjustSize();
+  Lbl_Display_InfoEigen->move(int(sf.ToTwipsX(r.Left) / tpp), int(sf.ToTwipsY(r.Top) / tpp));
+  Lbl_Display_InfoEigen->show();
+}
 
 void Frm_Zarvek::Redraw_Diagrams() {
   switch (Tab_Zarvek->currentIndex()) {
@@ -1374,18 +1463,18 @@ void Frm_Zarvek::Redraw_Diagrams() {
 }
 
 void Frm_Zarvek::Cmd_RefreshMV_Click() {
-  if (externalMode_) {
-    Tracer_Efforts();
+  if (!externalMode_) {
+    // the forces of the loads as they stand, for the test of a beam without moment
+    Calculer_Efforts(m_, efforts_);
+    Refresh_FromModel();
+  }
+  Take_CurveColours();
+  const std::string refusal = zarvek::Cmd_RefreshMV(Img_Forces->surface(), m_, efforts_, st_);
+  if (!refusal.empty()) {
+    Show_Message(refusal);
     return;
   }
-  // the forces of the loads as they stand, then the test of a beam without moment
-  Calculer_Efforts(m_, efforts_);
   Refresh_FromModel();
-  if (std::fabs(Num_Of_Text(m_.Txt_Mmax[0]) * m_.Fact_M) < 10 && !m_.RefreshLocked) {
-    Show_Message("Mmax = 0 ! - " + Msg(3));
-    return;
-  }
-  Tracer_Efforts();
 }
 
 void Frm_Zarvek::Forces_Check_Click() {
@@ -1434,7 +1523,7 @@ void Frm_Zarvek::Cmd_Proceed_Click() {
     // the internal forces of the loads as they stand
     Calculer_Efforts(m_, efforts_);
     Refresh_FromModel();
-    static_cast<Diagram_Pane*>(Img_Eigenmode)->Cls();
+    Erase(Img_Eigenmode);
     if (Num_Of_Text(m_.Txt_Mmax[0]) == 0 && !m_.RefreshLocked) {
       Show_Message("Mmax = 0 ! - " + Msg(3));
       return;
@@ -1493,7 +1582,7 @@ bool Frm_Zarvek::Open_Project(const std::string& name) {
   Set_FileCurrent(name);
   FileReadResult r = Read_FileDAT(m_, name, s_.Dir_Data);
   Refresh_FromModel();
-  static_cast<Diagram_Pane*>(Img_Eigenmode)->Cls();
+  Erase(Img_Eigenmode);
   if (!r.ok) {
     Show_Message(r.Error_Text);
     return false;

@@ -22,6 +22,7 @@
 
 #include "analysis/Calculer_Efforts.h"
 #include "analysis/Proceed.h"
+#include "diagrams/Diagrams.h"
 #include "foundation/Startup.h"
 #include "model/BeamModel.h"
 #include "model/FieldTable.h"
@@ -44,7 +45,7 @@ class QVBoxLayout;
 namespace zarvek {
 
 class Shape_Picture;
-class Diagram_Pane;
+class SurfaceWidget;
 
 class Frm_Zarvek : public QMainWindow {
   Q_OBJECT
@@ -148,10 +149,13 @@ class Frm_Zarvek : public QMainWindow {
   QPushButton* Cmd_EditEigen = nullptr;
   QLabel* Lbl_Method = nullptr;
   QLabel* Lbl_Tolerance = nullptr;
-  QWidget* Img_Section = nullptr;
-  QWidget* Img_Loads = nullptr;
-  QWidget* Img_Forces = nullptr;
-  QWidget* Img_Eigenmode = nullptr;
+  SurfaceWidget* Img_Section = nullptr;
+  SurfaceWidget* Img_Loads = nullptr;
+  SurfaceWidget* Img_Forces = nullptr;
+  SurfaceWidget* Img_Eigenmode = nullptr;
+  QLabel* Lbl_Display_InfoMV = nullptr;     // read-out over Img_Forces
+  QLabel* Lbl_Display_InfoEigen = nullptr;  // read-out over Img_Eigenmode
+  DiagramState& Diagrams() { return st_; }
 
   QMenu* Menu_File = nullptr;
   QMenu* Menu_Edit = nullptr;
@@ -227,6 +231,10 @@ class Frm_Zarvek : public QMainWindow {
   void Cmd_RefreshMV_Click();
   void Forces_Check_Click();
   void Move_ForcesFrame(int page);
+  void Erase(SurfaceWidget* w);
+  void Take_CurveColours();
+  void Forces_MouseMove(double x, double y);
+  void Eigen_MouseMove(double x, double y);
 
   // solve
   void Show_Status(const std::string& text);
@@ -239,6 +247,7 @@ class Frm_Zarvek : public QMainWindow {
   StartupState& s_;
   BeamModel m_;
   EffortsData efforts_;
+  DiagramState st_;
   ProceedResult lastRun_;
   SolveControl ctl_;
   std::string fileCurrent_;
@@ -259,7 +268,6 @@ class Frm_Zarvek : public QMainWindow {
   QVBoxLayout* forcesHome2_ = nullptr; // inside Cdr_Trad(10)
   QVBoxLayout* forcesHome3_ = nullptr; // inside Cdr_Trad(18)
   Shape_Picture* shapePicture_ = nullptr;
-  QLabel* noRestraint_ = nullptr;
 };
 
 }  // namespace zarvek

@@ -71,42 +71,4 @@ void Shape_Picture::paintEvent(QPaintEvent* e) {
   Paint_Shape(p, QRectF(contentsRect()).adjusted(20, 18, -4, -18), shape_, true);
 }
 
-Diagram_Pane::Diagram_Pane(const char* name, QWidget* parent) : QFrame(parent) {
-  setObjectName(name);
-  setFrameShape(QFrame::Panel);
-  setFrameShadow(QFrame::Sunken);
-  setAutoFillBackground(true);
-  QPalette pal = palette();
-  pal.setColor(QPalette::Window, QColor(0xE0, 0xE0, 0xE0));
-  setPalette(pal);
-  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-}
-
-void Diagram_Pane::Cls() {
-  text_.clear();
-  update();
-}
-
-void Diagram_Pane::Print_At(double fx, double fy, const QString& text) {
-  text_ = text;
-  fx_ = fx;
-  fy_ = fy;
-  update();
-}
-
-void Diagram_Pane::paintEvent(QPaintEvent* e) {
-  QFrame::paintEvent(e);
-  if (text_.isEmpty()) return;
-  QPainter p(this);
-  p.setPen(Qt::black);
-  p.drawText(QPointF(width() * fx_, height() * fy_), text_);
-}
-
-void Diagram_Pane::mouseDoubleClickEvent(QMouseEvent*) { emit doubleClicked(); }
-
-void Diagram_Pane::resizeEvent(QResizeEvent* e) {
-  QFrame::resizeEvent(e);
-  emit resized();
-}
-
 }  // namespace zarvek

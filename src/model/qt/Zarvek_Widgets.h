@@ -1,5 +1,4 @@
-// Small widgets of the main window: the pictures of the section shapes on
-// Tab_Dim and the panes that hold the diagrams.
+// The pictures of the section shapes on Tab_Dim of the main window.
 #pragma once
 
 #include <QFrame>
@@ -27,32 +26,6 @@ class Shape_Picture : public QFrame {
 
  private:
   int shape_ = 0;
-};
-
-// A pane that holds a diagram; it tells when it is resized or double-clicked.
-class Diagram_Pane : public QFrame {
-  Q_OBJECT
- public:
-  explicit Diagram_Pane(const char* name, QWidget* parent = nullptr);
-  QSize sizeHint() const override { return {489, 117}; }  // 7335 x 1755 twips at 96 dpi
-  QSize minimumSizeHint() const override { return {200, 80}; }
-  // Empties the pane (Cls).
-  void Cls();
-  // Writes a text at a place given as fractions of the width and height.
-  void Print_At(double fx, double fy, const QString& text);
-
- signals:
-  void doubleClicked();
-  void resized();
-
- protected:
-  void paintEvent(class QPaintEvent*) override;
-  void mouseDoubleClickEvent(class QMouseEvent*) override;
-  void resizeEvent(class QResizeEvent*) override;
-
- private:
-  QString text_;
-  double fx_ = 0, fy_ = 0;
 };
 
 }  // namespace zarvek
