@@ -131,7 +131,7 @@ Frm_Zarvek::Frm_Zarvek(StartupState& s, QWidget* parent) : QMainWindow(parent), 
   connect(esc, &QShortcut::activated, this, [this] { Cmd_StopProcess_Click(); });
 
   qApp->installEventFilter(this);
-  resize(820, 640);
+  resize(980, 720);
 }
 
 Frm_Zarvek::~Frm_Zarvek() { qApp->removeEventFilter(this); }
@@ -224,6 +224,10 @@ Frm_Zarvek::Binding& Frm_Zarvek::Bind(const char* name, QWidget* w) {
   Q_ASSERT_X(def, "Frm_Zarvek::Bind", name);
   w->setObjectName(name);
   bindings_.push_back(Binding{def, w, nullptr});
+  if (auto p = pendingUnits_.find(name); p != pendingUnits_.end()) {
+    bindings_.back().unit = p->second;
+    pendingUnits_.erase(p);
+  }
   byName_[name] = bindings_.size() - 1;
   byWidget_[w] = bindings_.size() - 1;
   return bindings_.back();
@@ -244,6 +248,7 @@ QLineEdit* Frm_Zarvek::Edit(const char* name) {
   Binding& b = Bind(name, e);
   const int digits = b.def->kind == FieldKind::Display ? 10 : 8;
   e->setMinimumWidth(e->fontMetrics().horizontalAdvance(QString(digits, QChar('0'))) + 8);
+  e->setMaximumWidth(e->fontMetrics().horizontalAdvance(QString(16, QChar('0'))) + 8);
   e->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   if (b.def->kind == FieldKind::Display) {
     Set_Locked(e, true);
@@ -297,6 +302,7 @@ QLabel* Frm_Zarvek::Unit_Label(const char* name) {
   l->setMinimumWidth(l->fontMetrics().horizontalAdvance("kN.m/rd/m") + 4);
   auto it = byName_.find(name);
   if (it != byName_.end()) bindings_[it->second].unit = l;
+  else pendingUnits_[name] = l;  // the field comes next
   return l;
 }
 
@@ -385,6 +391,7 @@ QWidget* Frm_Zarvek::Build_Page_Beam() {
     Row(g, 3, QString::fromUtf8("\u03B2z"), Edit(name("Txt_Betaz")), Unit_Label(name("Txt_Betaz")));
     if (slot < 3) Row(g, 4, "zS", Edit(name("Txt_zS")), Unit_Label(name("Txt_zS")));
     g->setRowStretch(5, 1);
+    g->setColumnStretch(3, 1);
     (void)parent;
     return g;
   };
@@ -403,9 +410,12 @@ QWidget* Frm_Zarvek::Build_Page_Beam() {
   connect(Cmd_Catalogue, &QPushButton::clicked, this, [this] {
     if (Hooks.Catalogue) Hooks.Catalogue();
   });
-  gc->addWidget(profile, 0, 0);
-  gc->addWidget(Cmd_Catalogue, 0, 1);
-  gc->addLayout(props(tc, 1), 1, 0, 1, 2);
+  auto* pick = new QHBoxLayout;
+  pick->addWidget(profile, 1);
+  pick->addWidget(Cmd_Catalogue);
+  pick->addStretch(1);
+  gc->addLayout(pick, 0, 0);
+  gc->addLayout(props(tc, 1), 1, 0);
   Tab_Section->addTab(tc, "");
 
   // dimensions
@@ -488,7 +498,7 @@ QWidget* Frm_Zarvek::Build_Page_Restraints() {
 
   auto* ends = new QHBoxLayout;
   for (int end = 1; end <= 2; ++end) {
-    QGroupBox* f = Frame(2 + end);
+    QGroupBox* f = Frame(3 + end);
     auto* g = new QGridLayout(f);
     const std::string n = std::to_string(end);
     const std::string names[] = {"Lst_v" + n, "Lst_t" + n, "Lst_vp" + n, "Lst_tp" + n};
@@ -541,7 +551,7 @@ QWidget* Frm_Zarvek::Build_Page_Restraints() {
   heads->addWidget(Lbl_Trad[5]);
   heads->addStretch(1);
   heads->addWidget(Lbl_Trad[7]);
-  heads->addWidget(new QLabel(QString::fromUtf8("\u2022"), inter));
+  heads->addSpacing(24);
   heads->addWidget(Lbl_Trad[6]);
   gi->addLayout(heads, 0, 0, 1, 3);
   v->addWidget(inter);
@@ -583,6 +593,7 @@ QWidget* Frm_Zarvek::Build_Page_Loads() {
   Row(gm, 2, "M2", Edit("Txt_M2"), Unit_Label("Txt_M2"), 1);
   gm->addWidget(opsi, 3, 0);
   Row(gm, 3, QString::fromUtf8("\u03C8"), Edit("Txt_Psi"), nullptr, 1);
+  gm->setColumnStretch(4, 1);
 
   QGroupBox* pts = Frame(13);
   auto* gp = new QGridLayout(pts);
@@ -603,8 +614,10 @@ QWidget* Frm_Zarvek::Build_Page_Loads() {
   gc->addWidget(Check("Chk_CC", "C"), 0, 0);
   gc->addWidget(Edit("Txt_CC"), 0, 1);
   gc->addWidget(Unit_Label("Txt_CC"), 0, 2);
-  gc->addWidget(new QLabel("x/L", cc), 0, 3);
-  gc->addWidget(Edit("Txt_xfC"), 0, 4);
+  gc->addWidget(Symbol("x/L", cc), 1, 0);
+  gc->addWidget(Edit("Txt_xfC"), 1, 1);
+  gc->setRowStretch(2, 1);
+  gc->setColumnStretch(3, 1);
 
   QGroupBox* dist = Frame(15);
   auto* gq = new QGridLayout(dist);
@@ -629,7 +642,7 @@ QWidget* Frm_Zarvek::Build_Page_Loads() {
   Img_Loads->setObjectName("Img_Loads");
   Img_Loads->setDesignSize(Loads_Width, Loads_Height);
   Img_Loads->setMinimumSize(240, 90);
-  gl->addWidget(Img_Loads);
+  gl->addWidget(Img_Loads, 1);
   Cmd_RefreshForces = new QPushButton(loads);
   Cmd_RefreshForces->setObjectName("Cmd_RefreshForces");
   connect(Cmd_RefreshForces, &QPushButton::clicked, this, [this] { Tracer_Loads(); });
@@ -662,21 +675,23 @@ QWidget* Frm_Zarvek::Build_Page_Loads() {
   Cmd_RefreshMV = new QPushButton(forcesFrame_);
   Cmd_RefreshMV->setObjectName("Cmd_RefreshMV");
   connect(Cmd_RefreshMV, &QPushButton::clicked, this, [this] { Cmd_RefreshMV_Click(); });
-  auto* side = new QVBoxLayout;
-  side->addWidget(effM);
-  side->addWidget(effV);
-  side->addStretch(1);
-  side->addWidget(new QLabel("Mmax", forcesFrame_));
-  side->addWidget(Edit("Txt_Mmax(0)"));
-  side->addWidget(Unit_Label("Txt_Mmax(0)"));
+  // under the picture: the curves, the largest moment and its place
+  auto* bar = new QHBoxLayout;
+  bar->addWidget(effM);
+  bar->addWidget(effV);
+  bar->addSpacing(16);
+  bar->addWidget(new QLabel("Mmax", forcesFrame_));
+  bar->addWidget(Edit("Txt_Mmax(0)"));
+  bar->addWidget(Unit_Label("Txt_Mmax(0)"));
   auto* xf = new QLabel(forcesFrame_);
   Bind("Lbl_xfMmax(0)", xf);
-  side->addWidget(new QLabel("x/L", forcesFrame_));
-  side->addWidget(xf);
-  side->addWidget(Cmd_RefreshMV);
+  bar->addWidget(new QLabel("x/L =", forcesFrame_));
+  bar->addWidget(xf);
+  bar->addStretch(1);
+  bar->addWidget(Cmd_RefreshMV);
   gf->addWidget(Img_Forces, 0, 0);
-  gf->addLayout(side, 0, 1);
-  gf->setColumnStretch(0, 1);
+  gf->addLayout(bar, 1, 0);
+  gf->setRowStretch(0, 1);
   forcesHome2_->addWidget(forcesFrame_);
   connect(Img_Forces, &SurfaceWidget::doubleClicked, this, [this] {
     if (Check_Data()) Cmd_RefreshMV_Click();
@@ -690,22 +705,19 @@ QWidget* Frm_Zarvek::Build_Page_Loads() {
   connect(effM, &QCheckBox::clicked, this, [this] { Forces_Check_Click(); });
   connect(effV, &QCheckBox::clicked, this, [this] { Forces_Check_Click(); });
 
-  auto* left = new QVBoxLayout;
   auto* top = new QHBoxLayout;
   top->addWidget(sup);
   top->addWidget(mom, 1);
-  left->addLayout(top);
-  left->addWidget(pts);
-  auto* row2 = new QHBoxLayout;
-  row2->addWidget(cc);
-  row2->addStretch(0);
-  left->addLayout(row2);
-  left->addWidget(dist);
-  grid->addLayout(left, 0, 0);
-  grid->addWidget(loads, 0, 1);
-  grid->addWidget(home2, 1, 0, 1, 2);
-  grid->setColumnStretch(1, 1);
-  grid->setRowStretch(1, 1);
+  top->addWidget(cc, 1);
+  auto* middle = new QHBoxLayout;
+  middle->addWidget(pts, 1);
+  middle->addWidget(dist, 1);
+  grid->addLayout(top, 0, 0);
+  grid->addLayout(middle, 1, 0);
+  grid->addWidget(loads, 2, 0);
+  grid->addWidget(home2, 3, 0);
+  grid->setRowStretch(2, 2);
+  grid->setRowStretch(3, 3);
   return page;
 }
 
@@ -1497,6 +1509,11 @@ void Frm_Zarvek::Show_Status(const std::string& text) {
 void Frm_Zarvek::Show_Progress(int iteration, double value) {
   m_.Lbl_Iteration = std::to_string(iteration);
   m_.Lbl_CurrentValue = Trim(Progress_Text(value));
+  // Serving the window costs a relayout and a repaint; a short solve would
+  // spend most of its time there. The labels move and the stop button is
+  // heard at least every Progress_Interval_ms.
+  if (progressClock_.isValid() && progressClock_.elapsed() < Progress_Interval_ms) return;
+  progressClock_.start();
   static_cast<QLabel*>(Field_Widget("Lbl_Iteration"))->setText(Lang(m_.Lbl_Iteration));
   static_cast<QLabel*>(Field_Widget("Lbl_CurrentValue"))->setText(Lang(m_.Lbl_CurrentValue));
   // the one place where events are served during a solve: the stop button acts here
@@ -1535,6 +1552,7 @@ void Frm_Zarvek::Cmd_Proceed_Click() {
   noForces_ = false;
 
   solving_ = true;
+  progressClock_.invalidate();
   Cmd_StopProcess->setEnabled(true);
   Cmd_StopProcess->setFocus();
   Cmd_Proceed->setEnabled(false);

@@ -12,6 +12,7 @@
 // that the behaviour can be driven without a person in front of the screen.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QMainWindow>
 #include <QString>
 #include <array>
@@ -111,6 +112,8 @@ class Frm_Zarvek : public QMainWindow {
   void Cmd_Proceed_Click();
   void Cmd_StopProcess_Click();
   bool Is_Solving() const { return solving_; }
+  // Least time between two services of the window during a solve.
+  int Progress_Interval_ms = 40;
   void Menu_File_Open();
   void Menu_File_Save();
   void Menu_File_SaveAs();
@@ -250,6 +253,7 @@ class Frm_Zarvek : public QMainWindow {
   DiagramState st_;
   ProceedResult lastRun_;
   SolveControl ctl_;
+  QElapsedTimer progressClock_;
   std::string fileCurrent_;
   QString dialogDir_;
   QString lastName_;
@@ -264,6 +268,7 @@ class Frm_Zarvek : public QMainWindow {
   std::map<std::string, size_t> byName_;
   std::map<const QObject*, size_t> byWidget_;
   std::map<std::string, QLabel*> dimLabels_;
+  std::map<std::string, QLabel*> pendingUnits_;
   QGroupBox* forcesFrame_ = nullptr;   // Cdr_Trad(17)
   QVBoxLayout* forcesHome2_ = nullptr; // inside Cdr_Trad(10)
   QVBoxLayout* forcesHome3_ = nullptr; // inside Cdr_Trad(18)

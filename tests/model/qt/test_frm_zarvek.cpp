@@ -102,6 +102,7 @@ class Test_Frm_Zarvek : public QObject {
       return chosen_.isEmpty() ? QString() : chosen_.takeFirst();
     };
     w_->Beep = [] {};
+    w_->Progress_Interval_ms = 0;  // every trial factor is shown
     QVERIFY(w_->Form_Load());
     w_->show();
     QApplication::setActiveWindow(w_.get());
