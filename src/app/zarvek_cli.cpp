@@ -51,6 +51,8 @@ const char* Usage_Text =
     "                                   or of a problem file (.ZVK)\n"
     "  zarvek-cli sections              list the section catalogue\n"
     "  zarvek-cli section NAME          properties of a catalogue section, e.g. \"IPE 300\"\n"
+    "  zarvek-cli draw FILE --what loads|section|forces|mode -o OUT.png|OUT.svg [--scale K]\n"
+    "                                   one diagram of a project or problem file\n"
     "  zarvek-cli --help                this text\n"
     "\n"
     "A project is checked as the main window checks it and solved with the method,\n"
@@ -438,6 +440,10 @@ int Command_Section(const std::string& fullName) {
 
 }  // namespace
 
+namespace zarvek {
+int Command_Draw(const std::vector<std::string>& args);  // cli_draw.cpp
+}
+
 int main(int argc, char** argv) {
   Keep_Freed_Memory();
   std::vector<std::string> args(argv + 1, argv + argc);
@@ -467,6 +473,7 @@ int main(int argc, char** argv) {
     }
     return Command_Solve(file, json);
   }
+  if (cmd == "draw") return zarvek::Command_Draw(args);
   if (cmd == "sections" && args.size() == 1) return Command_Sections();
   if (cmd == "section" && args.size() >= 2) {
     std::string name = args[1];

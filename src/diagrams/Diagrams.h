@@ -95,7 +95,9 @@ void Draw_Section(Surface& s, const BeamModel& m);
 void Tracer_Efforts(Surface& s, BeamModel& m, EffortsData& e, DiagramState& st);
 
 // The zero-moment test of Cmd_RefreshMV: the text to show instead of drawing
-// ("Mmax = 0 ! - " + Msg(3)), or an empty text when the diagram may be drawn.
+// ("Mmax = 0 ! - " + Msg(3), in UTF-8), or an empty text when the diagram may
+// be drawn. Texts printed on the surfaces (Msg(14), Msg(67)) are likewise
+// turned from the language file's character set into UTF-8.
 std::string RefreshMV_Refusal(const BeamModel& m, const DiagramState& st);
 
 // Cmd_RefreshMV: draws unless the test refuses; returns the refusal text

@@ -51,7 +51,8 @@ void Recorder::dev_line(double x1, double y1, double x2, double y2, Colour c, in
   o.tx1 = x1, o.ty1 = y1, o.tx2 = x2, o.ty2 = y2;
   o.x1 = FromTwipsX(x1), o.y1 = FromTwipsY(y1), o.x2 = FromTwipsX(x2), o.y2 = FromTwipsY(y2);
   ops_.push_back(o);
-  raster_line(x1, y1, x2, y2, c);
+  // a line of no length only moves the current position
+  if (x1 != x2 || y1 != y2) raster_line(x1, y1, x2, y2, c);
 }
 
 void Recorder::dev_arc(double cx, double cy, double rx, double ry, double a0, double sweep, Colour c,
@@ -66,7 +67,7 @@ void Recorder::dev_arc(double cx, double cy, double rx, double ry, double a0, do
   o.r = k > 0 ? rx / k : 0;
   o.a0 = a0, o.sweep = sweep;
   ops_.push_back(o);
-  if (!raster_) return;
+  if (!raster_ || rx <= 0 || ry <= 0) return;
   // chords short enough to touch every pixel on the way
   const int n = std::max(4, (int)std::ceil(sweep * std::max(rx, ry) / (0.5 * TwipsPerPixelX())));
   double px = cx + rx * std::cos(a0), py = cy - ry * std::sin(a0);

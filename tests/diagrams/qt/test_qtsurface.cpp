@@ -1,0 +1,170 @@
+// The screen surface: exact colours read back with Point, the read-outs in
+// the user's unit, HiDPI pictures and the picture-box widget.
+#include <QMouseEvent>
+#include <QSignalSpy>
+#include <QtTest>
+#include <cmath>
+
+#include "diagrams/Diagrams.h"
+#include "diagrams/qt/QtSurface.h"
+#include "foundation/Mod_Zarvek.h"
+
+using namespace zarvek;
+
+namespace {
+
+// A 10 m beam, pinned at both ends, under a uniform 10 kN/m downward:
+// M = q x (L - x) / 2, 125 kN.m at mid-span; V = q (L/2 - x), 50 kN at the ends.
+BeamModel Uniform_Load() {
+  BeamModel m;
+  m.Chk_M = false;
+  m.Chk_q1 = true;
+  m.Txt_q11 = "-10", m.Txt_q12 = "-10", m.Txt_xq11 = "0", m.Txt_xq12 = "1", m.Txt_zq1 = "0";
+  return m;
+}
+
+constexpr double W = 7335, H = 1755;
+
+double Y_Of(double value, double scale) { return H / 2 + value / scale * 0.45 * H; }
+
+}  // namespace
+
+class TestQtSurface : public QObject {
+  Q_OBJECT
+ private slots:
+  void initTestCase() { Dec_Sep = '.'; }
+
+  void curvesReadBackExactly() {
+    BeamModel m = Uniform_Load();
+    EffortsData e;
+    DiagramState st;
+    QtImageSurface s(W, H, 15, 1);
+    QCOMPARE(s.Image().width(), 489);
+    QCOMPARE(s.Image().height(), 117);
+    Tracer_Efforts(s, m, e, st);
+    // the moment touches the bottom frame line at mid-span, in black; the
+    // shear the top one at the left end, in blue
+    QCOMPARE(s.Point(W / 2, Y_Of(125, 125)), std::int64_t(0x000000));
+    {
+      // 20 twips in (0.03 m): V = -10 (5 - 0.03); the line lies within a
+      // pixel of that ordinate
+      const double y = Y_Of(-10 * (5 - 20 / (0.9 * W) * 10), 50);
+      bool blue = false;
+      for (double dy : {-15.0, 0.0, 15.0}) blue = blue || s.Point(0.05 * W + 20, y + dy) == 0xC00000;
+      QVERIFY(blue);
+    }
+    // Drawn without antialiasing: right of the margin (where the sign marks
+    // stand) every pixel is exactly one of the colours drawn.
+    const QImage img = s.Image();
+    const QSet<QRgb> palette = {qRgb(0xE0, 0xE0, 0xE0), qRgb(0xC0, 0xC0, 0xC0), qRgb(0x80, 0x80, 0x80),
+                                qRgb(0, 0, 0), qRgb(0, 0, 0xC0)};
+    for (int j = 0; j < img.height(); ++j)
+      for (int i = 30; i < img.width(); ++i)
+        QVERIFY2(palette.contains(img.pixel(i, j) | 0xFF000000), qPrintable(QString("%1,%2").arg(i).arg(j)));
+    // between the curves: the light grey grid and the background, exactly
+    const double gridX = 0.05 * W + 0.09 * W;  // first vertical grid line
+    QCOMPARE(s.Point(gridX, 0.3 * H), std::int64_t(0xC0C0C0));
+    QCOMPARE(s.Point(gridX + 200, 0.3 * H), std::int64_t(0xE0E0E0));
+    QCOMPARE(s.Point(-1, 10), std::int64_t(-1));
+
+    // Read-out in the user's unit, one element to the right of the mouse:
+    // the mouse over element 51 shows the left end of element 52, at 5.1 m.
+    const double X = st.Forces_X0 + 51.5 * st.Forces_DX;
+    ReadOut r = Forces_ReadOut(s, m, e, st, X, Y_Of(10 * 5.05 * 4.95 / 2, 125));
+    QVERIFY(r.hit);
+    QCOMPARE(r.curve, 1);
+    QCOMPARE(QString::fromStdString(r.caption), QString("M = 124.95"));
+    // the same in daN.m
+    m.Fact_M = 100;
+    r = Forces_ReadOut(s, m, e, st, X, Y_Of(10 * 5.05 * 4.95 / 2, 125));
+    QCOMPARE(QString::fromStdString(r.caption), QString("M = 12495"));
+    // shear over element 20 (x 1.9 to 2.0 m): V at 2.0 m = 10 (5 - 2) = 30 kN, upward
+    const double Xv = st.Forces_X0 + 20.5 * st.Forces_DX;
+    r = Forces_ReadOut(s, m, e, st, Xv, Y_Of(-10 * (5 - 1.95), 50));
+    QVERIFY(r.hit);
+    QCOMPARE(QString::fromStdString(r.caption), QString("V = -30"));
+  }
+
+  void modeReadOutNamesTheCurve() {
+    BeamModel m;
+    const int NB = 100;
+    m.Mode_Vector.assign(4 * (NB + 1) + 1, 0.f);
+    m.Restraint_Level.assign(NB + 2, 0.f);
+    for (int i = 1; i <= NB + 1; ++i) {
+      const double x = (i - 1) / (double)NB;
+      m.Mode_Vector[4 * (i - 1) + 1] = (float)std::sin(M_PI * x);
+      m.Mode_Vector[4 * (i - 1) + 2] = (float)(-0.02 * std::sin(M_PI * x));
+      m.Mode_Vector[4 * (i - 1) + 3] = (float)(M_PI / 1000 * std::cos(M_PI * x));
+      m.Mode_Vector[4 * (i - 1) + 4] = (float)(-0.02 * M_PI / 1000 * std::cos(M_PI * x));
+    }
+    m.Mode_Max = 1;
+    DiagramState st;
+    QtImageSurface s(Eigenmode_Width, Eigenmode_Height, 15, 1);
+    Tracer_VecteurPropre(s, m, st);
+    const double h = Eigenmode_Height;
+    QCOMPARE(s.Point(Eigenmode_Width / 2, 0.95 * h), std::int64_t(0xC00000));  // v
+    QCOMPARE(s.Point(Eigenmode_Width / 2, 0.05 * h), std::int64_t(0x000000));  // theta
+    ReadOut r = Eigen_ReadOut(s, st, Eigenmode_Width / 2, 0.05 * h);
+    QVERIFY(r.hit);
+    QCOMPARE(QString::fromStdString(r.caption), QString::fromUtf8("\xCE\xB8"));
+    r = Eigen_ReadOut(s, st, Eigenmode_Width / 2, 0.95 * h);
+    QCOMPARE(QString::fromStdString(r.caption), QString("v"));
+  }
+
+  void hiDpiPictureKeepsItsSizeAndColours() {
+    QtImageSurface s(3000, 1500, 15, 2);
+    QCOMPARE(s.Image().width(), 400);  // 200 screen pixels of 2 device pixels
+    QCOMPARE(s.Image().deviceIndependentSize(), QSizeF(200, 100));
+    s.Cls();
+    s.DrawWidth(1);
+    s.Line(0, 750, 3000, 750, 0x0000C0);
+    QCOMPARE(s.Point(1000, 750), std::int64_t(0x0000C0));
+    QCOMPARE(s.Point(1000, 600), std::int64_t(0xE0E0E0));
+    QCOMPARE(s.TwipsPerPixelX(), 15.0);
+  }
+
+  void printMovesDownOneLineOfText() {
+    QtImageSurface s(3000, 1500, 15, 1);
+    s.Cls();
+    s.CurrentX(300);
+    s.CurrentY(150);
+    const double h = s.TextHeight("M");
+    s.Print("M");
+    QCOMPARE(s.CurrentX(), 0.0);
+    QCOMPARE(s.CurrentY(), 150 + h);
+    // 8.25 pt is 11 pixels at 96 dpi: a line of some 13 pixels
+    QVERIFY(h > 11 * 15 && h < 16 * 15);
+    QVERIFY(s.TextWidth("MMMM") > 3 * s.TextWidth("M"));
+    // the glyph is drawn in ForeColor somewhere right of and below the corner
+    bool ink = false;
+    for (double x = 300; x < 300 + s.TextWidth("M") && !ink; x += 15)
+      for (double y = 150; y < 150 + h && !ink; y += 15) ink = s.Point(x, y) != 0xE0E0E0;
+    QVERIFY(ink);
+  }
+
+  void widgetMapsTheMouseToTheScale() {
+    SurfaceWidget w;
+    w.resize(200, 100);
+    w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QCOMPARE(w.surface().Width(), 200 * 15.0);
+    QCOMPARE(w.surface().Height(), 100 * 15.0);
+    w.surface().ScaleWidth(100);
+    w.surface().ScaleHeight(-10);  // y up
+    w.surface().ScaleTop(5);
+    QSignalSpy moved(&w, &SurfaceWidget::mouseMoved);
+    QMouseEvent ev(QEvent::MouseMove, QPointF(50, 25), w.mapToGlobal(QPointF(50, 25)), Qt::NoButton,
+                   Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&w, &ev);
+    QCOMPARE(moved.count(), 1);
+    QCOMPARE(moved.at(0).at(0).toDouble(), 25.0);
+    QCOMPARE(moved.at(0).at(1).toDouble(), 2.5);
+    QSignalSpy resized(&w, &SurfaceWidget::resized);
+    w.resize(300, 100);
+    QCOMPARE(resized.count(), 1);
+    QCOMPARE(w.surface().Width(), 300 * 15.0);
+  }
+};
+
+QTEST_MAIN(TestQtSurface)
+#include "test_qtsurface.moc"

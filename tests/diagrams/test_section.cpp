@@ -1,0 +1,159 @@
+// The section drawing: a true-to-shape outline of one continuous path with
+// its fillets, and the centroid and shear centre of a section by dimensions.
+#include <gtest/gtest.h>
+
+#include "diagram_support.h"
+#include "foundation/Language.h"
+#include "model/DataEntry.h"
+
+using namespace diagram_test;
+using zarvek::BeamModel;
+
+namespace {
+
+constexpr double W = 3705, H = 3795;
+
+struct P {
+  double x, y;
+};
+bool Same(P a, P b) { return std::fabs(a.x - b.x) < 1e-6 && std::fabs(a.y - b.y) < 1e-6; }
+
+// Ends of an arc as drawn on the screen (y down).
+P Arc_Start(const RecordedOp& a) { return {a.x1 + a.r * std::cos(a.a0), a.y1 - a.r * std::sin(a.a0)}; }
+P Arc_End(const RecordedOp& a) {
+  return {a.x1 + a.r * std::cos(a.a0 + a.sweep), a.y1 - a.r * std::sin(a.a0 + a.sweep)};
+}
+
+// The outline (black operations) must be one chain: every line starts where
+// the outline stood, an arc joins the line before to the line after, and
+// the chain ends where it began.
+void Expect_ClosedPath(const Recorder& r, int arcsExpected) {
+  std::vector<RecordedOp> path;
+  for (const auto& o : r.Ops())
+    if ((o.kind == RecordedOp::Line || o.kind == RecordedOp::Arc) && o.colour == 0x000000) path.push_back(o);
+  ASSERT_GE(path.size(), 2u);
+  const P start{path[0].x1, path[0].y1};
+  P at = start;
+  int arcs = 0;
+  for (size_t i = 1; i < path.size(); ++i) {
+    const auto& o = path[i];
+    if (o.kind == RecordedOp::Line) {
+      if (o.x1 == o.x2 && o.y1 == o.y2) continue;
+      EXPECT_TRUE(Same(at, {o.x1, o.y1})) << "line " << i << " starts off the outline";
+      at = {o.x2, o.y2};
+    } else {
+      ++arcs;
+      // the next drawn line leaves from the other end of the arc
+      ASSERT_LT(i + 1, path.size());
+      const auto& next = path[i + 1];
+      const P a = Arc_Start(o), b = Arc_End(o), n{next.x1, next.y1};
+      EXPECT_TRUE((Same(at, a) && Same(n, b)) || (Same(at, b) && Same(n, a))) << "arc " << i;
+      at = n;
+    }
+  }
+  EXPECT_TRUE(Same(at, start)) << "the outline is not closed";
+  EXPECT_EQ(arcs, arcsExpected);
+}
+
+}  // namespace
+
+TEST(SectionDrawing, RolledSectionIsTrueToShapeAndFillsNinetyPercent) {
+  BeamModel m;  // IPE 300 of the catalogue: h 30, b 15, tf 1.07, tw 0.71, r 1.5 cm
+  Recorder r(W, H);
+  zarvek::Draw_Section(r, m);
+  Expect_ClosedPath(r, 4);
+  const double k = 0.9 * H / 30;
+  double xmin = 1e9, xmax = -1e9, ymin = 1e9, ymax = -1e9;
+  for (const auto& o : Drawn_Lines(r, 0x000000)) {
+    xmin = std::min({xmin, o.x1, o.x2}), xmax = std::max({xmax, o.x1, o.x2});
+    ymin = std::min({ymin, o.y1, o.y2}), ymax = std::max({ymax, o.y1, o.y2});
+  }
+  EXPECT_NEAR(ymin, 0.05 * H, 1e-6);
+  EXPECT_NEAR(ymax, 0.95 * H, 1e-6);
+  EXPECT_NEAR(xmax - xmin, 15 * k, 1e-6);
+  EXPECT_NEAR((xmin + xmax) / 2, W / 2, 1e-6);
+  // the web's two faces, tw apart, straight between the fillets
+  const auto lines = Drawn_Lines(r, 0x000000);
+  const auto left = Vertical_At(lines, W / 2 - 0.71 * k / 2), right = Vertical_At(lines, W / 2 + 0.71 * k / 2);
+  ASSERT_EQ(left.size(), 1u);
+  ASSERT_EQ(right.size(), 1u);
+  EXPECT_NEAR(Length(left[0]), (30 - 2 * 1.07 - 2 * 1.5) * k, 1e-6);
+  for (const auto& a : r.Of(RecordedOp::Arc)) {
+    EXPECT_NEAR(a.r, 1.5 * k, 1e-9);
+    EXPECT_NEAR(a.sweep, Pi / 2, 1e-9);
+    // fillet centres stand r off the web face and r off the flange
+    EXPECT_NEAR(std::fabs(a.x1 - W / 2), (0.71 / 2 + 1.5) * k, 1e-6);
+    EXPECT_NEAR(std::fabs(a.y1 - H / 2), (15 - 1.07 - 1.5) * k, 1e-6);
+  }
+  EXPECT_TRUE(r.Of(RecordedOp::Text).empty());  // no G or S for a rolled section
+}
+
+TEST(SectionDrawing, MonoSymmetricSectionByDimensionsMarksCentroidAndShearCentre) {
+  // Top flange 200 x 20, bottom flange 100 x 20, web 10 thick, 400 deep, no
+  // fillets (mm, typed in cm).
+  BeamModel m;
+  m.Opt_Catalogue = false;
+  m.Opt_Dimensions = true;
+  m.Tab_Dim = 1;
+  m.Txt_h = "40", m.Txt_tw = "1";
+  m.Txt_bf1 = "20", m.Txt_tf1 = "2", m.Txt_r1 = "0";
+  m.Txt_bf2 = "10", m.Txt_tf2 = "2", m.Txt_r2 = "0";
+  const auto d = zarvek::Cmd_Dimensions(m);
+  ASSERT_TRUE(d.ok) << d.Error_Text;
+  Recorder r(W, H);
+  zarvek::Draw_Section(r, m);
+  Expect_ClosedPath(r, 4);
+  for (const auto& a : r.Of(RecordedOp::Arc, 0x000000)) EXPECT_EQ(a.r, 0);  // fillets of no radius
+
+  // By hand, heights above the bottom face: the centroid from the areas
+  // (40 cm2 at 39, 36 cm2 at 20, 20 cm2 at 1), the shear centre from the
+  // flanges' own Iz (1333.3 and 166.7 cm4) 38 cm apart.
+  const double zG = (40 * 39 + 36 * 20 + 20 * 1) / 96.0;
+  const double zS = 1 + 38 * 1333.333 / (1333.333 + 166.667);
+  const double k = 0.9 * H / 40;
+  const auto G = r.Of(RecordedOp::Arc, 0xC00000), S = r.Of(RecordedOp::Arc, 0x008000);
+  ASSERT_EQ(G.size(), 1u);
+  ASSERT_EQ(S.size(), 1u);
+  EXPECT_NEAR(G[0].y1, 0.95 * H - zG * k, 0.05 * k);
+  EXPECT_NEAR(S[0].y1, 0.95 * H - zS * k, 0.05 * k);
+  EXPECT_NEAR(G[0].r, H / 150, 1e-9);
+  EXPECT_NEAR(G[0].x1, W / 2, 1e-9);
+  // S (green) to the left of the web, G (blue) to its right, each text 0.03H
+  // above its circle
+  const auto texts = r.Of(RecordedOp::Text);
+  ASSERT_EQ(texts.size(), 2u);
+  EXPECT_EQ(texts[0].text, "G");
+  EXPECT_EQ(texts[0].colour, 0xC00000u);
+  EXPECT_NEAR(texts[0].x1, W / 2 + 0.5 * k + W / 50, 1e-6);
+  EXPECT_NEAR(texts[0].y1, G[0].y1 - 0.03 * H, 1e-6);
+  EXPECT_EQ(texts[1].text, "S");
+  EXPECT_EQ(texts[1].colour, 0x008000u);
+  EXPECT_NEAR(texts[1].x1, W / 2 - 0.5 * k - W / 25, 1e-6);
+  EXPECT_NEAR(texts[1].y1, S[0].y1 - 0.03 * H, 1e-6);
+}
+
+TEST(SectionDrawing, NothingToDrawWithoutAShape) {
+  zarvek::Set_Msg(67, "Section given by its properties: no drawing");
+  // by properties: the message only
+  BeamModel p;
+  p.Opt_Catalogue = false;
+  p.Opt_Properties = true;
+  Recorder r(W, H);
+  zarvek::Draw_Section(r, p);
+  EXPECT_TRUE(Drawn_Lines(r).empty());
+  EXPECT_TRUE(r.Of(RecordedOp::Arc).empty());
+  const auto texts = r.Of(RecordedOp::Text);
+  ASSERT_EQ(texts.size(), 1u);
+  EXPECT_EQ(texts[0].text, "Section given by its properties: no drawing");
+  EXPECT_NEAR(texts[0].x1, W / 8, 1e-9);
+  EXPECT_NEAR(texts[0].y1, H / 2, 1e-9);
+  // by dimensions before the properties are worked out: not even the outline
+  BeamModel d;
+  d.Opt_Catalogue = false;
+  d.Opt_Dimensions = true;
+  d.Txt_It[2] = "  ";
+  Recorder e(W, H);
+  zarvek::Draw_Section(e, d);
+  ASSERT_EQ(e.Ops().size(), 1u);
+  EXPECT_EQ(e.Ops()[0].kind, RecordedOp::Clear);
+}

@@ -1,0 +1,172 @@
+// The surface's scale, current position and arcs, on the recorder; the SVG
+// writer's document.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "diagram_support.h"
+#include "diagrams/SvgWriter.h"
+
+using namespace diagram_test;
+using zarvek::Surface;
+
+TEST(Surface, ScalesMapToTwips) {
+  // A 3000 x 1500 twips box (200 x 100 pixels at 96 dpi).
+  struct Case {
+    const char* name;
+    int mode;             // ScaleMode set first (-1: user scale below)
+    double left, top, width, height;
+    double x, y;          // a point in the scale
+    double tx, ty;        // where it lies on the device, twips
+  } cases[] = {
+      {"twips", zarvek::Scale_Twips, 0, 0, 0, 0, 1500, 300, 1500, 300},
+      {"pixels", zarvek::Scale_Pixels, 0, 0, 0, 0, 100, 20, 1500, 300},
+      // a centred scale with y upward, as the 3D view sets it
+      {"y up", -1, -10, 5, 20, -10, 0, 0, 1500, 750},
+      {"y up corner", -1, -10, 5, 20, -10, 10, -5, 3000, 1500},
+      {"x left", -1, 10, 0, -20, 10, 10, 0, 0, 0},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    Recorder r(3000, 1500);
+    if (c.mode >= 0) {
+      r.ScaleMode(c.mode);
+    } else {
+      r.ScaleLeft(c.left);
+      r.ScaleTop(c.top);
+      r.ScaleWidth(c.width);
+      r.ScaleHeight(c.height);
+      EXPECT_EQ(r.ScaleMode(), zarvek::Scale_User);
+    }
+    EXPECT_NEAR(r.ToTwipsX(c.x), c.tx, 1e-9);
+    EXPECT_NEAR(r.ToTwipsY(c.y), c.ty, 1e-9);
+    EXPECT_NEAR(r.FromTwipsX(c.tx), c.x, 1e-9);
+    EXPECT_NEAR(r.FromTwipsY(c.ty), c.y, 1e-9);
+  }
+  Recorder r(3000, 1500);
+  r.ScaleMode(zarvek::Scale_Pixels);
+  EXPECT_DOUBLE_EQ(r.ScaleWidth(), 200);
+  EXPECT_DOUBLE_EQ(r.ScaleHeight(), 100);
+}
+
+TEST(Surface, LinesMoveTheCurrentPositionAndStepIsRelative) {
+  Recorder r(3000, 1500);
+  r.Cls();
+  r.Line(100, 200, 300, 400);
+  EXPECT_DOUBLE_EQ(r.CurrentX(), 300);
+  EXPECT_DOUBLE_EQ(r.CurrentY(), 400);
+  r.LineTo(500, 400, 0x0000FF);
+  r.LineToStep(0, -100);
+  // Step(dx1, dy1)-Step(dx2, dy2): start from the current point, end from the start
+  r.LineStep(10, 20, 30, 40);
+  const auto lines = Drawn_Lines(r);
+  ASSERT_EQ(lines.size(), 4u);
+  EXPECT_EQ(lines[0].colour, 0x000000u);  // ForeColor
+  EXPECT_EQ(lines[1].colour, 0x0000FFu);
+  EXPECT_DOUBLE_EQ(lines[1].x1, 300);
+  EXPECT_DOUBLE_EQ(lines[2].x1, 500);
+  EXPECT_DOUBLE_EQ(lines[2].y2, 300);
+  EXPECT_DOUBLE_EQ(lines[3].x1, 510);
+  EXPECT_DOUBLE_EQ(lines[3].y1, 320);
+  EXPECT_DOUBLE_EQ(lines[3].x2, 540);
+  EXPECT_DOUBLE_EQ(lines[3].y2, 360);
+  r.Cls();
+  EXPECT_DOUBLE_EQ(r.CurrentX(), 0);
+  EXPECT_DOUBLE_EQ(r.CurrentY(), 0);
+  EXPECT_EQ(r.Ops().size(), 1u);  // the clearing only
+}
+
+TEST(Surface, ArcsRunCounterClockwiseOnTheScreen) {
+  struct Case {
+    const char* name;
+    double start, end;
+    double a0, sweep;
+  } cases[] = {
+      {"right quarter, through 0", 7 * Pi / 4, Pi / 4, 7 * Pi / 4, Pi / 2},
+      {"left quarter", 3 * Pi / 4, 5 * Pi / 4, 3 * Pi / 4, Pi / 2},
+      {"to 2 pi", 3 * Pi / 2, 2 * Pi, 3 * Pi / 2, Pi / 2},
+      {"three quarters through 0", Pi, Pi / 2, Pi, 3 * Pi / 2},
+  };
+  for (double flip : {1.0, -1.0}) {
+    for (const auto& c : cases) {
+      SCOPED_TRACE(std::string(c.name) + (flip < 0 ? ", y up" : ""));
+      Recorder r(3000, 3000);
+      r.ScaleWidth(100);
+      r.ScaleHeight(100 * flip);  // angles keep their screen sense
+      r.Circle(50, 50 * flip, 10, {}, c.start, c.end);
+      const auto arcs = r.Of(RecordedOp::Arc);
+      ASSERT_EQ(arcs.size(), 1u);
+      EXPECT_NEAR(arcs[0].a0, c.a0, 1e-9);
+      EXPECT_NEAR(arcs[0].sweep, c.sweep, 1e-9);
+      EXPECT_NEAR(arcs[0].tr, 300, 1e-9);  // 10 units of 30 twips
+      EXPECT_NEAR(arcs[0].r, 10, 1e-9);
+      EXPECT_NEAR(arcs[0].tx1, 1500, 1e-9);
+      EXPECT_NEAR(arcs[0].ty1, 1500, 1e-9);
+      EXPECT_DOUBLE_EQ(r.CurrentX(), 50);  // the centre
+    }
+  }
+  // pi/2 is up on the screen: the arc from 0 to pi/2 passes above the centre
+  Recorder r(3000, 3000);
+  r.Circle(1500, 1500, 600, 0x0000FF, 0, Pi / 2);
+  EXPECT_EQ(r.Point(1500, 900 + 5), 0x0000FFu);    // top of the circle
+  EXPECT_EQ(r.Point(2100 + 5, 1500), 0x0000FFu);   // right of it
+  EXPECT_EQ(r.Point(1500, 2100 + 5), 0xE0E0E0u);   // the bottom is not drawn
+}
+
+TEST(Surface, PrintStartsAtTheCurrentPositionAndGoesDownOneLine) {
+  Recorder r(3000, 1500);
+  r.CurrentX(400);
+  r.CurrentY(100);
+  const double h = r.TextHeight("G");
+  r.Print("G");
+  const auto texts = r.Of(RecordedOp::Text);
+  ASSERT_EQ(texts.size(), 1u);
+  EXPECT_DOUBLE_EQ(texts[0].x1, 400);
+  EXPECT_DOUBLE_EQ(texts[0].y1, 100);
+  EXPECT_DOUBLE_EQ(r.CurrentX(), 0);
+  EXPECT_NEAR(r.CurrentY(), 100 + h, 1e-9);
+  // 8.25 pt Arial: a line is a little more than the em of 165 twips; "W" is
+  // wider than "i"
+  EXPECT_GT(h, 165);
+  EXPECT_LT(h, 220);
+  EXPECT_GT(r.TextWidth("W"), 3 * r.TextWidth("i"));
+  // In a scale of 10 twips a unit the extents are ten times smaller.
+  r.ScaleWidth(300);
+  r.ScaleHeight(150);
+  EXPECT_NEAR(r.TextHeight("G"), h / 10, 1e-9);
+}
+
+TEST(Surface, PointReadsTheLastColourDrawnAndNothingOutside) {
+  Recorder r(3000, 1500);
+  r.Cls();
+  r.Line(0, 750, 3000, 750, 0x0000C0);
+  r.Line(1500, 0, 1500, 1500, 0xC00000);
+  EXPECT_EQ(r.Point(600, 755), 0x0000C0u);
+  EXPECT_EQ(r.Point(1505, 755), 0xC00000u);  // the later line covers the crossing
+  EXPECT_EQ(r.Point(600, 600), 0xE0E0E0u);
+  EXPECT_EQ(r.Point(-1, 750), -1);
+  EXPECT_EQ(r.Point(3000, 750), -1);
+}
+
+TEST(SvgWriter, WritesTheSamePictureInScreenPixels) {
+  zarvek::SvgWriter svg(7335, 1365, 2);
+  svg.Cls();
+  svg.Line(750, 150, 1500, 150, 0x0000C0);
+  svg.DrawWidth(2);
+  svg.Circle(1500, 600, 300, 0xC00000, 7 * Pi / 4, Pi / 4);
+  svg.Print("a<b");
+  const std::string d = svg.Document();
+  EXPECT_NE(d.find("width=\"978\" height=\"182\""), std::string::npos);  // 489 x 91 pixels, twice
+  EXPECT_NE(d.find("viewBox=\"0 0 489 91\""), std::string::npos);
+  EXPECT_NE(d.find("fill=\"#e0e0e0\""), std::string::npos);
+  EXPECT_NE(d.find("<line x1=\"50\" y1=\"10\" x2=\"100\" y2=\"10\" stroke=\"#c00000\""), std::string::npos);
+  // the arc from 7pi/4 to pi/4: from below right to above right, the short
+  // way, counter-clockwise on the screen
+  const double c = 20 * std::cos(Pi / 4);
+  char arc[160];
+  std::snprintf(arc, sizeof arc, "<path d=\"M%g %g A20 20 0 0 0 %g %g\" stroke=\"#0000c0\" stroke-width=\"2\"",
+                std::round((100 + c) * 100) / 100, std::round((40 + c) * 100) / 100,
+                std::round((100 + c) * 100) / 100, std::round((40 - c) * 100) / 100);
+  EXPECT_NE(d.find(arc), std::string::npos) << d;
+  EXPECT_NE(d.find(">a&lt;b</text>"), std::string::npos);
+}
