@@ -934,6 +934,15 @@ void Frm_Zarvek::Translate_Form() {
   static_cast<QAbstractButton*>(Field_Widget("Opt_G"))->setToolTip(Lbl_Trad[3]->text());
   static_cast<QAbstractButton*>(Field_Widget("Opt_Nu"))->setToolTip(Lbl_Trad[4]->text());
 
+  // the captions of the two methods come with the options' texts
+  constexpr int Section_Options = 2, L_Opt_Dichotomie = 28, L_Opt_Eigen = 29;
+  if (!Section_Line(Section_Options, L_Opt_Dichotomie).empty()) {
+    m_.Caption_Dichotomie = Section_Line(Section_Options, L_Opt_Dichotomie);
+    m_.Caption_Eigen = Section_Line(Section_Options, L_Opt_Eigen);
+    m_.Lbl_Method = m_.Opt_Eigen ? m_.Caption_Eigen : m_.Caption_Dichotomie;
+    Lbl_Method->setText(Lang(m_.Lbl_Method));
+  }
+
   // restraint lists change language and keep their selection
   const bool was = m_.RefreshLocked;
   m_.RefreshLocked = true;

@@ -128,6 +128,14 @@ class Test_Frm_Zarvek : public QObject {
     QCOMPARE(F<QLabel>("Lbl_Comment")->text().toStdString(), Cp1252_To_Utf8(Msg(6)));
   }
 
+  // F5 from the first page: the results page comes to the front, solved.
+  void f5ProceedsFromAnyPage() {
+    QCOMPARE(w_->Tab_Zarvek->currentIndex(), 0);
+    QTest::keyClick(E("Txt_L"), Qt::Key_F5);
+    QCOMPARE(w_->Tab_Zarvek->currentIndex(), 3);
+    QVERIFY(E("Txt_mucr")->text() != "0");
+  }
+
   // The stop button is live exactly during the solve. Pressed at the third
   // trial factor the bracket is [0.25, 0.5] (the beam buckles at 0.483), and
   // its stable end is the estimate shown.
