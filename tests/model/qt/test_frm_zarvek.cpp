@@ -384,6 +384,37 @@ class Test_Frm_Zarvek : public QObject {
     QCOMPARE(opened, 1);
   }
 
+  // The report needs a result: Menu_Edit_Results follows mucr.
+  void resultsReportNeedsAResult() {
+    w_->Hooks.Results = [] {};
+    w_->Update_Commands();
+    QVERIFY(!w_->Menu_Edit_Results->isEnabled());
+    w_->Cmd_Proceed_Click();
+    QVERIFY(w_->Menu_Edit_Results->isEnabled());
+    Select_Page(0);
+    Type("Txt_L", "9");
+    QVERIFY(!w_->Menu_Edit_Results->isEnabled());
+  }
+
+  // By dimensions: a changed height empties the computed section until it
+  // is confirmed. The weak-axis inertia of an I hardly depends on the height:
+  // 2 tf b^3 / 12 + (h - 2 tf) tw^3 / 12 = 603.0 cm4 for h = 40 (without the
+  // root fillets, which add a little).
+  void dimensionsAreConfirmedBeforeUse() {
+    Click(F<QRadioButton>("Opt_Dimensions"));
+    QCOMPARE(w_->Tab_Section->currentIndex(), 1);
+    Type("Txt_h", "40");
+    QCOMPARE(E("Txt_Iz(2)")->text(), QString());
+    shown_.clear();
+    w_->Cmd_Proceed_Click();  // refused: the section is not computed
+    QVERIFY(!shown_.isEmpty());
+    QCOMPARE(E("Txt_mucr")->text(), QString("0"));
+    w_->Cmd_Dimensions->click();
+    const double Iz = Num_Of_Text(E("Txt_Iz(2)")->text().toStdString());
+    const double bare = 2 * 1.07 * 15 * 15 * 15 / 12 + (40 - 2 * 1.07) * 0.71 * 0.71 * 0.71 / 12;
+    QVERIFY2(Iz >= bare && Iz < bare * 1.005, qPrintable(E("Txt_Iz(2)")->text()));
+  }
+
   // The forces frame goes with the page that shows it.
   void forcesFrameMovesBetweenPages() {
     Select_Page(2);
