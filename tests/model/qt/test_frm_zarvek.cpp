@@ -415,6 +415,29 @@ class Test_Frm_Zarvek : public QObject {
     QVERIFY2(Iz >= bare && Iz < bare * 1.005, qPrintable(E("Txt_Iz(2)")->text()));
   }
 
+  // A change of language: captions follow, the restraint lists change their
+  // words and keep their state.
+  void languageChangeKeepsTheRestraints() {
+    Select_Page(1);
+    auto* vp1 = F<QComboBox>("Lst_vp1");
+    vp1->setCurrentIndex(2);
+    emit vp1->activated(2);
+    QTest::keyClicks(vp1->lineEdit(), "5");
+    QVERIFY(Load_LanguageFile(std::string(ZARVEK_BIN_DIR) + "/ZARVEK_FR.MSG", s_.File_Tmp));
+    Load_Messages();
+    w_->Translate_Form();
+    const QString fixedFr = QString::fromStdString(Cp1252_To_Utf8(Msg(20)));
+    QVERIFY(fixedFr != "Fixed");
+    QCOMPARE(F<QComboBox>("Lst_v1")->currentText(), fixedFr);
+    QCOMPARE(w_->Model().Lst_v1.index, 1);
+    QCOMPARE(vp1->currentText(), QString("5"));
+    QCOMPARE(w_->Model().Lst_vp1.index, -1);
+    QCOMPARE(w_->Tab_Zarvek->tabText(1).toStdString(), Cp1252_To_Utf8(Section_Line(1, 20)));
+    QVERIFY(w_->windowTitle().endsWith(QString::fromStdString(Cp1252_To_Utf8(w_->File_Current()))));
+    QVERIFY(Load_LanguageFile(std::string(ZARVEK_BIN_DIR) + "/ZARVEK_UK.MSG", s_.File_Tmp));
+    Load_Messages();
+  }
+
   // The forces frame goes with the page that shows it.
   void forcesFrameMovesBetweenPages() {
     Select_Page(2);
