@@ -17,13 +17,16 @@ configure: deps
 build: configure
 	cmake --build $(BUILD) -j $(JOBS)
 
-# Solves the shipped example by the batch route, from the start directory,
-# and shows the result file: mucr, Mmax (daN.cm), its position x/L, message.
+# Starts the program as a user does, from the start directory build/bin:
+# the splash, the legal warning, then the main window. Without a display it
+# says so and solves the shipped example project with zarvek-cli instead.
 run: build
-	@cd $(BUILD)/bin && rm -f Zarvek.TMP && ./Zarvek "$(CURDIR)/$(BUILD)/bin/EXAMPLE.ZVK" >/dev/null; \
-	  status=$$?; echo "Zarvek $(BUILD)/bin/EXAMPLE.ZVK -> $(BUILD)/bin/Zarvek.TMP:"; cat Zarvek.TMP; \
-	  awk 'NR==1{mu=$$1} NR==2{m=$$1<0?-$$1:$$1} END{if (mu>0) printf "Mcr = mucr x |Mmax| = %.2f kN.m\n", mu*m/10000}' Zarvek.TMP; \
-	  exit $$status
+	@if [ -n "$$DISPLAY$$WAYLAND_DISPLAY" ]; then \
+	  cd $(BUILD)/bin && exec ./Zarvek; \
+	else \
+	  echo "No display (DISPLAY and WAYLAND_DISPLAY are unset): solving $(BUILD)/bin/EXAMPLE.DAT with zarvek-cli instead."; \
+	  cd $(BUILD)/bin && ./zarvek-cli solve EXAMPLE.DAT; \
+	fi
 
 test: build
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)

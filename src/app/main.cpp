@@ -9,10 +9,12 @@
 //
 // Exit codes:
 //   0  done; on the batch route the result file tells how the solve went
-//   1  start-up failure (.INI file, language file): the message was shown
+//   1  start-up failure (.INI file, language file, default file): the message was shown
 //   2  batch route: the result file could not be written
 //   3  another instance runs in this start directory (nothing is shown)
 #include <QApplication>
+#include <QDateTime>
+#include <QLabel>
 #include <QMessageBox>
 #include <cerrno>
 #include <cstdio>
@@ -25,6 +27,9 @@
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
 #include "foundation/Startup.h"
+#include "model/qt/Frm_Zarvek.h"
+#include "tools/qt/Frm_Legal.h"
+#include "tools/qt/SplashScreen.h"
 
 namespace {
 
@@ -73,21 +78,30 @@ int Run_DirectSolve(const StartupState& s, bool headless) {
   return code;
 }
 
-// The main window is not part of this build yet.
-int Run_Interactive(StartupState& s, bool headless) {
+// The interactive program: the splash for two seconds while the main window
+// loads, the legal warning (Cancel ends), then the main window until it closes.
+int Run_Interactive(QApplication& app, StartupState& s, bool headless) {
   Set_InteractivePaths(s);
-  const std::string text = std::string("The interactive window of ") + Program_Name() +
-                           " is not available yet.\n"
-                           "To solve a problem file, start the program with its name:\n    " +
-                           Program_Name() + " BEAM.ZVK\n"
-                           "The result goes to " + s.File_Tmp + " and mucr to the clipboard.";
   if (headless) {
-    std::printf("%s\n", text.c_str());
+    std::printf("%s: no display for the interactive window; to solve a problem file: %s BEAM.ZVK\n",
+                Program_Name(), Program_Name());
     std::fflush(stdout);
-  } else {
-    QMessageBox::information(nullptr, Program_Name(), QString::fromLocal8Bit(text.c_str()));
+    return Exit_Done;
   }
-  return Exit_Done;
+  SplashScreen splash;
+  splash.Form_Load();
+  splash.show();
+  const qint64 shown = QDateTime::currentMSecsSinceEpoch();
+  QCoreApplication::processEvents();
+
+  s.Is_MainLoading = true;
+  Frm_Zarvek form(s);
+  if (!form.Form_Load()) return Exit_StartFailure;  // the default file can't be read
+  Pause_Splash(splash, 2, shown);
+  if (!Show_LegalWarning(nullptr, splash.Lbl_Disclaimer->text())) return Exit_Done;
+  s.Is_MainLoading = false;
+  form.show();
+  return app.exec();
 }
 
 }  // namespace
@@ -127,5 +141,5 @@ int main(int argc, char** argv) {
   // 9. The batch route: solve, leave the result, end.
   if (s.Direct_Mode) return Run_DirectSolve(s, headless);
 
-  return Run_Interactive(s, headless);
+  return Run_Interactive(app, s, headless);
 }

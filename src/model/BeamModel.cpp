@@ -6,6 +6,7 @@
 
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
+#include "model/FieldTable.h"
 
 namespace zarvek {
 
@@ -205,30 +206,13 @@ int Support_Case(const BeamModel& m) {
 namespace zarvek {
 
 void Traiter_Units(BeamModel& m, const UnitIndices& old) {
-  auto change = [&](UnitFamily f, std::initializer_list<std::string*> fields) {
-    for (std::string* t : fields) ChangeUnit(f, old[(size_t)f], Unit_Index(m, f), *t);
-  };
-  change(UnitFamily::L, {&m.Txt_L});
-  change(UnitFamily::EG, {&m.Txt_E, &m.Txt_G});
-  change(UnitFamily::Izt, {&m.Txt_Iz[1], &m.Txt_Iz[2], &m.Txt_Iz[3], &m.Txt_It[1], &m.Txt_It[2],
-                           &m.Txt_It[3]});
-  change(UnitFamily::Iw, {&m.Txt_Iw[1], &m.Txt_Iw[2], &m.Txt_Iw[3]});
-  change(UnitFamily::Dim,
-         {&m.Txt_Betaz[1], &m.Txt_Betaz[2], &m.Txt_Betaz[3], &m.Txt_zS[1], &m.Txt_zS[2],
-          &m.Txt_h, &m.Txt_bf1, &m.Txt_tf1, &m.Txt_bf2, &m.Txt_tf2, &m.Txt_tw, &m.Txt_r1,
-          &m.Txt_r2, &m.Txt_zend1, &m.Txt_zend2, &m.Txt_zint_p1, &m.Txt_zint_p2, &m.Txt_zint_c,
-          &m.Txt_zq1, &m.Txt_zq2, &m.Txt_zF1, &m.Txt_zF2, &m.Txt_zF3});
-  change(UnitFamily::M, {&m.Txt_M1, &m.Txt_M2, &m.Txt_CC, &m.Txt_Mmax[0], &m.Txt_Mmax[1],
-                         &m.Txt_Mcr});
-  change(UnitFamily::F, {&m.Txt_F1, &m.Txt_F2, &m.Txt_F3});
-  change(UnitFamily::q, {&m.Txt_q11, &m.Txt_q12, &m.Txt_q21, &m.Txt_q22});
-  change(UnitFamily::v, {&m.Lst_v1.text, &m.Lst_v2.text, &m.Lst_vi_p1.text, &m.Lst_vi_p2.text});
-  change(UnitFamily::t, {&m.Lst_t1.text, &m.Lst_t2.text, &m.Lst_ti_p1.text, &m.Lst_ti_p2.text});
-  change(UnitFamily::vp, {&m.Lst_vp1.text, &m.Lst_vp2.text});
-  change(UnitFamily::tp, {&m.Lst_tp1.text, &m.Lst_tp2.text});
-  change(UnitFamily::v_c, {&m.Lst_vi_c.text});
-  change(UnitFamily::t_c, {&m.Lst_ti_c.text});
-  change(UnitFamily::vp_c, {&m.Lst_vpi_c.text});
+  // every shown number that has a unit: texts, results and typed springs
+  for (const FieldDef& f : Field_Table()) {
+    if (!f.hasUnit()) continue;
+    std::string* text = Text_Member(m, f);
+    if (RestraintList* l = Restraint_Member(m, f)) text = &l->text;
+    if (text) ChangeUnit(f.family(), old[(size_t)f.unit], Unit_Index(m, f.family()), *text);
+  }
   Set_Factors(m);
 }
 

@@ -6,15 +6,12 @@
 
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
+#include "model/FieldTable.h"
 #include "model/Validation.h"
 
 namespace zarvek {
 
 namespace {
-
-bool In(std::string_view name, std::initializer_list<std::string_view> names) {
-  return std::find(names.begin(), names.end(), name) != names.end();
-}
 
 void Clear_Process(BeamModel& m, ChangeEffects& e) {
   InitProcessInfo(m);
@@ -72,102 +69,107 @@ void Calculer_Psi(BeamModel& m) {
 }
 
 RestraintList* Restraint_ByName(BeamModel& m, std::string_view name) {
-  struct Entry {
-    std::string_view name;
-    RestraintList BeamModel::*list;
-  };
-  static const Entry table[] = {
-      {"Lst_v1", &BeamModel::Lst_v1},       {"Lst_t1", &BeamModel::Lst_t1},
-      {"Lst_vp1", &BeamModel::Lst_vp1},     {"Lst_tp1", &BeamModel::Lst_tp1},
-      {"Lst_v2", &BeamModel::Lst_v2},       {"Lst_t2", &BeamModel::Lst_t2},
-      {"Lst_vp2", &BeamModel::Lst_vp2},     {"Lst_tp2", &BeamModel::Lst_tp2},
-      {"Lst_vi_p1", &BeamModel::Lst_vi_p1}, {"Lst_ti_p1", &BeamModel::Lst_ti_p1},
-      {"Lst_vi_p2", &BeamModel::Lst_vi_p2}, {"Lst_ti_p2", &BeamModel::Lst_ti_p2},
-      {"Lst_vi_c", &BeamModel::Lst_vi_c},   {"Lst_ti_c", &BeamModel::Lst_ti_c},
-      {"Lst_vpi_c", &BeamModel::Lst_vpi_c}};
-  for (const Entry& e : table)
-    if (e.name == name) return &(m.*(e.list));
-  return nullptr;
+  const FieldDef* f = Find_Field(name);
+  return f ? Restraint_Member(m, *f) : nullptr;
 }
 
-ChangeEffects Data_Changed(BeamModel& m, std::string_view f) {
+ChangeEffects Data_Changed(BeamModel& m, std::string_view name) {
   ChangeEffects e;
   if (m.RefreshLocked) return e;
+  const FieldDef* f = Find_Field(name);
+  if (!f) return e;
 
-  // data of the loads: results and internal forces are stale
-  if (In(f, {"Txt_L", "Txt_F1", "Txt_F2", "Txt_F3", "Txt_xf1", "Txt_xf2", "Txt_xf3", "Txt_zF1",
-             "Txt_zF2", "Txt_zF3", "Txt_CC", "Txt_xfC", "Txt_q11", "Txt_q12", "Txt_q21",
-             "Txt_q22", "Txt_xq11", "Txt_xq12", "Txt_xq21", "Txt_xq22", "Txt_zq1", "Txt_zq2"})) {
-    Clear_Process(m, e);
-    Clear_Efforts(m, e);
-  } else if (In(f, {"Chk_M", "Chk_F1", "Chk_F2", "Chk_F3", "Chk_CC", "Chk_q1", "Chk_q2",
-                    "Opt_AA", "Opt_EE", "Opt_EA", "Opt_EL"})) {
-    Clear_Process(m, e);
-    Clear_Efforts(m, e);
-    e.Refresh_LoadsDiagrams = true;
-  } else if (In(f, {"Txt_NB", "Txt_zend1", "Txt_zend2", "Txt_Iz(3)", "Txt_It(3)", "Txt_Iw(3)",
-                    "Txt_Betaz(3)", "Lst_v1", "Lst_t1", "Lst_vp1", "Lst_tp1", "Lst_v2",
-                    "Lst_t2", "Lst_vp2", "Lst_tp2"})) {
-    Clear_Process(m, e);
-  } else if (In(f, {"Txt_xfint1", "Txt_zint_p1", "Lst_vi_p1", "Lst_ti_p1"})) {
-    if (m.Chk_Punctual1) Clear_Process(m, e);
-  } else if (In(f, {"Txt_xfint2", "Txt_zint_p2", "Lst_vi_p2", "Lst_ti_p2"})) {
-    if (m.Chk_Punctual2) Clear_Process(m, e);
-  } else if (In(f, {"Txt_zint_c", "Lst_vi_c", "Lst_ti_c", "Lst_vpi_c"})) {
-    if (m.Chk_Continuous) Clear_Process(m, e);
-  } else if (In(f, {"Chk_Punctual1", "Chk_Punctual2", "Chk_Continuous"})) {
-    Clear_Process(m, e);
-    e.Update_NoRestraint = true;
-  } else if (In(f, {"Chk_v", "Chk_t", "Chk_vp", "Chk_tp"})) {
-    e.Tracer_VecteurPropre = true;
-  } else if (f == "Lbl_SelectedProfile") {
-    Clear_Process(m, e);
-    e.Draw_Section = true;
-  } else if (In(f, {"Opt_Catalogue", "Opt_Dimensions", "Opt_Properties"})) {
-    e.Draw_Section = true;
-    Clear_Process(m, e);
-    e.Show_Section_Picture = true;
-  } else if (In(f, {"Txt_h", "Txt_tw", "Txt_bf1", "Txt_tf1", "Txt_r1", "Txt_bf2", "Txt_tf2",
-                    "Txt_r2"})) {
-    // the section is no longer the one computed; results stay until the
-    // dimensions are confirmed
-    Empty_Slot2(m);
-    e.Erase_Section = true;
-  } else if (f == "Txt_E") {
-    // whichever of nu and G is typed, E drives G
-    const double G = Shear_Modulus(Num_Of_Text(m.Txt_E), Num_Of_Text(m.Txt_Nu));
-    m.Txt_G = Format_Auto(G);
-    Clear_Process(m, e);
-  } else if (f == "Txt_Nu") {
-    if (m.Opt_Nu) {
-      const double E = Value_Of(m.Txt_E, m.Fact_EG);
-      const double G = Shear_Modulus(E, Num_Of_Text(m.Txt_Nu));
-      m.Txt_G = Format_Auto(G / m.Fact_EG);
+  switch (f->rule) {
+    case ChangeRule::None:
+      break;
+    case ChangeRule::Loads:
+      // data of the loads: results and internal forces are stale
       Clear_Process(m, e);
-    }
-  } else if (f == "Txt_G") {
-    if (m.Opt_G) {
-      const double E = Value_Of(m.Txt_E, m.Fact_EG);
-      const double G = Value_Of(m.Txt_G, m.Fact_EG);
-      m.Txt_Nu = G == 0 ? std::string("?") : Format_Auto(E / (2 * G) - 1);
+      Clear_Efforts(m, e);
+      break;
+    case ChangeRule::LoadsRedraw:
       Clear_Process(m, e);
+      Clear_Efforts(m, e);
+      e.Refresh_LoadsDiagrams = true;
+      break;
+    case ChangeRule::Process:
+      Clear_Process(m, e);
+      break;
+    case ChangeRule::Punctual1:
+      if (m.Chk_Punctual1) Clear_Process(m, e);
+      break;
+    case ChangeRule::Punctual2:
+      if (m.Chk_Punctual2) Clear_Process(m, e);
+      break;
+    case ChangeRule::Continuous:
+      if (m.Chk_Continuous) Clear_Process(m, e);
+      break;
+    case ChangeRule::Intermediate:
+      Clear_Process(m, e);
+      e.Update_NoRestraint = true;
+      break;
+    case ChangeRule::Curves:
+      e.Tracer_VecteurPropre = true;
+      break;
+    case ChangeRule::Profile:
+      Clear_Process(m, e);
+      e.Draw_Section = true;
+      break;
+    case ChangeRule::Route:
+      e.Draw_Section = true;
+      Clear_Process(m, e);
+      e.Show_Section_Picture = true;
+      break;
+    case ChangeRule::Dimension:
+      // the section is no longer the one computed; results stay until the
+      // dimensions are confirmed
+      Empty_Slot2(m);
+      e.Erase_Section = true;
+      break;
+    case ChangeRule::E: {
+      // whichever of nu and G is typed, E drives G
+      const double G = Shear_Modulus(Num_Of_Text(m.Txt_E), Num_Of_Text(m.Txt_Nu));
+      m.Txt_G = Format_Auto(G);
+      Clear_Process(m, e);
+      break;
     }
-  } else if (f == "Txt_M1" || (f == "Txt_M2" && m.Opt_M2)) {
-    Calculer_Psi(m);
-    Clear_Process(m, e);
-    Clear_Efforts(m, e);
-  } else if (f == "Txt_Psi") {
-    if (m.Opt_Psi) {
-      const double psi = Num_Of_Text(m.Txt_Psi);
-      if (psi > 1 || psi < -1) {
-        m.Txt_Psi = m.Psi_Previous;
-        e.Select_Psi = true;
-      } else {
-        m.Txt_M2 = Format_Auto(-psi * Num_Of_Text(m.Txt_M1));
+    case ChangeRule::Nu:
+      if (m.Opt_Nu) {
+        const double E = Value_Of(m.Txt_E, m.Fact_EG);
+        const double G = Shear_Modulus(E, Num_Of_Text(m.Txt_Nu));
+        m.Txt_G = Format_Auto(G / m.Fact_EG);
         Clear_Process(m, e);
-        Clear_Efforts(m, e);
       }
-    }
+      break;
+    case ChangeRule::G:
+      if (m.Opt_G) {
+        const double E = Value_Of(m.Txt_E, m.Fact_EG);
+        const double G = Value_Of(m.Txt_G, m.Fact_EG);
+        m.Txt_Nu = G == 0 ? std::string("?") : Format_Auto(E / (2 * G) - 1);
+        Clear_Process(m, e);
+      }
+      break;
+    case ChangeRule::M2:
+      if (!m.Opt_M2) break;
+      [[fallthrough]];
+    case ChangeRule::M1:
+      Calculer_Psi(m);
+      Clear_Process(m, e);
+      Clear_Efforts(m, e);
+      break;
+    case ChangeRule::Psi:
+      if (m.Opt_Psi) {
+        const double psi = Num_Of_Text(m.Txt_Psi);
+        if (psi > 1 || psi < -1) {
+          m.Txt_Psi = m.Psi_Previous;
+          e.Select_Psi = true;
+        } else {
+          m.Txt_M2 = Format_Auto(-psi * Num_Of_Text(m.Txt_M1));
+          Clear_Process(m, e);
+          Clear_Efforts(m, e);
+        }
+      }
+      break;
   }
   return e;
 }

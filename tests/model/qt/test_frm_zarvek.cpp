@@ -1,0 +1,459 @@
+// The main window as a user drives it: typing, choosing, proceeding,
+// stopping, opening and saving. Boxes and file dialogs are answered by the
+// test through the window's hooks.
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QtTest>
+#include <cmath>
+#include <memory>
+
+#include "diagrams/qt/QtSurface.h"
+#include "foundation/Language.h"
+#include "foundation/Mod_Zarvek.h"
+#include "model/ProjectFile.h"
+#include "model/qt/Frm_Zarvek.h"
+
+using namespace zarvek;
+
+namespace {
+
+// Closed-form Mcr of a fork-supported beam under uniform moment (daN, cm):
+// pi/L sqrt(E Iz G It) sqrt(1 + pi^2 E Iw / (L^2 G It)).
+double Mcr_Uniform(double L, double E, double G, double Iz, double It, double Iw) {
+  const double pi = 3.14159265358979;
+  return pi / L * std::sqrt(E * Iz * G * It) * std::sqrt(1 + pi * pi * E * Iw / (L * L * G * It));
+}
+
+QString Local(const char* text) { return QString(text).replace('.', QChar(Dec_Sep)); }
+
+}  // namespace
+
+class Test_Frm_Zarvek : public QObject {
+  Q_OBJECT
+
+  QTemporaryDir dir_;
+  StartupState s_;
+  std::unique_ptr<Frm_Zarvek> w_;
+  QStringList shown_;        // texts of the boxes, in order
+  QStringList chosen_;       // answers of the file dialogs, taken in order
+  int dialogs_ = 0;
+
+  template <class T = QWidget>
+  T* F(const char* name) {
+    auto* w = qobject_cast<T*>(w_->Field_Widget(name));
+    if (!w) qFatal("no widget %s", name);
+    return w;
+  }
+  QLineEdit* E(const char* name) { return F<QLineEdit>(name); }
+
+  // A click on the box of a check box or option, as a user aims at it.
+  void Click(QAbstractButton* b) { QTest::mouseClick(b, Qt::LeftButton, {}, QPoint(6, b->height() / 2)); }
+
+  void Type(const char* name, const QString& text) {
+    QLineEdit* e = E(name);
+    e->setFocus();
+    e->selectAll();
+    if (text.isEmpty()) QTest::keyClick(e, Qt::Key_Backspace);
+    else QTest::keyClicks(e, text);
+  }
+
+  bool Shown_Contains(const std::string& text) const {
+    for (const QString& s : shown_)
+      if (s.contains(QString::fromStdString(Cp1252_To_Utf8(text)))) return true;
+    return false;
+  }
+
+ private slots:
+  void initTestCase() {
+    QVERIFY(dir_.isValid());
+    s_.Dir_Data = dir_.path().toStdString();
+    s_.App_Path = s_.Dir_Data + "/";
+    s_.File_Tmp = s_.App_Path + "Zarvek.TMP";
+    s_.File_Problem = s_.App_Path + "Zarvek.ZVK";
+    s_.File_Default = s_.App_Path + "Zarvek.DFT";  // none: the built-in defaults
+    QVERIFY(Load_LanguageFile(std::string(ZARVEK_BIN_DIR) + "/ZARVEK_UK.MSG", s_.File_Tmp));
+    Load_Messages();
+  }
+
+  void init() {
+    shown_.clear();
+    chosen_.clear();
+    dialogs_ = 0;
+    w_ = std::make_unique<Frm_Zarvek>(s_);
+    w_->Message_Box = [this](const QString& text, const QString&) { shown_ << text; };
+    w_->Confirm_Box = [this](const QString& text) {
+      shown_ << text;
+      return true;
+    };
+    w_->Choose_File = [this](int, const QString&, const QString&) {
+      ++dialogs_;
+      return chosen_.isEmpty() ? QString() : chosen_.takeFirst();
+    };
+    w_->Beep = [] {};
+    w_->Progress_Interval_ms = 0;  // every trial factor is shown
+    QVERIFY(w_->Form_Load());
+    w_->show();
+    QApplication::setActiveWindow(w_.get());
+    QVERIFY(QTest::qWaitForWindowActive(w_.get()));
+  }
+
+  void cleanup() { w_.reset(); }
+
+  // ---- the solve ----------------------------------------------------------
+
+  // The default beam: an IPE 300 of 10 m on forks under a uniform moment of
+  // 100 kN.m. The finite elements give the closed form within 0.2 %.
+  void proceedGivesTheClosedFormMcr() {
+    w_->Cmd_Proceed_Click();
+    const double expected = Mcr_Uniform(1000, 2.1e6, 807690, 603.78, 19.868, 126332) / 1e4;  // kN.m
+    const double Mcr = Num_Of_Text(E("Txt_Mcr")->text().toStdString());
+    QVERIFY2(std::fabs(Mcr / expected - 1) < 2e-3, qPrintable(E("Txt_Mcr")->text()));
+    // mucr is Mcr over the applied moment, 100 kN.m
+    QVERIFY(std::fabs(Num_Of_Text(E("Txt_mucr")->text().toStdString()) * 100 / expected - 1) < 2e-3);
+    QVERIFY(Shown_Contains(Msg(4)));
+    QVERIFY(!w_->Cmd_StopProcess->isEnabled());
+    QVERIFY(w_->Model().Mode_Max > 0);
+    QCOMPARE(F<QLabel>("Lbl_Comment")->text().toStdString(), Cp1252_To_Utf8(Msg(6)));
+  }
+
+  // F5 from the first page: the results page comes to the front, solved.
+  void f5ProceedsFromAnyPage() {
+    QCOMPARE(w_->Tab_Zarvek->currentIndex(), 0);
+    QTest::keyClick(E("Txt_L"), Qt::Key_F5);
+    QCOMPARE(w_->Tab_Zarvek->currentIndex(), 3);
+    QVERIFY(E("Txt_mucr")->text() != "0");
+  }
+
+  // The stop button is live exactly during the solve. Pressed at the third
+  // trial factor the bracket is [0.25, 0.5] (the beam buckles at 0.483), and
+  // its stable end is the estimate shown.
+  void stopDuringSolveEndsWithTheEstimate() {
+    bool enabledDuring = false;
+    QTimer clicker;
+    connect(&clicker, &QTimer::timeout, [&] {
+      if (F<QLabel>("Lbl_Iteration")->text() == "3" && w_->Is_Solving()) {
+        enabledDuring = w_->Cmd_StopProcess->isEnabled() && w_->Is_Solving();
+        QTest::mouseClick(w_->Cmd_StopProcess, Qt::LeftButton);
+      }
+    });
+    clicker.start(0);
+    QVERIFY(!w_->Cmd_StopProcess->isEnabled());
+    w_->Cmd_Proceed_Click();
+    clicker.stop();
+    QVERIFY(enabledDuring);
+    QVERIFY(!w_->Cmd_StopProcess->isEnabled());
+    QVERIFY(Shown_Contains(Msg(2)));
+    QCOMPARE(Num_Of_Text(E("Txt_mucr")->text().toStdString()), 0.25);
+  }
+
+  // Esc during the solve stops it too; a click elsewhere does nothing then.
+  void escapeStopsAndOtherInputWaits() {
+    QTimer presser;
+    QString lengthDuring;
+    connect(&presser, &QTimer::timeout, [&] {
+      if (F<QLabel>("Lbl_Iteration")->text() == "3" && w_->Is_Solving()) {
+        QTest::keyClicks(E("Txt_L"), "9");
+        lengthDuring = E("Txt_L")->text();
+        QTest::keyClick(w_->Cmd_StopProcess, Qt::Key_Escape);
+      }
+    });
+    presser.start(0);
+    w_->Cmd_Proceed_Click();
+    presser.stop();
+    QCOMPARE(lengthDuring, QString("10"));
+    QVERIFY(Shown_Contains(Msg(2)));
+  }
+
+  // No moment at all: the solve is refused with the zero-moment message.
+  void beamWithoutMomentIsRefused() {
+    Select_Page(2);
+    Click(F<QCheckBox>("Chk_M"));
+    QVERIFY(!w_->Model().Chk_M);
+    Select_Page(3);
+    shown_.clear();
+    w_->Cmd_Proceed_Click();
+    QVERIFY(Shown_Contains("Mmax = 0 ! - " + Msg(3)));
+    QCOMPARE(E("Txt_mucr")->text(), QString("0"));
+  }
+
+  // ---- data entry ------------------------------------------------------------
+
+  // A changed load makes the results and the forces picture stale.
+  void changedLoadClearsResultsAndForces() {
+    w_->Cmd_Proceed_Click();
+    QVERIFY(E("Txt_mucr")->text() != "0");
+    QVERIFY(E("Txt_Mmax(0)")->text() != "0");
+    w_->Tab_Zarvek->setCurrentIndex(2);
+    Type("Txt_M1", "-90");
+    QCOMPARE(E("Txt_mucr")->text(), QString("0"));
+    QCOMPARE(E("Txt_Mcr")->text(), QString("0"));
+    QCOMPARE(E("Txt_Mmax(0)")->text(), QString("0"));
+    QCOMPARE(w_->Model().Mode_Max, 0.0f);
+    // the forces picture holds nothing but its background
+    const QImage img = w_->Img_Forces->imageSurface().Image();
+    const QRgb back = img.pixel(0, 0);
+    bool blank = true;
+    for (int y = 0; y < img.height() && blank; y += 3)
+      for (int x = 0; x < img.width() && blank; x += 3) blank = img.pixel(x, y) == back;
+    QVERIFY(blank);
+    // psi follows M1 and M2: -M2/M1 of the smaller over the larger
+    QCOMPARE(E("Txt_Psi")->text(), Local("0.900"));
+  }
+
+  // psi typed outside -1..1 puts back the text it had before the key.
+  void psiOutOfRangeRestoresThePreviousText() {
+    w_->Tab_Zarvek->setCurrentIndex(2);
+    Click(F<QRadioButton>("Opt_Psi"));
+    QVERIFY(E("Txt_M2")->isReadOnly());
+    QVERIFY(!E("Txt_Psi")->isReadOnly());
+    Type("Txt_Psi", Local("0.5"));
+    QCOMPARE(Num_Of_Text(E("Txt_M2")->text().toStdString()), 50.0);  // -psi M1
+    E("Txt_Psi")->setCursorPosition(E("Txt_Psi")->text().size());
+    QTest::keyClicks(E("Txt_Psi"), "5");  // 0.55 is accepted
+    QCOMPARE(E("Txt_Psi")->text(), Local("0.55"));
+    Type("Txt_Psi", "");
+    QTest::keyClicks(E("Txt_Psi"), Local("1.5"));
+    QCOMPARE(E("Txt_Psi")->text(), Local("1."));
+    QCOMPARE(Num_Of_Text(E("Txt_M2")->text().toStdString()), 100.0);
+  }
+
+  // With G typed, E still drives G; nu stays until G itself changes.
+  void youngsModulusWithGTypedRewritesGOnly() {
+    Click(F<QRadioButton>("Opt_G"));
+    QVERIFY(E("Txt_Nu")->isReadOnly());
+    QCOMPARE(E("Txt_Nu")->focusPolicy(), Qt::NoFocus);
+    Type("Txt_E", "200000");
+    QVERIFY(std::fabs(Num_Of_Text(E("Txt_G")->text().toStdString()) * 2.6 / 200000 - 1) < 1e-4);
+    QCOMPARE(E("Txt_Nu")->text(), Local("0.3"));
+    // G typed: nu = E / 2G - 1 = 0.25 for G = 80000
+    Type("Txt_G", "80000");
+    QCOMPARE(Num_Of_Text(E("Txt_Nu")->text().toStdString()), 0.25);
+  }
+
+  // Key filters: comma and point both give the locale's separator, a minus
+  // only where a sign makes sense, letters nowhere but the exponent.
+  void keyFiltersByField() {
+    struct Case {
+      const char* field;
+      const char* keys;
+      QString expected;
+    } cases[] = {
+        {"Txt_L", "2,5", Local("2.5")},   {"Txt_L", "2.5", Local("2.5")},
+        {"Txt_L", "-8", "8"},             {"Txt_M1", "-8,5", Local("-8.5")},
+        {"Txt_xf1", "a0.3", Local("0.3")}, {"Txt_Iw(3)", "1E5", "1E5"},
+        {"Txt_zend1", "-3", "-3"},
+    };
+    for (const Case& c : cases) {
+      if (Find_Field(c.field)->page != w_->Tab_Zarvek->currentIndex()) {
+        Select_Page(Find_Field(c.field)->page);
+      }
+      if (std::string(c.field) == "Txt_Iw(3)") Click(F<QRadioButton>("Opt_Properties"));
+      Type(c.field, c.keys);
+      QCOMPARE(E(c.field)->text(), c.expected);
+    }
+  }
+
+  // Restraint lists: Free and Fixed can't be typed over; the spring item
+  // opens a typed number and shows the unit.
+  void restraintListsTakeFreeFixedOrASpring() {
+    Select_Page(1);
+    auto* v1 = F<QComboBox>("Lst_v1");
+    QLabel* unit = w_->findChild<QLabel*>("Unit_v1");
+    QVERIFY(unit && !unit->isVisible());
+    v1->lineEdit()->setFocus();
+    QTest::keyClicks(v1->lineEdit(), "12");
+    QCOMPARE(v1->currentText(), QString("Fixed"));
+    v1->setCurrentIndex(2);
+    emit v1->activated(2);
+    QCOMPARE(v1->currentText(), QString("0"));
+    QVERIFY(unit->isVisible());
+    QCOMPARE(unit->text(), QString("kN/m"));
+    QTest::keyClicks(v1->lineEdit(), "-50");  // springs aren't negative
+    QCOMPARE(w_->Model().Lst_v1.index, -1);
+    QCOMPARE(Num_Of_Text(w_->Model().Lst_v1.text), 50.0);
+  }
+
+  // A validation failure shows its message, brings the page to the front and
+  // selects the field.
+  void validationFailureSelectsPageAndField() {
+    struct Case {
+      const char* field;
+      const char* text;
+      int page;
+    } cases[] = {{"Txt_L", "", 0}, {"Txt_zint_c", "-", 1}, {"Txt_xq12", "2", 2}};
+    for (const Case& c : cases) {
+      Select_Page(Find_Field(c.field)->page);
+      Type(c.field, c.text);
+      Select_Page(3);  // the page change refuses
+      shown_.clear();
+      w_->Cmd_Proceed_Click();
+      QVERIFY2(!shown_.isEmpty(), c.field);
+      QCOMPARE(w_->Tab_Zarvek->currentIndex(), c.page);
+      QCOMPARE(QApplication::focusWidget(), E(c.field));
+      QCOMPARE(E(c.field)->selectedText(), E(c.field)->text());
+      QCOMPARE(E("Txt_mucr")->text(), QString("0"));
+      Type(c.field, c.page == 0 ? "10" : (c.page == 1 ? "0" : "1"));
+    }
+  }
+
+  // ---- files -------------------------------------------------------------------
+
+  void openThenSaveAsReadsBackEqual() {
+    const QString example = QString(ZARVEK_BIN_DIR) + "/EXAMPLE.DAT";
+    chosen_ << example;
+    w_->Menu_File_Open();
+    QVERIFY(w_->windowTitle().endsWith("EXAMPLE.DAT"));
+    QVERIFY(shown_.isEmpty());
+    const QString copy = dir_.path() + "/copy";  // the extension is added
+    chosen_ << copy;
+    w_->Menu_File_SaveAs();
+    QVERIFY(QFile::exists(copy + ".DAT"));
+    QVERIFY(w_->windowTitle().endsWith("copy.DAT"));
+    BeamModel a, b;
+    QVERIFY(Read_FileDAT(a, example.toStdString(), s_.Dir_Data).ok);
+    QVERIFY(Read_FileDAT(b, (copy + ".DAT").toStdString(), s_.Dir_Data).ok);
+    // the record of the window is what was saved; the data are the file's
+    QCOMPARE(b.Txt_L, a.Txt_L);
+    QCOMPARE(b.Lbl_SelectedProfile, a.Lbl_SelectedProfile);
+    QCOMPARE(b.Txt_M1, a.Txt_M1);
+    const QStringList la = QString::fromStdString(Project_Text(w_->Model())).split("\r\n");
+    const QStringList lb = QString::fromStdString(Project_Text(b)).split("\r\n");
+    QCOMPARE(lb.size(), la.size());
+    for (int i = 0; i < la.size(); ++i) QCOMPARE(QString("%1: %2").arg(i + 1).arg(lb[i]), QString("%1: %2").arg(i + 1).arg(la[i]));
+  }
+
+  // An invalid project can't be saved by any command; nothing is written.
+  void invalidProjectIsNeverSaved() {
+    const QString name = dir_.path() + "/bad.DAT";
+    QFile::remove(name);
+    Type("Txt_L", "");
+    chosen_ << name;
+    w_->Menu_File_SaveAs();
+    QCOMPARE(dialogs_, 0);
+    w_->Menu_File_Save();  // a new document goes to Save As: refused the same
+    QCOMPARE(dialogs_, 0);
+    w_->Menu_File_SaveAsDefault();
+    QVERIFY(!QFile::exists(name));
+    QVERIFY(!QFile::exists(QString::fromStdString(s_.File_Default)));
+    QVERIFY(shown_.size() >= 3);
+    QCOMPARE(QApplication::focusWidget(), E("Txt_L"));
+  }
+
+  // Cancelling the dialog of Open changes nothing.
+  void cancelledOpenChangesNothing() {
+    const QString title = w_->windowTitle();
+    w_->Menu_File_Open();
+    QCOMPARE(dialogs_, 1);
+    QCOMPARE(w_->windowTitle(), title);
+  }
+
+  // ---- frame ---------------------------------------------------------------------
+
+  void fullScreenFollowsTheWindowState() {
+    w_->showMaximized();
+    QTRY_VERIFY(w_->Menu_Tools_FullScreen->isChecked());
+    w_->showNormal();
+    QTRY_VERIFY(!w_->Menu_Tools_FullScreen->isChecked());
+  }
+
+  // Commands of windows not hooked in are disabled, never a dead click; a
+  // hooked one is enabled.
+  void commandsFollowTheirWindows() {
+    QVERIFY(!w_->Cmd_Draw3D->isEnabled());
+    QVERIFY(!w_->Menu_Tools_Options->isEnabled());
+    int opened = 0;
+    w_->Hooks.Draw3D = [&] { ++opened; };
+    w_->Update_Commands();
+    QVERIFY(w_->Cmd_Draw3D->isEnabled());
+    w_->Cmd_Draw3D->click();  // no mode yet: nothing opens
+    QCOMPARE(opened, 0);
+    w_->Cmd_Proceed_Click();
+    w_->Cmd_Draw3D->click();
+    QCOMPARE(opened, 1);
+  }
+
+  // The report needs a result: Menu_Edit_Results follows mucr.
+  void resultsReportNeedsAResult() {
+    w_->Hooks.Results = [] {};
+    w_->Update_Commands();
+    QVERIFY(!w_->Menu_Edit_Results->isEnabled());
+    w_->Cmd_Proceed_Click();
+    QVERIFY(w_->Menu_Edit_Results->isEnabled());
+    Select_Page(0);
+    Type("Txt_L", "9");
+    QVERIFY(!w_->Menu_Edit_Results->isEnabled());
+  }
+
+  // By dimensions: a changed height empties the computed section until it
+  // is confirmed. The weak-axis inertia of an I hardly depends on the height:
+  // 2 tf b^3 / 12 + (h - 2 tf) tw^3 / 12 = 603.0 cm4 for h = 40 (without the
+  // root fillets, which add a little).
+  void dimensionsAreConfirmedBeforeUse() {
+    Click(F<QRadioButton>("Opt_Dimensions"));
+    QCOMPARE(w_->Tab_Section->currentIndex(), 1);
+    Type("Txt_h", "40");
+    QCOMPARE(E("Txt_Iz(2)")->text(), QString());
+    shown_.clear();
+    w_->Cmd_Proceed_Click();  // refused: the section is not computed
+    QVERIFY(!shown_.isEmpty());
+    QCOMPARE(E("Txt_mucr")->text(), QString("0"));
+    w_->Cmd_Dimensions->click();
+    const double Iz = Num_Of_Text(E("Txt_Iz(2)")->text().toStdString());
+    const double bare = 2 * 1.07 * 15 * 15 * 15 / 12 + (40 - 2 * 1.07) * 0.71 * 0.71 * 0.71 / 12;
+    QVERIFY2(Iz >= bare && Iz < bare * 1.005, qPrintable(E("Txt_Iz(2)")->text()));
+  }
+
+  // A change of language: captions follow, the restraint lists change their
+  // words and keep their state.
+  void languageChangeKeepsTheRestraints() {
+    Select_Page(1);
+    auto* vp1 = F<QComboBox>("Lst_vp1");
+    vp1->setCurrentIndex(2);
+    emit vp1->activated(2);
+    QTest::keyClicks(vp1->lineEdit(), "5");
+    QVERIFY(Load_LanguageFile(std::string(ZARVEK_BIN_DIR) + "/ZARVEK_FR.MSG", s_.File_Tmp));
+    Load_Messages();
+    w_->Translate_Form();
+    const QString fixedFr = QString::fromStdString(Cp1252_To_Utf8(Msg(20)));
+    QVERIFY(fixedFr != "Fixed");
+    QCOMPARE(F<QComboBox>("Lst_v1")->currentText(), fixedFr);
+    QCOMPARE(w_->Model().Lst_v1.index, 1);
+    QCOMPARE(vp1->currentText(), QString("5"));
+    QCOMPARE(w_->Model().Lst_vp1.index, -1);
+    QCOMPARE(w_->Tab_Zarvek->tabText(1).toStdString(), Cp1252_To_Utf8(Section_Line(1, 20)));
+    QVERIFY(w_->windowTitle().endsWith(QString::fromStdString(Cp1252_To_Utf8(w_->File_Current()))));
+    QVERIFY(Load_LanguageFile(std::string(ZARVEK_BIN_DIR) + "/ZARVEK_UK.MSG", s_.File_Tmp));
+    Load_Messages();
+  }
+
+  // The forces frame goes with the page that shows it.
+  void forcesFrameMovesBetweenPages() {
+    Select_Page(2);
+    QVERIFY(w_->Img_Forces->isVisible());
+    QVERIFY(w_->Cdr_Trad[10]->isAncestorOf(w_->Img_Forces));
+    Select_Page(3);
+    QVERIFY(w_->Img_Forces->isVisible());
+    QVERIFY(w_->Cdr_Trad[18]->isAncestorOf(w_->Img_Forces));
+  }
+
+ private:
+  void Select_Page(int p) {
+    w_->Tab_Zarvek->setCurrentIndex(p);
+    QCoreApplication::processEvents();
+  }
+};
+
+QTEST_MAIN(Test_Frm_Zarvek)
+#include "test_frm_zarvek.moc"
