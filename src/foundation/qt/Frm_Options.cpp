@@ -17,6 +17,7 @@
 #include <QRadioButton>
 #include <QShortcut>
 #include <QTabWidget>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <cstdlib>
 
@@ -50,14 +51,12 @@ constexpr RestraintList BeamModel::*Restraint_Lists[] = {
     &BeamModel::Lst_vi_p1, &BeamModel::Lst_ti_p1, &BeamModel::Lst_vi_p2, &BeamModel::Lst_ti_p2,
     &BeamModel::Lst_vi_c,  &BeamModel::Lst_ti_c,  &BeamModel::Lst_vpi_c};
 
-// The picture that covers the second solving method: a plain sunken strip.
+// The picture that covers the second solving method: a blank the size of
+// the button it hides.
 QPixmap Hide_Picture(QSize size, qreal dpr) {
   QPixmap pm(size * dpr);
   pm.setDevicePixelRatio(dpr);
   pm.fill(Qt::transparent);
-  QPainter p(&pm);
-  const QPalette pal = QApplication::palette();
-  p.fillRect(QRect(QPoint(0, 0), size), pal.color(QPalette::Window));
   return pm;
 }
 
@@ -111,10 +110,10 @@ void Frm_Options::Build() {
   Lbl_Directory->setTextInteractionFlags(Qt::TextSelectableByMouse);
   Lbl_Directory->setMinimumWidth(fontMetrics().averageCharWidth() * 36);
   Lbl_Directory->setWordWrap(true);
-  Cmd_Directory = new QPushButton(QString::fromUtf8("\u2026"), Cdr_Directory);
+  Cmd_Directory = new QToolButton(Cdr_Directory);
+  Cmd_Directory->setText(QString::fromUtf8("\u2026"));
   Cmd_Directory->setObjectName("Cmd_Directory");
-  Cmd_Directory->setFixedWidth(Cmd_Directory->sizeHint().height() * 3 / 2);
-  connect(Cmd_Directory, &QPushButton::clicked, this, [this] { Choose_Directory(); });
+  connect(Cmd_Directory, &QToolButton::clicked, this, [this] { Choose_Directory(); });
   auto* dir = new QHBoxLayout(Cdr_Directory);
   dir->addWidget(Lbl_Directory, 1);
   dir->addWidget(Cmd_Directory, 0, Qt::AlignTop);

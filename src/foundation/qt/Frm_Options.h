@@ -22,6 +22,7 @@ class QLabel;
 class QPushButton;
 class QRadioButton;
 class QTabWidget;
+class QToolButton;
 
 namespace zarvek {
 
@@ -65,7 +66,7 @@ class Frm_Options : public QDialog {
   QComboBox* Lst_Language = nullptr;
   QComboBox* Lst_Duration = nullptr;
   QLabel* Lbl_Directory = nullptr;
-  QPushButton* Cmd_Directory = nullptr;
+  QToolButton* Cmd_Directory = nullptr;
   QRadioButton* Opt_Dichotomie = nullptr;
   QRadioButton* Opt_Eigen = nullptr;
   QLabel* Img_Hide = nullptr;

@@ -63,7 +63,7 @@ Frm_Section::Frm_Section(BeamModel& model, std::string File_Section, QWidget* pa
   const QFontMetrics mm(mono);
   Txt_SectionProperties->setMinimumSize(
       mm.horizontalAdvance(QString(Text_Columns, QChar('0'))) + 24,
-      mm.lineSpacing() * Text_Lines + 16);
+      mm.lineSpacing() * (Text_Lines + 1) + 2 * Txt_SectionProperties->frameWidth() + 16);
 
   Cmd_Transfert = new QPushButton("OK", this);
   Cmd_Transfert->setObjectName("Cmd_Transfert");

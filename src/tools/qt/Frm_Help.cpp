@@ -213,10 +213,10 @@ Frm_Help* Affiche_HelpImage(int index, QWidget* main) {
   QWidget* owner = Unblocked_Parent(main);
   if (!picture_window) {
     picture_window = new Frm_Help(owner);
-    Translate_Form(picture_window);
   } else {
     Reparent(picture_window, owner);
   }
+  Translate_Form(picture_window);
   picture_window->Set_Picture(index);
   picture_window->adjustSize();
   if (main) {

@@ -23,7 +23,7 @@ struct Row {
   const char* unit;
 };
 constexpr Row Rows[Frm_Properties::Row_Count] = {
-    {"Area", "A", "cm2"},
+    {"Area", "", "cm2"},
     {"Strong inertia", "Iy", "cm4"},
     {"Position of centro\u00efd G / base", "zG", "cm"},
     {"Elastic modulus for upper fiber", "Wel.y.sup", "cm3"},

@@ -125,7 +125,7 @@ void Title(QPainter& p, const QString& t) {
 // ---- 1: section ---------------------------------------------------------
 void Draw_Section(QPainter& p, bool fr) {
   Title(p, T("t1", fr));
-  const qreal cx = 190, top = 60, h = 240, b1 = 130, b2 = 170, tf1 = 16, tf2 = 20, tw = 10,
+  const qreal cx = 165, top = 60, h = 240, b1 = 130, b2 = 170, tf1 = 16, tf2 = 20, tw = 10,
               r = 12;
   const qreal base = top + h;
   QPainterPath s;
@@ -185,7 +185,7 @@ void Draw_Section(QPainter& p, bool fr) {
   p.drawText(QPointF(cx + tw / 2 + r + 2, base - tf2 - r - 4), "r2");
 
   // Levels.
-  const qreal lx = cx + b2 / 2 + 62;
+  const qreal lx = cx + b2 / 2 + 48;
   Dimension(p, QPointF(lx, base), QPointF(lx, zG), "zG", QPointF(6, 4));
   p.setPen(QPen(Grey, 1, Qt::DotLine));
   p.drawLine(QPointF(cx, base), QPointF(lx + 6, base));
@@ -194,19 +194,20 @@ void Draw_Section(QPainter& p, bool fr) {
   Dimension(p, QPointF(lx + 34, zG), QPointF(lx + 34, zS), "zS", QPointF(6, 4));
 
   // Legend.
+  const qreal lg = 368;
   qreal y = 80;
   p.setPen(Ink);
   for (const char* k : {"flange1", "flange2", "web"}) {
-    p.drawText(QPointF(400, y), T(k, fr));
+    p.drawText(QPointF(lg, y), T(k, fr));
     y += 20;
   }
   y += 10;
   p.setPen(Red);
-  p.drawText(QPointF(400, y), T("G", fr));
+  p.drawText(QPointF(lg, y), T("G", fr));
   p.setPen(Blue);
-  p.drawText(QPointF(400, y + 20), T("S", fr));
+  p.drawText(QPointF(lg, y + 20), T("S", fr));
   p.setPen(Ink);
-  QRectF note(360, y + 36, 196, 80);
+  QRectF note(lg, 240, W - lg - 8, 100);
   p.drawText(note, Qt::TextWordWrap, T("zG", fr) + "\n" + T("zS", fr));
 }
 
@@ -346,7 +347,7 @@ void Draw_Intermediate(QPainter& p, bool fr) {
   p.drawLine(QPointF(x0 + 10, yc + 40), QPointF(x1 - 10, yc + 40));
   p.drawText(QPointF(x0, yc - 26), T("cont", fr));
   p.setPen(Ink);
-  p.drawText(QRectF(0, 200, W, 20), Qt::AlignHCenter, T("zr", fr));
+  p.drawText(QRectF(0, 222, W, 20), Qt::AlignHCenter, T("zr", fr));
 }
 
 // ---- 4: end moments -----------------------------------------------------
@@ -383,39 +384,38 @@ void Draw_EndMoments(QPainter& p, bool fr) {
 // ---- 5: loads -----------------------------------------------------------
 void Draw_Loads(QPainter& p, bool fr) {
   Title(p, T("t5", fr));
-  const qreal x0 = 50, x1 = 510, y = 190, depth = 70;
+  const qreal x0 = 50, x1 = 510, y = 215, depth = 70;
   Elevation(p, x0, x1, y, depth);
   p.setPen(QPen(Blue, 1, Qt::DashDotLine));
   p.drawLine(QPointF(x0 - 20, y), QPointF(x1 + 20, y));
   p.setPen(Blue);
-  p.drawText(QPointF(x1 - 20, y + 14), "S");
-  // Point load on the top flange: z > 0.
+  p.drawText(QPointF(x1 - 24, y - 6), "S");
+  // Point load on the top flange, z > 0: the arrow ends on its level.
   const qreal xf = x0 + 0.3 * (x1 - x0), zf = y - depth / 2;
-  Arrow(p, QPointF(xf, zf - 70), QPointF(xf, zf), Red, 10);
+  Arrow(p, QPointF(xf, zf - 56), QPointF(xf, zf), Red, 10);
   p.setPen(Red);
-  p.drawText(QPointF(xf + 8, zf - 54), "F1 < 0");
-  Dimension(p, QPointF(xf - 18, y), QPointF(xf - 18, zf), "zF1 > 0", QPointF(-62, 4));
-  // Distributed load on the bottom flange: z < 0.
-  const qreal qa = x0 + 0.55 * (x1 - x0), qb = x0 + 0.95 * (x1 - x0), zq = y + depth / 2;
-  p.setPen(QPen(Red, 1.2));
-  p.drawLine(QPointF(qa, zq + 28 - 40), QPointF(qb, zq + 28 - 40));
+  p.drawText(QPointF(xf + 8, zf - 40), "F1 < 0");
+  Dimension(p, QPointF(xf - 18, y), QPointF(xf - 18, zf), "zF1 > 0", QPointF(-66, 4));
+  // Distributed load on the bottom flange, z < 0: the arrows start on
+  // their level.
+  const qreal qa = x0 + 0.45 * (x1 - x0), qb = x0 + 0.8 * (x1 - x0), zq = y + depth / 2;
+  p.setPen(QPen(Red, 1.6));
+  p.drawLine(QPointF(qa, zq), QPointF(qb, zq));
   for (int i = 0; i <= 6; ++i) {
     const qreal x = qa + i * (qb - qa) / 6;
-    Arrow(p, QPointF(x, zq - 42 - 30), QPointF(x, zq - 42), Red, 6);
+    Arrow(p, QPointF(x, zq), QPointF(x, zq + 32), Red, 6);
   }
   p.setPen(Red);
-  p.drawText(QPointF(qa, zq - 80), "q1 < 0");
-  p.setPen(QPen(Grey, 1, Qt::DotLine));
-  p.drawLine(QPointF(qb + 6, zq), QPointF(qb + 40, zq));
-  Dimension(p, QPointF(qb + 30, y), QPointF(qb + 30, zq), "zq1 < 0", QPointF(6, 4));
-  Dimension(p, QPointF(x0, y + 70), QPointF(xf, y + 70), "xf1·L", QPointF(-14, 16));
+  p.drawText(QPointF(qa - 52, zq + 26), "q1 < 0");
+  Dimension(p, QPointF(qb + 24, y), QPointF(qb + 24, zq), "zq1 < 0", QPointF(6, 4));
+  Dimension(p, QPointF(x0, zq + 40), QPointF(xf, zq + 40), "xf1·L", QPointF(-14, 16));
   p.setPen(Ink);
   qreal t = 40;
   for (const char* k : {"down", "zl", "destab"}) {
     p.drawText(QRectF(0, t, W, 20), Qt::AlignHCenter, T(k, fr));
     t += 20;
   }
-  p.drawText(QRectF(0, H - 28, W, 20), Qt::AlignHCenter, T("pos", fr));
+  p.drawText(QRectF(0, H - 24, W, 20), Qt::AlignHCenter, T("pos", fr));
 }
 
 // ---- 6: diagrams --------------------------------------------------------
@@ -455,10 +455,10 @@ void Draw_Diagrams(QPainter& p, bool fr) {
   }
   p.setPen(QPen(Red, 1.8));
   p.drawPath(v);
-  p.drawText(QPointF(x0 + (x1 - x0) / 2 + 4, yv + 44), "v");
+  p.drawText(QPointF(x1 - 50, yv - 30), "v");
   p.setPen(QPen(Green, 1.8));
   p.drawPath(t);
-  p.drawText(QPointF(x0 + (x1 - x0) / 2 + 4, yv + 26), "θ");
+  p.drawText(QPointF(x1 - 30, yv - 30), "θ");
   p.setPen(Ink);
   p.drawText(QRectF(0, yv + 56, W, 20), Qt::AlignHCenter, T("mode", fr) + "   " + T("Mcr", fr));
 }
