@@ -114,7 +114,7 @@ void Couple(QPainter& p, QPointF c, qreal r, bool anticlockwise, const QColor& c
 void Title(QPainter& p, const QString& t) {
   QFont f = p.font();
   f.setBold(true);
-  f.setPointSizeF(f.pointSizeF() * 1.15);
+  f.setPixelSize(f.pixelSize() * 115 / 100);
   p.save();
   p.setFont(f);
   p.setPen(Ink);
