@@ -32,6 +32,16 @@ const std::map<int, const char*>& Topics() {
 
 }  // namespace
 
+int Help_ContextOfPage(int page) {
+  switch (page) {
+    case 0: return Help_Beam;
+    case 1: return Help_Restraints;
+    case 2: return Help_Loads;
+    case 3: return Help_Results;
+    default: return Help_Contents;
+  }
+}
+
 std::string Help_PageName(int context) {
   const auto& t = Topics();
   auto it = t.find(context);

@@ -31,6 +31,10 @@ enum Help_Context : int {
   Help_Pictures = 500,     // Frm_Help
 };
 
+// Context of a page of the main window's tab strip (0 beam, 1 restraints,
+// 2 loads, 3 results): 140, 210, 250, 340; the contents for any other.
+int Help_ContextOfPage(int page);
+
 // Page of a context ("beam.html"); the contents page for an unknown number.
 std::string Help_PageName(int context);
 
