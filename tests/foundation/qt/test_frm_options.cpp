@@ -1,0 +1,312 @@
+// The options window: backup and Cancel, OK and the unit conversion of the
+// record, the live change of language, the hidden method, the frame.
+#include <QComboBox>
+#include <QDir>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalSpy>
+#include <QTabWidget>
+#include <QtTest>
+
+#include "foundation/Language.h"
+#include "foundation/qt/Frm_Options.h"
+#include "foundation/qt/Translate_Form.h"
+#include "model/BeamModel.h"
+#include "section/qt/Frm_Section.h"
+#include "tools/qt/start_dir.h"
+
+using namespace zarvek;
+
+namespace {
+
+// Everything of the record that a change of units or options may touch.
+std::vector<std::string> Shown_Texts(const BeamModel& m) {
+  return {m.Txt_L,      m.Txt_E,      m.Txt_G,      m.Txt_Iz[1],   m.Txt_It[3],  m.Txt_Iw[1],
+          m.Txt_h,      m.Txt_bf1,    m.Txt_zend1,  m.Txt_M1,      m.Txt_M2,     m.Txt_F1,
+          m.Txt_q11,    m.Txt_CC,     m.Txt_zF1,    m.Lst_v1.text, m.Lst_t1.text, m.Lst_vi_c.text,
+          m.Lbl_Method, m.Lbl_Tolerance, m.Lbl_Directory};
+}
+
+std::vector<float> Factors(const BeamModel& m) {
+  std::vector<float> f;
+  for (UnitFamily u : All_Unit_Families) f.push_back(Factor_Of(m, u));
+  return f;
+}
+
+QComboBox* List(Frm_Options& w, UnitFamily f) { return w.Lst_Unit[int(f)]; }
+
+}  // namespace
+
+class TestFrmOptions : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void cancelAfterUnitChangeRestoresEverything() {
+    zarvek_test::StartDir start;
+    BeamModel m;
+    Init_Default(m, start.path());
+    const auto texts = Shown_Texts(m);
+    const auto factors = Factors(m);
+    const UnitIndices units = Unit_Indices(m);
+
+    Frm_Options w(m, start.state);
+    w.Prepare();
+    QCOMPARE(List(w, UnitFamily::L)->currentText(), QString("m"));
+    List(w, UnitFamily::L)->setCurrentIndex(0);   // mm
+    List(w, UnitFamily::M)->setCurrentIndex(0);   // daN.cm
+    List(w, UnitFamily::v)->setCurrentIndex(2);   // daN/m
+    w.Lst_Tolerance->setCurrentIndex(5);
+    w.Lst_Duration->setCurrentIndex(6);
+    QSignalSpy units_spy(&w, &Frm_Options::unitsChanged);
+    w.Cmd_CancelOptions->click();
+
+    QCOMPARE(w.result(), int(QDialog::Rejected));
+    QCOMPARE(units_spy.count(), 0);
+    QVERIFY(Shown_Texts(m) == texts);
+    QVERIFY(Factors(m) == factors);
+    QVERIFY(Unit_Indices(m) == units);
+    // The controls show the backup again.
+    QCOMPARE(List(w, UnitFamily::L)->currentText(), QString("m"));
+    QCOMPARE(List(w, UnitFamily::M)->currentText(), QString("kN.m"));
+    QCOMPARE(w.Lst_Tolerance->currentIndex(), 2);
+    QCOMPARE(w.Lst_Duration->currentIndex(), 2);
+  }
+
+  void okWithoutChangeLeavesEveryField() {
+    zarvek_test::StartDir start;
+    BeamModel m;
+    Init_Default(m, start.path());
+    m.Txt_L = "7.25";
+    m.Lst_v2 = RestraintList{-1, "350", true};
+    const auto texts = Shown_Texts(m);
+    const auto factors = Factors(m);
+    const std::string ini = start.Read("Zarvek.INI").toStdString();
+
+    Frm_Options w(m, start.state);
+    w.Prepare();
+    QSignalSpy lang(&w, &Frm_Options::languageChanged);
+    QSignalSpy units(&w, &Frm_Options::unitsChanged);
+    QSignalSpy method(&w, &Frm_Options::methodChanged);
+    w.Cmd_OKOptions->click();
+    QCOMPARE(w.result(), int(QDialog::Accepted));
+    QVERIFY(Shown_Texts(m) == texts);
+    // The factors are those of the lists as they stand. (The starting
+    // factor of the warping springs, 0.0001, is not the factor of its
+    // starting item: accepting the options puts the list's own in place.)
+    BeamModel lists = m;
+    Set_Factors(lists);
+    QVERIFY(Factors(m) == Factors(lists));
+    for (UnitFamily f : All_Unit_Families)
+      if (f != UnitFamily::tp) QCOMPARE(Factor_Of(m, f), factors[int(f)]);
+    QCOMPARE(m.Lst_v2.text, std::string("350"));
+    QCOMPARE(lang.count() + units.count() + method.count(), 0);
+    QCOMPARE(start.Read("Zarvek.INI").toStdString(), ini);
+  }
+
+  // A unit change rewrites the shown numbers of its family, so that the
+  // quantity, shown value times factor, stays.
+  void okConvertsShownValues_data() {
+    QTest::addColumn<int>("family");
+    QTest::addColumn<int>("index");
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<double>("after");
+    // 10 m of beam = 10000 mm
+    QTest::newRow("L m->mm") << int(UnitFamily::L) << 0 << "10" << 10000.0;
+    // 100 kN.m = 10000 daN.m
+    QTest::newRow("M kN.m->daN.m") << int(UnitFamily::M) << 1 << "-100" << -10000.0;
+    // 210000 MPa = 21000 daN/mm2 (1 daN/mm2 = 10 MPa)
+    QTest::newRow("EG MPa->daN/mm2") << int(UnitFamily::EG) << 1 << "210000" << 21000.0;
+    // 30 cm = 300 mm
+    QTest::newRow("Dim cm->mm") << int(UnitFamily::Dim) << 0 << "30" << 300.0;
+    // -10 kN = -1000 daN
+    QTest::newRow("F kN->daN") << int(UnitFamily::F) << 0 << "-10" << -1000.0;
+  }
+  void okConvertsShownValues() {
+    QFETCH(int, family);
+    QFETCH(int, index);
+    QFETCH(QString, before);
+    QFETCH(double, after);
+    zarvek_test::StartDir start;
+    BeamModel m;
+    Init_Default(m, start.path());
+    const auto f = UnitFamily(family);
+    std::string* field = f == UnitFamily::L    ? &m.Txt_L
+                         : f == UnitFamily::M  ? &m.Txt_M1
+                         : f == UnitFamily::EG ? &m.Txt_E
+                         : f == UnitFamily::Dim ? &m.Txt_h
+                                                : &m.Txt_F1;
+    *field = before.toStdString();
+    const double quantity = Num_Of_Text(*field) * Factor_Of(m, f);
+
+    Frm_Options w(m, start.state);
+    w.Prepare();
+    const UnitIndices old = Unit_Indices(m);
+    QSignalSpy units(&w, &Frm_Options::unitsChanged);
+    List(w, f)->setCurrentIndex(index);
+    w.Cmd_OKOptions->click();
+
+    QCOMPARE(Num_Of_Text(*field), after);
+    QCOMPARE(Unit_Index(m, f), index);
+    QVERIFY(std::abs(Num_Of_Text(*field) * Factor_Of(m, f) - quantity) <= 1e-6 * std::abs(quantity));
+    QCOMPARE(units.count(), 1);
+    QVERIFY(units.at(0).at(0).value<UnitIndices>() == old);
+  }
+
+  void restraintStatesKeepTheirTextWhenUnitsChange() {
+    zarvek_test::StartDir start;
+    BeamModel m;
+    Init_Default(m, start.path());
+    m.Lst_v2 = RestraintList{-1, "1000", true};
+    Frm_Options w(m, start.state);
+    w.Prepare();
+    List(w, UnitFamily::v)->setCurrentIndex(1);  // kN/m -> daN/cm
+    w.Cmd_OKOptions->click();
+    QCOMPARE(m.Lst_v1.index, 1);
+    QCOMPARE(m.Lst_v1.text, std::string("Fixed"));
+    // 1000 kN/m = 1000 daN/cm (1 kN/m = 100 daN / 100 cm)
+    QCOMPARE(Num_Of_Text(m.Lst_v2.text), 1000.0);
+    m.Lst_v2.text = "1000";
+    Frm_Options w2(m, start.state);
+    w2.Prepare();
+    List(w2, UnitFamily::v)->setCurrentIndex(2);  // daN/cm -> daN/m
+    w2.Cmd_OKOptions->click();
+    QCOMPARE(Num_Of_Text(m.Lst_v2.text), 100000.0);
+  }
+
+  void languageSwitchRewritesIniAndRetranslatesOpenWindows() {
+    zarvek_test::StartDir start;
+    BeamModel m;
+    Init_Default(m, start.path());
+    m.Lst_t2 = RestraintList{-1, "25", true};
+    m.Lst_vp1 = Restraint_Item(1);
+    // An open catalogue window of the program.
+    Frm_Section catalogue(m, start.state.File_Section);
+    catalogue.Form_Load();
+    catalogue.show();
+    QCOMPARE(catalogue.windowTitle(), QString("Section catalogue"));
+
+    Frm_Options w(m, start.state);
+    w.Prepare();
+    QCOMPARE(w.Tab_Options->tabText(0), QString("General"));
+    int fr = -1;
+    for (int i = 0; i < w.Lst_Language->count(); ++i)
+      if (w.Lst_Language->itemText(i).startsWith("FR")) fr = i;
+    QVERIFY(fr >= 0);
+    QSignalSpy lang(&w, &Frm_Options::languageChanged);
+    w.Lst_Language->setCurrentIndex(fr);
+    w.Cmd_OKOptions->click();
+
+    QCOMPARE(lang.count(), 1);
+    // The .INI file names the new language, and no scratch file is left
+    // beside it.
+    QCOMPARE(start.Read("Zarvek.INI").trimmed(), QByteArray("LANGUAGE=FR"));
+    const QStringList left = QDir(start.dir.path()).entryList({"Zarvek.INI*"}, QDir::Files);
+    QCOMPARE(left, QStringList{"Zarvek.INI"});
+    QCOMPARE(start.state.Language_Code, std::string("FR"));
+    QVERIFY(start.state.File_Language.ends_with("ZARVEK_FR.MSG"));
+    // Texts, messages and the open windows in French.
+    QCOMPARE(Lang_Text(Msg(20)), QString::fromUtf8("Bloqué"));
+    QCOMPARE(w.Tab_Options->tabText(0), QString::fromUtf8("Général"));
+    QCOMPARE(catalogue.windowTitle(), QString::fromUtf8("Catalogue des profilés"));
+    QCOMPARE(catalogue.Cmd_Quitter->text(), QString("Annuler"));
+    // The restraint lists keep their choice; their state texts follow.
+    QCOMPARE(m.Lst_v1.index, 1);
+    QCOMPARE(Lang_Text(m.Lst_v1.text), QString::fromUtf8("Bloqué"));
+    QCOMPARE(m.Lst_vp1.index, 1);
+    QCOMPARE(Lang_Text(m.Lst_tp1.text), QString("Libre"));
+    QCOMPARE(m.Lst_t2.index, -1);
+    QCOMPARE(m.Lst_t2.text, std::string("25"));
+    QCOMPARE(Lang_Text(m.Lbl_Method), w.Opt_Dichotomie->text());
+    // A new start reads the new language.
+    zarvek::StartupState again;
+    std::string error;
+    Set_StartPaths(start.path(), again);
+    QVERIFY(Read_IniFile(again, error));
+    QCOMPARE(again.Language_Code, std::string("FR"));
+
+    // And back to English.
+    w.Prepare();
+    for (int i = 0; i < w.Lst_Language->count(); ++i)
+      if (w.Lst_Language->itemText(i).startsWith("UK")) w.Lst_Language->setCurrentIndex(i);
+    w.Cmd_OKOptions->click();
+    QCOMPARE(start.Read("Zarvek.INI").trimmed(), QByteArray("LANGUAGE=UK"));
+    QCOMPARE(catalogue.windowTitle(), QString("Section catalogue"));
+    QCOMPARE(m.Lst_v1.text, std::string("Fixed"));
+  }
+
+  void languageFileGoneEndsTheProgram() {
+    zarvek_test::StartDir start;
+    BeamModel m;
+    Init_Default(m, start.path());
+    Frm_Options w(m, start.state);
+    QString title, text;
+    w.Fatal_Error = [&](const QString& t, const QString& x) { title = t; text = x; };
+    w.Prepare();
+    int fr = -1;
+    for (int i = 0; i < w.Lst_Language->count(); ++i)
+      if (w.Lst_Language->itemText(i).startsWith("FR")) fr = i;
+    w.Lst_Language->setCurrentIndex(fr);
+    QVERIFY(QFile::remove(start.file("ZARVEK_FR.MSG")));
+    w.Traiter_Options();
+    QCOMPARE(text, "File " + start.file("ZARVEK_FR.MSG") + " not found");
+    QCOMPARE(title, w.Lst_Language->itemText(fr));
+    QCOMPARE(start.Read("Zarvek.INI").trimmed(), QByteArray("LANGUAGE=UK"));
+    QCOMPARE(start.state.Language_Code, std::string("UK"));
+  }
+
+  void methodHiddenUntilCtrlClick() {
+    zarvek_test::StartDir start;
+    BeamModel m;
+    Init_Default(m, start.path());
+    Frm_Options w(m, start.state);
+    w.Prepare();
+    w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    w.Tab_Options->setCurrentIndex(1);
+    QVERIFY(w.Img_Hide->isVisible());
+    QVERIFY(!w.Opt_Eigen->isVisible());
+    // Every combination but Ctrl alone does nothing.
+    for (auto mods : {Qt::KeyboardModifiers(Qt::NoModifier), Qt::KeyboardModifiers(Qt::ShiftModifier),
+                      Qt::KeyboardModifiers(Qt::AltModifier),
+                      Qt::KeyboardModifiers(Qt::ControlModifier | Qt::ShiftModifier),
+                      Qt::KeyboardModifiers(Qt::ControlModifier | Qt::AltModifier)}) {
+      QTest::mouseClick(w.Img_Hide, Qt::LeftButton, mods);
+      QVERIFY(w.Img_Hide->isVisible());
+    }
+    QTest::mouseClick(w.Img_Hide, Qt::LeftButton, Qt::ControlModifier);
+    QVERIFY(!w.Img_Hide->isVisible());
+    QVERIFY(w.Opt_Eigen->isVisible());
+
+    QSignalSpy method(&w, &Frm_Options::methodChanged);
+    w.Opt_Eigen->click();
+    w.Cmd_OKOptions->click();
+    QCOMPARE(method.count(), 1);
+    QVERIFY(m.Opt_Eigen && !m.Opt_Dichotomie);
+    QCOMPARE(Lang_Text(m.Lbl_Method), w.Opt_Eigen->text());
+    QCOMPARE(Method_Of(m), 1);
+  }
+
+  void frameCloseIsRefusedAndKeysDontPickItems() {
+    zarvek_test::StartDir start;
+    BeamModel m;
+    Init_Default(m, start.path());
+    Frm_Options w(m, start.state);
+    w.Prepare();
+    w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QVERIFY(!w.close());
+    QVERIFY(w.isVisible());
+    w.Lst_NbIter->setFocus();
+    QTest::keyClicks(w.Lst_NbIter, "1");
+    QCOMPARE(w.Lst_NbIter->currentIndex(), 2);  // "70" stays: "100" and "120" aren't typed to
+    // Escape is the Cancel button.
+    List(w, UnitFamily::F)->setCurrentIndex(0);
+    QTest::keyClick(&w, Qt::Key_Escape);
+    QVERIFY(!w.isVisible());
+    QCOMPARE(List(w, UnitFamily::F)->currentIndex(), 1);
+  }
+};
+
+QTEST_MAIN(TestFrmOptions)
+#include "test_frm_options.moc"

@@ -1,0 +1,194 @@
+// The catalogue window: series by growing area, the current section
+// preselected, the transfer into the beam model, a missing or damaged
+// catalogue.
+#include <QApplication>
+#include <QFontInfo>
+#include <QLabel>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTimer>
+#include <QtTest>
+#include <cmath>
+
+#include "foundation/Mod_Zarvek.h"
+#include "model/BeamModel.h"
+#include "section/qt/Frm_Section.h"
+#include "tools/qt/start_dir.h"
+
+using namespace zarvek;
+
+namespace {
+
+// Accepts every message box that opens, keeping the text of the last.
+struct MessageCatcher {
+  QString text;
+  int count = 0;
+  QTimer timer;
+  MessageCatcher() {
+    timer.setInterval(10);
+    QObject::connect(&timer, &QTimer::timeout, [this] {
+      if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+        text = box->text();
+        ++count;
+        box->accept();
+      }
+    });
+    timer.start();
+  }
+};
+
+int Row_Of(QListWidget* l, const QString& text) {
+  for (int i = 0; i < l->count(); ++i)
+    if (l->item(i)->text() == text) return i;
+  return -1;
+}
+
+}  // namespace
+
+class TestFrmSection : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void listsSeriesByGrowingArea() {
+    zarvek_test::StartDir start;
+    BeamModel m;
+    Frm_Section w(m, start.state.File_Section);
+    w.Form_Load();
+    QVERIFY(w.Lst_SectionSerie->count() >= 4);
+    for (const QString series : {"IPE", "HEA", "HEB"}) {
+      const int row = Row_Of(w.Lst_SectionSerie, series);
+      QVERIFY2(row >= 0, qPrintable(series));
+      w.Lst_SectionSerie->setCurrentRow(row);
+      QVERIFY(w.Lst_SectionNumber->count() > 5);
+      // The area of an I with four root fillets, from the dimensions that
+      // the selection shows: 2 b tf + (h - 2 tf) tw + (4 - pi) r^2.
+      double last = 0;
+      for (int i = 0; i < w.Lst_SectionNumber->count(); ++i) {
+        w.Lst_SectionNumber->setCurrentRow(i);
+        const SectionI& s = w.Selected();
+        const double area = 2 * s.b * s.tf + (s.h - 2 * s.tf) * s.tw + (4 - M_PI) * s.r * s.r;
+        QVERIFY2(area >= last - 1e-4, qPrintable(series + " " + w.Lst_SectionNumber->item(i)->text()));
+        last = area;
+      }
+    }
+    // Rolled IPE grow with their depth: the smallest first.
+    w.Lst_SectionSerie->setCurrentRow(Row_Of(w.Lst_SectionSerie, "IPE"));
+    QCOMPARE(w.Lst_SectionNumber->item(0)->text(), QString("80"));
+  }
+
+  void transfersIpe300_data() {
+    QTest::addColumn<int>("unitIzt");
+    QTest::addColumn<double>("Iz");
+    // Iz of an IPE 300 = 603.78 cm4 = 6.0378e6 mm4.
+    QTest::newRow("cm4") << 1 << 603.78;
+    QTest::newRow("mm4") << 0 << 6.0378e6;
+  }
+  void transfersIpe300() {
+    QFETCH(int, unitIzt);
+    QFETCH(double, Iz);
+    zarvek_test::StartDir start;
+    BeamModel m;
+    Init_Default(m, start.path());
+    m.Lst_Unit_Izt = unitIzt;
+    Set_Factors(m);
+    m.Lbl_SelectedProfile = "HEA 200";
+    m.Txt_Betaz[1] = "3";
+    Frm_Section w(m, start.state.File_Section);
+    w.Form_Load();
+    QCOMPARE(w.Lst_SectionSerie->currentItem()->text(), QString("HEA"));
+    QCOMPARE(w.Lst_SectionNumber->currentItem()->text(), QString("200"));
+    w.Lst_SectionSerie->setCurrentRow(Row_Of(w.Lst_SectionSerie, "IPE"));
+    w.Lst_SectionNumber->setCurrentRow(Row_Of(w.Lst_SectionNumber, "300"));
+    QCOMPARE(w.Lbl_SectionLabel->text(), QString("IPE 300"));
+    QSignalSpy moved(&w, &Frm_Section::sectionTransferred);
+    w.Cmd_Transfert->click();
+
+    QCOMPARE(moved.count(), 1);
+    QCOMPARE(w.result(), int(QDialog::Accepted));
+    QCOMPARE(m.Lbl_SelectedProfile, std::string("IPE 300"));
+    QVERIFY(std::abs(Num_Of_Text(m.Txt_Iz[1]) - Iz) <= 1e-4 * Iz);
+    QCOMPARE(m.Txt_Betaz[1], std::string("0"));
+    // The dimensions of an IPE 300 in cm: 300 x 150 x 7.1 x 10.7, r = 15 mm.
+    QCOMPARE(m.Cat_h, 30.0);
+    QCOMPARE(m.Cat_b, 15.0);
+    QVERIFY(std::abs(m.Cat_tw - 0.71) < 1e-6);
+    QVERIFY(std::abs(m.Cat_tf - 1.07) < 1e-6);
+    QCOMPARE(m.Cat_r, 1.5);
+    // Iw of a doubly symmetric I: (h - tf)^2 Iz / 4.
+    const double Iw = (30 - 1.07) * (30 - 1.07) * 603.78 / 4;
+    QVERIFY(std::abs(Num_Of_Text(m.Txt_Iw[1]) - Iw) <= 1e-3 * Iw);
+    // Reopening selects it again.
+    Frm_Section again(m, start.state.File_Section);
+    again.Form_Load();
+    QCOMPARE(again.Lbl_SectionLabel->text(), QString("IPE 300"));
+  }
+
+  void quitLeavesTheModelAndTextStandsInColumns() {
+    zarvek_test::StartDir start;
+    BeamModel m;
+    Init_Default(m, start.path());
+    Frm_Section w(m, start.state.File_Section);
+    w.Form_Load();
+    w.Lst_SectionSerie->setCurrentRow(Row_Of(w.Lst_SectionSerie, "HEB"));
+    QVERIFY(QFontInfo(w.Txt_SectionProperties->font()).fixedPitch());
+    const QStringList lines = w.Txt_SectionProperties->toPlainText().split('\n', Qt::SkipEmptyParts);
+    QCOMPARE(lines.size(), 16);
+    // "=" and the decimal points stand in one column.
+    for (const QString& l : lines) {
+      QCOMPARE(l.indexOf('='), lines[0].indexOf('='));
+    }
+    w.Cmd_Quitter->click();
+    QCOMPARE(w.result(), int(QDialog::Rejected));
+    QCOMPARE(m.Lbl_SelectedProfile, std::string("IPE 300"));
+    QCOMPARE(m.Cat_b, 15.0);
+  }
+
+  void unknownSectionSelectsTheFirstItems() {
+    zarvek_test::StartDir start;
+    BeamModel m;
+    m.Lbl_SelectedProfile = "XYZ 999";
+    Frm_Section w(m, start.state.File_Section);
+    w.Form_Load();
+    QCOMPARE(w.Lst_SectionSerie->currentRow(), 0);
+    QCOMPARE(w.Lst_SectionNumber->currentRow(), 0);
+  }
+
+  void missingOrDamagedCatalogueGivesMessage_data() {
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<bool>("seriesListed");
+    QTest::newRow("missing") << QByteArray() << false;
+    QTest::newRow("count not a number") << QByteArray("1\nIPE, many\nIPE 80, 80, 46, 3.8, 5.2, 5\n")
+                                        << false;
+    QTest::newRow("short series") << QByteArray("1\nIPE, 3\nIPE 80, 80, 46, 3.8, 5.2, 5\n") << false;
+  }
+  void missingOrDamagedCatalogueGivesMessage() {
+    QFETCH(QByteArray, content);
+    zarvek_test::StartDir start;
+    const QString db = start.file("SECTION.DB");
+    QFile::remove(db);
+    if (!content.isEmpty()) {
+      QFile f(db);
+      QVERIFY(f.open(QIODevice::WriteOnly));
+      f.write(content);
+    }
+    BeamModel m;
+    Init_Default(m, start.path());
+    Frm_Section w(m, db.toStdString());
+    MessageCatcher catcher;
+    w.Form_Load();
+    QCOMPARE(catcher.count, 1);
+    QVERIFY(catcher.text.contains(db));
+    QCOMPARE(catcher.text.startsWith("File not found"), content.isEmpty());
+    QCOMPARE(w.Lst_SectionSerie->count(), 0);
+    QCOMPARE(w.Lst_SectionNumber->count(), 0);
+    w.Cmd_Transfert->click();  // nothing to transfer
+    QCOMPARE(m.Lbl_SelectedProfile, std::string("IPE 300"));
+    QCOMPARE(m.Txt_Iz[1], std::string("603.78"));
+  }
+};
+
+QTEST_MAIN(TestFrmSection)
+#include "test_frm_section.moc"
