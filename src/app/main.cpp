@@ -23,6 +23,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "app/qt/Install_Windows.h"
 #include "analysis/qt/Frm_DirectSolve.h"
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
@@ -96,6 +97,7 @@ int Run_Interactive(QApplication& app, StartupState& s, bool headless) {
 
   s.Is_MainLoading = true;
   Frm_Zarvek form(s);
+  Install_Windows(form);
   if (!form.Form_Load()) return Exit_StartFailure;  // the default file can't be read
   Pause_Splash(splash, 2, shown);
   if (!Show_LegalWarning(nullptr, splash.Lbl_Disclaimer->text())) return Exit_Done;

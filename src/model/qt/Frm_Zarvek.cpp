@@ -115,6 +115,7 @@ Frm_Zarvek::Frm_Zarvek(StartupState& s, QWidget* parent) : QMainWindow(parent), 
   Tab_Zarvek->addTab(Build_Page_Loads(), "Loads");
   Tab_Zarvek->addTab(Build_Page_Results(), "Results");
   setCentralWidget(Tab_Zarvek);
+  Place_HelpButtons();
   connect(Tab_Zarvek, &QTabWidget::currentChanged, this, [this](int p) { Tab_Zarvek_Change(p); });
 
   // keys of the whole window
@@ -162,7 +163,7 @@ void Frm_Zarvek::Build_Menus() {
   connect(Menu_File_Quit, &QAction::triggered, this, [this] { close(); });
   // a new problem file belongs to the file-data mode, whose editor opens it
   connect(Menu_File_New, &QAction::triggered, this, [this] {
-    if (Hooks.DirectData) Hooks.DirectData();
+    if (Hooks.NewProblem) Hooks.NewProblem();
   });
 
   Menu_Edit = menuBar()->addMenu("&Edit");
@@ -210,6 +211,29 @@ void Frm_Zarvek::Build_Menus() {
   connect(Menu_Quid_About, &QAction::triggered, this, [this] {
     if (Hooks.About) Hooks.About();
   });
+}
+
+// The help buttons sit at the foot of the frames whose conventions their
+// pictures tell: the section's dimensions and heights, the end and the
+// intermediate restraints, the moments, the loads, the diagrams.
+void Frm_Zarvek::Place_HelpButtons() {
+  const int frames[7] = {0, 1, 5, 9, 12, 16, 21};
+  for (int i = 1; i <= 6; ++i) {
+    QGroupBox* f = Cdr_Trad[frames[i]];
+    if (!f || !f->layout()) continue;
+    auto* b = new QPushButton("Help", f);
+    b->setObjectName(QString("Cmd_Help(%1)").arg(i));
+    b->setAutoDefault(false);
+    b->setEnabled(false);
+    connect(b, &QPushButton::clicked, this, [this, i] {
+      if (Hooks.HelpImage) Hooks.HelpImage(i);
+    });
+    Cmd_Help[i] = b;
+    if (auto* g = qobject_cast<QGridLayout*>(f->layout()))
+      g->addWidget(b, g->rowCount(), 0, 1, -1, Qt::AlignRight);
+    else if (auto* v = qobject_cast<QBoxLayout*>(f->layout()))
+      v->addWidget(b, 0, Qt::AlignRight);
+  }
 }
 
 QGroupBox* Frm_Zarvek::Frame(int index) {
@@ -922,6 +946,9 @@ void Frm_Zarvek::Translate_Form() {
   for (int k = 0; k < 3; ++k)
     Tab_Section->setTabText(k, Lang(Remove_FirstHotKey(Section_Line(Section_Main, L_Opt_Catalogue + k))));
   Cmd_Catalogue->setText(Caption(L_Cmd_Catalogue));
+  // the help buttons carry the help menu's word without its hot key
+  for (int i = 1; i <= 6; ++i)
+    if (Cmd_Help[i]) Cmd_Help[i]->setText(Lang(Remove_FirstHotKey(Section_Line(Section_Main, L_Menu_File + 15))));
   Cmd_MoreProperties->setText(Caption(L_Cmd_MoreProperties));
   Cmd_RefreshForces->setText(Caption(L_Cmd_RefreshForces));
   Cmd_Proceed->setText(Caption(L_Cmd_Proceed));
@@ -1384,7 +1411,6 @@ void Frm_Zarvek::Update_Commands() {
   Menu_Tools_Calculator->setEnabled(bool(Hooks.Calculator));
   Menu_Tools_External->setEnabled(bool(Hooks.DirectData));
   Menu_Edit_FileData->setEnabled(bool(Hooks.DirectData) && externalMode_);
-  Menu_File_New->setEnabled(bool(Hooks.DirectData));
   Menu_Edit_Results->setEnabled(bool(Hooks.Results) && !externalMode_ && Num_Of_Text(m_.Txt_mucr) != 0);
   Cmd_Draw3D->setEnabled(bool(Hooks.Draw3D) && !externalMode_);
   Cmd_EditEigen->setEnabled(bool(Hooks.EditEigen));
@@ -1392,6 +1418,9 @@ void Frm_Zarvek::Update_Commands() {
   Cmd_Catalogue->setEnabled(bool(Hooks.Catalogue));
   Menu_Quid_Help->setEnabled(bool(Hooks.Help));
   Menu_Quid_About->setEnabled(bool(Hooks.About));
+  Menu_File_New->setEnabled(bool(Hooks.NewProblem));
+  for (int i = 1; i <= 6; ++i)
+    if (Cmd_Help[i]) Cmd_Help[i]->setEnabled(bool(Hooks.HelpImage));
 }
 
 // ============================================================== drawings

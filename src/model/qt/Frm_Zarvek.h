@@ -97,6 +97,8 @@ class Frm_Zarvek : public QMainWindow {
     std::function<void()> Catalogue;      // Cmd_Catalogue
     std::function<void()> Help;           // Menu_Quid_Help, F1: help of the page in view
     std::function<void()> About;          // Menu_Quid_About
+    std::function<void()> NewProblem;     // Menu_File_New: a new problem of the file-data mode
+    std::function<void(int)> HelpImage;   // Cmd_Help(1..6): the help picture of that index
   } Hooks;
 
   // Boxes and dialogs; replaced by tests. Message: text, title.
@@ -140,6 +142,8 @@ class Frm_Zarvek : public QMainWindow {
   QTabBar* Tab_Dim = nullptr;
   std::array<QGroupBox*, 22> Cdr_Trad{};
   std::array<QLabel*, 12> Lbl_Trad{};
+  // The help buttons of the frames, 1..6 (0 unused): each shows a picture.
+  std::array<QPushButton*, 7> Cmd_Help{};
   QPushButton* Cmd_Proceed = nullptr;
   QPushButton* Cmd_StopProcess = nullptr;
   QPushButton* Cmd_Dimensions = nullptr;
@@ -196,6 +200,7 @@ class Frm_Zarvek : public QMainWindow {
 
   // construction
   void Build_Menus();
+  void Place_HelpButtons();
   QWidget* Build_Page_Beam();
   QWidget* Build_Page_Restraints();
   QWidget* Build_Page_Loads();
