@@ -124,11 +124,11 @@ bool Build_Problem(BeamModel& m, ProblemData& p, EffortsData& e, std::int16_t& s
   const double Iz = Iz_Of(m), It = It_Of(m), Iw = Iw_Of(m), Betaz = Betaz_Of(m);
   // equal elements, rigidly linked to each other
   for (int n = 1; n <= NB; ++n) {
-    p.L[n] = (float)Le;
-    p.Iz[n] = (float)Iz;
-    p.It[n] = (float)It;
-    p.Iw[n] = (float)Iw;
-    p.Betaz[n] = (float)Betaz;
+    p.L[n] = Le;
+    p.Iz[n] = Iz;
+    p.It[n] = It;
+    p.Iw[n] = Iw;
+    p.Betaz[n] = Betaz;
     p.Kt[n] = p.Kvp[n] = p.Ktp[n] = -1;
   }
 
@@ -139,7 +139,7 @@ bool Build_Problem(BeamModel& m, ProblemData& p, EffortsData& e, std::int16_t& s
     p.Rt[i] = s.Rt[i];
     p.Rvp[i] = s.Rvp[i];
     p.Rtp[i] = s.Rtp[i];
-    p.z[i] = (float)s.Zn[i];
+    p.z[i] = s.Zn[i];
   }
 
   // the end moments of every element carry the whole effect of the loads
@@ -153,19 +153,19 @@ bool Build_Problem(BeamModel& m, ProblemData& p, EffortsData& e, std::int16_t& s
   for (int j = 0; j < 3; ++j) {
     if (!chkF[j]) continue;
     ++k;
-    p.F[k] = (float)Value_Of(*txtF[j][0], m.Fact_F);
-    p.xF[k] = (float)(Num_Of_Text(*txtF[j][1]) * Lb);
-    p.zF[k] = (float)Value_Of(*txtF[j][2], m.Fact_Dim);
+    p.F[k] = Value_Of(*txtF[j][0], m.Fact_F);
+    p.xF[k] = (Num_Of_Text(*txtF[j][1]) * Lb);
+    p.zF[k] = Value_Of(*txtF[j][2], m.Fact_Dim);
   }
   k = 0;
   for (int j = 0; j < 2; ++j) {
     if (!chkQ[j]) continue;
     ++k;
-    p.q1[k] = (float)Value_Of(*txtQ[j][0], m.Fact_q);
-    p.x1[k] = (float)(Num_Of_Text(*txtQ[j][1]) * Lb);
-    p.q2[k] = (float)Value_Of(*txtQ[j][2], m.Fact_q);
-    p.x2[k] = (float)(Num_Of_Text(*txtQ[j][3]) * Lb);
-    p.zq[k] = (float)Value_Of(*txtQ[j][4], m.Fact_Dim);
+    p.q1[k] = Value_Of(*txtQ[j][0], m.Fact_q);
+    p.x1[k] = (Num_Of_Text(*txtQ[j][1]) * Lb);
+    p.q2[k] = Value_Of(*txtQ[j][2], m.Fact_q);
+    p.x2[k] = (Num_Of_Text(*txtQ[j][3]) * Lb);
+    p.zq[k] = Value_Of(*txtQ[j][4], m.Fact_Dim);
   }
   return true;
 }

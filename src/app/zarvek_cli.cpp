@@ -9,16 +9,20 @@
 // (SECTION.DB) are looked for beside the program.
 //
 // Exit codes:
-//   0  solved (also when stopped by Ctrl-C: the last estimates are printed)
+//   0  solved: the printed Mcr is a converged critical moment
 //   1  wrong command line
-//   2  invalid input: a file that can't be read, data refused by validation,
-//      a section that is not in the catalogue
-//   3  the solver failed (its status and message are printed)
+//   2  invalid input: a file that can't be read or is too large, data refused
+//      by validation, no solving method, a section that is not in the
+//      catalogue, a catalogue that can't be read
+//   3  no usable result: the solver failed, stopped (Ctrl-C), reached its
+//      iteration limit, or found no positive critical factor (its status and
+//      message are printed, with the last estimate when there is one)
 #include <dirent.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <csignal>
 #include <cstdio>
@@ -62,7 +66,11 @@ const char* Usage_Text =
     "results in daN and cm. --json prints one JSON object with the buckling mode.\n"
     "\n"
     "Exit codes: 0 solved, 1 wrong command line, 2 invalid input,\n"
-    "3 the solver failed.\n";
+    "3 no usable result (solver failure, stop, iteration limit).\n";
+
+// Project and problem files are a few kilobytes; anything far larger is not
+// one and is not read into memory.
+constexpr off_t Max_Input_Bytes = 10 * 1024 * 1024;
 
 // ---- scratch folder ------------------------------------------------------
 
@@ -162,9 +170,45 @@ std::string Out(const std::string& text) { return Language_FromFile ? Cp1252_To_
 
 // ---- output ------------------------------------------------------------------
 
+// Length of the well-formed UTF-8 sequence at s[i], 0 when there is none.
+size_t Utf8_Length(const std::string& s, size_t i) {
+  const auto b = [&](size_t k) { return i + k < s.size() ? (unsigned char)s[i + k] : 0u; };
+  const unsigned c = b(0);
+  const auto cont = [&](size_t k) { return (b(k) & 0xC0) == 0x80; };
+  if (c >= 0xC2 && c <= 0xDF) return cont(1) ? 2 : 0;
+  if (c >= 0xE0 && c <= 0xEF) {
+    // no overlong forms, no UTF-16 surrogates
+    if (c == 0xE0 && b(1) < 0xA0) return 0;
+    if (c == 0xED && b(1) > 0x9F) return 0;
+    return cont(1) && cont(2) ? 3 : 0;
+  }
+  if (c >= 0xF0 && c <= 0xF4) {
+    if (c == 0xF0 && b(1) < 0x90) return 0;
+    if (c == 0xF4 && b(1) > 0x8F) return 0;
+    return cont(1) && cont(2) && cont(3) ? 4 : 0;
+  }
+  return 0;
+}
+
+// A JSON string of any bytes: text in UTF-8 passes as it is; a byte that
+// doesn't belong to a well-formed sequence (a Latin-1 file name, say) is
+// written as the character of the same number, so nothing is lost or refused.
 std::string Json_String(const std::string& s) {
   std::string r = "\"";
-  for (unsigned char c : s) {
+  for (size_t i = 0; i < s.size(); ++i) {
+    const unsigned char c = s[i];
+    if (c >= 0x80) {
+      const size_t n = Utf8_Length(s, i);
+      if (n) {
+        r.append(s, i, n);
+        i += n - 1;
+      } else {
+        char b[8];
+        std::snprintf(b, sizeof b, "\\u%04x", c);
+        r += b;
+      }
+      continue;
+    }
     switch (c) {
       case '"': r += "\\\""; break;
       case '\\': r += "\\\\"; break;
@@ -184,11 +228,14 @@ std::string Json_String(const std::string& s) {
   return r + "\"";
 }
 
-std::string Json_Number(double v, int digits = 10) {
+// The shortest text that reads back as the same value of its own type: a
+// single-precision 1e-06 is "1e-06", not the nine digits of its double.
+template <class T>
+std::string Json_Number(T v) {
   if (!std::isfinite(v)) return "null";
-  char b[40];
-  std::snprintf(b, sizeof b, "%.*g", digits, v);
-  return b;
+  char b[64];
+  const auto r = std::to_chars(b, b + sizeof b, v);
+  return std::string(b, r.ptr);
 }
 
 // Six significant digits, without an exponent for the usual magnitudes.
@@ -224,25 +271,37 @@ struct Solve_Report {
   std::string unit_M;
   int NB = 0;
   std::vector<float> mode;  // 1..4 NN
+  std::vector<std::string> warnings;  // the solver's exclamation boxes
+  bool solved = false;      // a solve ran: its figures are printed
 };
+
+// What makes a solve's result a usable critical moment.
+bool Usable(const SolverResult& s, bool stopped) {
+  return s.Solve_Status == 0 && s.Converged && !stopped && std::isfinite(s.mucr) && s.mucr > 0;
+}
 
 void Print_Json(const Solve_Report& r, const std::string& error = std::string()) {
   std::string s = "{";
   s += "\"file\":" + Json_String(r.file);
   s += ",\"kind\":" + Json_String(r.kind);
   s += ",\"status\":" + std::to_string(r.status);
-  if (!error.empty()) {
+  if (!error.empty() && !r.solved) {
     s += ",\"error\":" + Json_String(Out(error));
     s += "}";
     std::printf("%s\n", s.c_str());
     return;
   }
   s += ",\"message\":" + Json_String(Out(r.message));
+  if (!error.empty()) s += ",\"error\":" + Json_String(Out(error));
+  s += ",\"warnings\":[";
+  for (size_t i = 0; i < r.warnings.size(); ++i) s += (i ? "," : "") + Json_String(Out(r.warnings[i]));
+  s += "]";
   s += std::string(",\"stopped\":") + (r.stopped ? "true" : "false");
   s += ",\"method\":" + std::to_string(r.method);
   s += ",\"mucr\":" + Json_Number(r.mucr);
   s += ",\"Mcr\":" + Json_Number(r.Mcr);
-  s += ",\"Mmax\":" + Json_Number(r.Mmax);
+  // the moments are single-precision data (the solver's file and diagrams)
+  s += ",\"Mmax\":" + Json_Number((float)r.Mmax);
   s += ",\"xMmax\":" + Json_Number(r.xMmax);
   s += ",\"unit_M\":" + Json_String(r.unit_M);
   s += ",\"NB\":" + std::to_string(r.NB);
@@ -254,7 +313,7 @@ void Print_Json(const Solve_Report& r, const std::string& error = std::string())
     s += "[";
     for (int k = 0; k < 4; ++k) {
       if (k) s += ",";
-      s += Json_Number(r.mode[4 * i - 3 + k], 7);
+      s += Json_Number(r.mode[4 * i - 3 + k]);
     }
     s += "]";
   }
@@ -276,6 +335,42 @@ int Fail(int code, const Solve_Report& r, bool json, const std::string& text) {
   if (json) Print_Json(r, text);
   std::fprintf(stderr, "zarvek-cli: %s\n", Out(text).c_str());
   return code;
+}
+
+// The boxes of the vector iteration, one warning line each.
+void Print_Warnings(const Solve_Report& r) {
+  for (const auto& w : r.warnings) std::fprintf(stderr, "zarvek-cli: warning: %s\n", Out(w).c_str());
+}
+
+// The end of a solve: the result when it is one, else exit 3 with the
+// solver's status, its message and the last estimate.
+int Finish(Solve_Report& r, const SolverResult& s, bool json) {
+  r.solved = true;
+  r.warnings = s.Warnings;
+  Print_Warnings(r);
+  if (Usable(s, r.stopped)) {
+    if (json)
+      Print_Json(r);
+    else
+      Print_Text(r);
+    return Exit_Solved;
+  }
+  std::string why;
+  if (s.Solve_Status != 0)
+    why = "the solver failed";
+  else if (r.stopped)
+    why = "the solve was stopped";
+  else if (!(std::isfinite(s.mucr) && s.mucr > 0))
+    why = "no critical factor was found";
+  else
+    why = "the solve did not converge";
+  std::string text = why + " (status " + std::to_string(s.Solve_Status) + "): ";
+  std::string message = r.message.empty() ? s.Error_Text : r.message;
+  if (message.empty() && !s.Warnings.empty()) message = s.Warnings.front();
+  r.message = message;
+  text += message;
+  if (std::isfinite(s.mucr) && s.mucr > 0) text += " (last estimate: mucr " + Plain_Number(s.mucr) + ")";
+  return Fail(Exit_SolverFailed, r, json, text);
 }
 
 // ---- stop by Ctrl-C -----------------------------------------------------------
@@ -301,6 +396,55 @@ const char* Tab_Name(int tab) {
   }
 }
 
+// The texts the solve turns into numbers without a check of their own: the
+// section of the route in use (the catalogue's slot is filled by the catalogue
+// in the window, the dimensions are checked as they are typed), E, nu, G and
+// L, and the moment ratio when it is the typed one. A project file hands
+// them over as they stand, so a blank or a word there would be a silent 0:
+// each is checked as the window checks a field when it is left.
+bool Numeric_Fields_OK(const BeamModel& m, ValidationResult& v) {
+  struct Field {
+    std::string name;
+    const std::string& text;
+  };
+  std::vector<Field> fields;
+  const int slot = Section_Slot(m);
+  if (slot == 2) {
+    for (const Field& f : std::initializer_list<Field>{{"Txt_h", m.Txt_h},     {"Txt_bf1", m.Txt_bf1},
+                                                       {"Txt_tf1", m.Txt_tf1}, {"Txt_r1", m.Txt_r1},
+                                                       {"Txt_bf2", m.Txt_bf2}, {"Txt_tf2", m.Txt_tf2},
+                                                       {"Txt_r2", m.Txt_r2},   {"Txt_tw", m.Txt_tw}})
+      fields.push_back(f);
+  } else {
+    const std::string k = "(" + std::to_string(slot) + ")";
+    fields.push_back({"Txt_Iz" + k, m.Txt_Iz[slot]});
+    fields.push_back({"Txt_It" + k, m.Txt_It[slot]});
+    fields.push_back({"Txt_Iw" + k, m.Txt_Iw[slot]});
+    fields.push_back({"Txt_Betaz" + k, m.Txt_Betaz[slot]});
+    if (slot == 1) fields.push_back({"Txt_zS(1)", m.Txt_zS[1]});
+  }
+  fields.push_back({"Txt_L", m.Txt_L});
+  fields.push_back({"Txt_E", m.Txt_E});
+  fields.push_back({"Txt_Nu", m.Txt_Nu});
+  fields.push_back({"Txt_G", m.Txt_G});
+  if (m.Chk_M && m.Opt_Psi) fields.push_back({"Txt_Psi", m.Txt_Psi});
+  for (const Field& f : fields)
+    if (!IsNumValid(f.text, f.name, 0, v)) return false;
+  return true;
+}
+
+std::string Validation_Text(const ValidationResult& v) {
+  std::string text;
+  for (const auto& s : v.Shown) text += s + "\n";
+  if (v.tab >= 0 || !v.field.empty()) {
+    text += "tab " + std::to_string(v.tab);
+    if (*Tab_Name(v.tab)) text += std::string(" (") + Tab_Name(v.tab) + ")";
+    if (!v.field.empty()) text += ", field " + v.field;
+    text += ": ";
+  }
+  return text + v.Error_Text;
+}
+
 int Solve_Project(const std::string& file, bool json, Scratch_Dir& scratch) {
   Solve_Report r;
   r.file = file;
@@ -311,20 +455,15 @@ int Solve_Project(const std::string& file, bool json, Scratch_Dir& scratch) {
   if (!fr.ok) return Fail(Exit_Invalid, r, json, fr.Error_Text);
   r.unit_M = Unit_ItemText(UnitFamily::M, m.Lst_Unit_M);
 
+  // a project that names no method would be "solved" by neither
+  if (!m.Opt_Eigen && !m.Opt_Dichotomie)
+    return Fail(Exit_Invalid, r, json,
+                "no solving method chosen: the project sets neither Opt_Eigen nor Opt_Dichotomie");
+  ValidationResult nv;
+  if (!Numeric_Fields_OK(m, nv)) return Fail(Exit_Invalid, r, json, Validation_Text(nv));
   // the checks of the Proceed button
   const ValidationResult v = IsDataOK(m);
-  if (!v.ok) {
-    std::string text;
-    for (const auto& s : v.Shown) text += s + "\n";
-    if (v.tab >= 0 || !v.field.empty()) {
-      text += "tab " + std::to_string(v.tab);
-      if (*Tab_Name(v.tab)) text += std::string(" (") + Tab_Name(v.tab) + ")";
-      if (!v.field.empty()) text += ", field " + v.field;
-      text += ": ";
-    }
-    text += v.Error_Text;
-    return Fail(Exit_Invalid, r, json, text);
-  }
+  if (!v.ok) return Fail(Exit_Invalid, r, json, Validation_Text(v));
   EffortsData e;
   Calculer_Efforts(m, e);
   InitProcessInfo(m);
@@ -337,9 +476,6 @@ int Solve_Project(const std::string& file, bool json, Scratch_Dir& scratch) {
   ProceedResult p = Proceed(m, problem, ctl);
   r.status = p.Solve_Status;
   r.method = p.Method;
-  if (p.Solve_Status != 0)
-    return Fail(Exit_SolverFailed, r, json,
-                "the solver failed (status " + std::to_string(p.Solve_Status) + "): " + p.Message);
   r.message = p.Message;
   r.stopped = p.Stopped;
   r.mucr = p.Solver.mucr;
@@ -348,11 +484,9 @@ int Solve_Project(const std::string& file, bool json, Scratch_Dir& scratch) {
   r.xMmax = p.Efforts.xfMmax;
   r.NB = p.Solver.NB;
   r.mode = m.Mode_Vector;
-  if (json)
-    Print_Json(r);
-  else
-    Print_Text(r);
-  return Exit_Solved;
+  SolverResult s = p.Solver;
+  s.Solve_Status = p.Solve_Status;
+  return Finish(r, s, json);
 }
 
 int Solve_ProblemFile(const std::string& file, bool json) {
@@ -368,9 +502,6 @@ int Solve_ProblemFile(const std::string& file, bool json) {
   SolverResult s;
   Solve_Problem(file, Method_Dichotomie, s, ctl);
   r.status = s.Solve_Status;
-  if (s.Solve_Status != 0)
-    return Fail(Exit_SolverFailed, r, json,
-                "the solver failed (status " + std::to_string(s.Solve_Status) + "): " + s.Error_Text);
   r.stopped = ctl.Stop_Requested;
   r.message = r.stopped ? Msg(2) : s.Error_Text;
   r.mucr = s.mucr;
@@ -379,11 +510,7 @@ int Solve_ProblemFile(const std::string& file, bool json) {
   r.xMmax = s.xMmax;
   r.NB = s.NB;
   r.mode = s.Mode_Vector;
-  if (json)
-    Print_Json(r);
-  else
-    Print_Text(r);
-  return Exit_Solved;
+  return Finish(r, s, json);
 }
 
 int Command_Solve(const std::string& file, bool json) {
@@ -392,8 +519,14 @@ int Command_Solve(const std::string& file, bool json) {
   Solve_Report r;
   r.file = file;
   struct stat st;
-  if (::stat(file.c_str(), &st) != 0 || !S_ISREG(st.st_mode))
-    return Fail(Exit_Invalid, r, json, "file not found: " + file);
+  if (::stat(file.c_str(), &st) != 0) return Fail(Exit_Invalid, r, json, "file not found: " + file);
+  if (S_ISDIR(st.st_mode)) return Fail(Exit_Invalid, r, json, "a directory, not a file: " + file);
+  if (!S_ISREG(st.st_mode))
+    return Fail(Exit_Invalid, r, json, "not a regular file (a device, a pipe or a socket): " + file);
+  if (st.st_size > Max_Input_Bytes)
+    return Fail(Exit_Invalid, r, json,
+                "file too large (" + std::to_string((long long)st.st_size) +
+                    " bytes; a project or problem file is far below 10 MB): " + file);
   if (Has_Extension(file, ".ZVK")) return Solve_ProblemFile(file, json);
   if (Has_Extension(file, ".DAT") || Has_Extension(file, ".DFT")) return Solve_Project(file, json, scratch);
   return Fail(Exit_Invalid, r, json, "not a project (.DAT) nor a problem file (.ZVK): " + file);
@@ -403,40 +536,99 @@ int Command_Solve(const std::string& file, bool json) {
 
 std::string Catalogue_File() { return Program_Dir() + "/SECTION.DB"; }
 
-int Command_Sections() {
+struct Catalogue_Entry {
+  std::string series;
+  SectionRecord rec;
+  std::string Name() const { return series + " " + rec.name; }
+};
+
+// The whole catalogue, series by series. False, with the reason, when the
+// file can't be read, is malformed or holds no section at all: a catalogue
+// that lists nothing is a damaged installation, not an answer.
+bool Read_Catalogue(std::vector<Catalogue_Entry>& all, std::string& error) {
   const std::string db = Catalogue_File();
   std::vector<std::string> series;
-  if (!Load_SectionsSeries(db, series)) {
-    std::fprintf(stderr, "zarvek-cli: the section catalogue can't be read: %s\n", db.c_str());
-    return Exit_Invalid;
+  if (!File_Exists(db) || !Load_SectionsSeries(db, series)) {
+    error = "the section catalogue can't be read: " + db;
+    return false;
   }
   for (const auto& name : series) {
     std::vector<SectionRecord> sections;
     if (!Load_SerieNumbers(db, name, sections)) {
-      std::fprintf(stderr, "zarvek-cli: the series %s of the catalogue can't be read\n", name.c_str());
-      return Exit_Invalid;
+      error = "the series " + name + " of the catalogue can't be read: " + db;
+      return false;
     }
-    for (const auto& s : sections) std::printf("%s %s\n", name.c_str(), s.name.c_str());
+    for (const auto& rec : sections) all.push_back({name, rec});
   }
+  if (all.empty()) {
+    error = "the section catalogue holds no section: " + db;
+    return false;
+  }
+  return true;
+}
+
+int Command_Sections() {
+  std::vector<Catalogue_Entry> all;
+  std::string error;
+  if (!Read_Catalogue(all, error)) {
+    std::fprintf(stderr, "zarvek-cli: %s\n", error.c_str());
+    return Exit_Invalid;
+  }
+  for (const auto& e : all) std::printf("%s\n", e.Name().c_str());
   return Exit_Solved;
 }
 
+// A name as it is compared: upper case, without blanks ("ipe 300" and
+// "IPE300" are "IPE300").
+std::string Name_Key(const std::string& name) {
+  std::string k;
+  for (char c : Upper(name))
+    if (c != ' ' && c != '\t') k += c;
+  return k;
+}
+
+// Edits (insert, delete, replace) from a to b.
+size_t Edit_Distance(const std::string& a, const std::string& b) {
+  std::vector<size_t> d(b.size() + 1);
+  for (size_t j = 0; j <= b.size(); ++j) d[j] = j;
+  for (size_t i = 1; i <= a.size(); ++i) {
+    size_t diag = d[0];
+    d[0] = i;
+    for (size_t j = 1; j <= b.size(); ++j) {
+      const size_t up = d[j];
+      d[j] = std::min({d[j] + 1, d[j - 1] + 1, diag + (a[i - 1] == b[j - 1] ? 0 : 1)});
+      diag = up;
+    }
+  }
+  return d[b.size()];
+}
+
 int Command_Section(const std::string& fullName) {
-  const std::string db = Catalogue_File();
-  if (!File_Exists(db)) {
-    std::fprintf(stderr, "zarvek-cli: the section catalogue can't be read: %s\n", db.c_str());
+  std::vector<Catalogue_Entry> all;
+  std::string error;
+  if (!Read_Catalogue(all, error)) {
+    std::fprintf(stderr, "zarvek-cli: %s\n", error.c_str());
     return Exit_Invalid;
   }
-  std::string series, number;
-  Split_ProfileName(Trim(fullName), series, number);
-  SectionRecord rec;
-  if (!Find_Section(db, series + " " + number, rec)) {
-    std::fprintf(stderr, "zarvek-cli: no section \"%s\" in the catalogue\n", fullName.c_str());
-    return Exit_Invalid;
+  const std::string key = Name_Key(fullName);
+  for (const auto& e : all) {
+    if (Name_Key(e.Name()) != key) continue;
+    SectionI r = Calculer_SectionI(e.rec);
+    std::printf("%s\n%s", e.Name().c_str(), Show_SectionProperties(r).c_str());
+    return Exit_Solved;
   }
-  SectionI r = Calculer_SectionI(rec);
-  std::printf("%s %s\n%s", series.c_str(), rec.name.c_str(), Show_SectionProperties(r).c_str());
-  return Exit_Solved;
+  // the nearest names: those the fewest edits away (five at most, in
+  // catalogue order)
+  std::vector<size_t> dist(all.size());
+  for (size_t i = 0; i < all.size(); ++i) dist[i] = Edit_Distance(key, Name_Key(all[i].Name()));
+  const size_t best = *std::min_element(dist.begin(), dist.end());
+  std::string hint;
+  int shown = 0;
+  for (size_t i = 0; i < all.size() && shown < 5; ++i)
+    if (dist[i] == best) hint += (shown++ ? ", " : "") + all[i].Name();
+  std::fprintf(stderr, "zarvek-cli: no section \"%s\" in the catalogue; nearest: %s\n", fullName.c_str(),
+               hint.c_str());
+  return Exit_Invalid;
 }
 
 }  // namespace
@@ -446,43 +638,53 @@ int Command_Draw(const std::vector<std::string>& args);  // cli_draw.cpp
 }
 int Cli_Report(const std::vector<std::string>& args);  // cli_report.cpp
 
+int Usage_Error(const std::string& what) {
+  if (!what.empty()) std::fprintf(stderr, "zarvek-cli: %s\n", what.c_str());
+  std::fputs(Usage_Text, stderr);
+  return Exit_Usage;
+}
+
 int main(int argc, char** argv) {
   Keep_Freed_Memory();
   std::vector<std::string> args(argv + 1, argv + argc);
-  if (args.empty()) {
-    std::fputs(Usage_Text, stderr);
-    return Exit_Usage;
-  }
+  if (args.empty()) return Usage_Error("");
   const std::string& cmd = args[0];
   if (cmd == "--help" || cmd == "-h" || cmd == "help") {
     std::fputs(Usage_Text, stdout);
     return Exit_Solved;
   }
+  // An option is named when it is not one of ours: a mistyped --json must
+  // not be taken for a file name.
+  const auto option = [](const std::string& a) { return a.size() > 1 && a[0] == '-'; };
+  if (option(cmd)) return Usage_Error("unknown option " + cmd);
   if (cmd == "solve") {
     bool json = false;
-    std::string file;
+    std::vector<std::string> files;
     for (size_t i = 1; i < args.size(); ++i) {
       if (args[i] == "--json")
         json = true;
-      else if (file.empty())
-        file = args[i];
+      else if (option(args[i]))
+        return Usage_Error("unknown option " + args[i]);
       else
-        file = "\n";  // two files: refused below
+        files.push_back(args[i]);
     }
-    if (file.empty() || file == "\n") {
-      std::fputs(Usage_Text, stderr);
-      return Exit_Usage;
-    }
-    return Command_Solve(file, json);
+    if (files.empty()) return Usage_Error("solve needs a FILE");
+    if (files.size() > 1) return Usage_Error("solve takes one FILE");
+    return Command_Solve(files[0], json);
   }
   if (cmd == "draw") return zarvek::Command_Draw(args);
   if (cmd == "report") return Cli_Report(args);
-  if (cmd == "sections" && args.size() == 1) return Command_Sections();
-  if (cmd == "section" && args.size() >= 2) {
+  if (cmd == "sections" || cmd == "section") {
+    for (size_t i = 1; i < args.size(); ++i)
+      if (option(args[i])) return Usage_Error("unknown option " + args[i]);
+    if (cmd == "sections") {
+      if (args.size() != 1) return Usage_Error("sections takes no argument");
+      return Command_Sections();
+    }
+    if (args.size() < 2) return Usage_Error("section needs a NAME");
     std::string name = args[1];
     for (size_t i = 2; i < args.size(); ++i) name += " " + args[i];
     return Command_Section(name);
   }
-  std::fputs(Usage_Text, stderr);
-  return Exit_Usage;
+  return Usage_Error("unknown command " + cmd);
 }

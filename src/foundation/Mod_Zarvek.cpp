@@ -63,6 +63,39 @@ std::string Fixed_Digits(double a, int dec) {
   return dec > 0 ? intPart + "." + frac : intPart;
 }
 
+// Scientific digits of |v| > 0: a mantissa "d.ddd" with `dec` decimals and
+// its decimal exponent, rounded from the exact decimal value of the double,
+// ties away from zero, as Fixed_Digits does. (Dividing by a power of ten
+// first would round the quotient and turn ties either way.)
+std::string Sci_Digits(double a, int dec, int& e) {
+  // every finite double has an exact decimal expansion of at most 767
+  // significant digits
+  char buf[1024];
+  auto r = std::to_chars(buf, buf + sizeof buf, a, std::chars_format::scientific, 800);
+  std::string s(buf, r.ptr);  // d.ddd...e[+-]xx
+  const auto epos = s.find('e');
+  e = std::atoi(s.c_str() + epos + 1);
+  std::string digits;
+  for (size_t i = 0; i < epos; ++i)
+    if (s[i] != '.') digits += s[i];
+  const size_t keep = (size_t)dec + 1;
+  const bool up = digits.size() > keep && digits[keep] >= '5';
+  digits.resize(keep);
+  if (up) {
+    int i = (int)keep - 1;
+    while (i >= 0 && digits[i] == '9') digits[i--] = '0';
+    if (i >= 0) {
+      digits[i]++;
+    } else {
+      // 9.99..5 -> 10.00: one more power of ten
+      digits.insert(digits.begin(), '1');
+      digits.pop_back();
+      ++e;
+    }
+  }
+  return dec > 0 ? digits.substr(0, 1) + "." + digits.substr(1) : digits;
+}
+
 struct Pattern {
   int minInt = 1;
   int minDec = 0, maxDec = 0;
@@ -120,19 +153,7 @@ std::string Format_Pattern(double value, std::string_view pattern) {
     int e = 0;
     std::string m;
     if (a != 0) {
-      e = (int)std::floor(std::log10(a));
-      for (int k = 0; k < 3; ++k) {
-        m = Fixed_Digits(a / std::pow(10.0, e), p.maxDec);
-        // one integer digit after rounding
-        auto dot = m.find('.');
-        size_t il = dot == std::string::npos ? m.size() : dot;
-        if (il > 1) { e++; continue; }
-        if (m[0] == '0') { e--; continue; }
-        break;
-      }
-      // exact scaling for mantissa: recompute with the final exponent
-      m = Fixed_Digits(a / std::pow(10.0, e), p.maxDec);
-      if (m.find('.') != std::string::npos && m.find('.') > 1) { e++; m = Fixed_Digits(a / std::pow(10.0, e), p.maxDec); }
+      m = Sci_Digits(a, p.maxDec, e);
     } else {
       m = Fixed_Digits(0, p.maxDec);
     }

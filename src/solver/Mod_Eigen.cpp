@@ -20,6 +20,7 @@ void MethodState::Progress(int it, double value) const {
   if (ctl && ctl->Show_Progress) ctl->Show_Progress(it, value);
 }
 void MethodState::Box(const std::string& text) const {
+  if (Warnings) Warnings->push_back(text);
   if (ctl && ctl->Show_Box) ctl->Show_Box(text);
 }
 
@@ -104,10 +105,16 @@ void Eigen(SymMatrix& K, SymMatrix& B, double& mu, int NDL, int NN, double Tol, 
       cur = 1 / lambda;
       const double err = std::fabs((cur - prev) / cur);
       Check_FP();
-      if (err < Tol) break;
+      if (err < Tol) {
+        st.Converged = true;
+        break;
+      }
       // the new vector is the mean of the old one and its image
       for (int i = 1; i <= NDL; ++i) X[i] = (Y[i] + X[i]) / 2;
-      if (Stop(st)) break;
+      if (Stop(st)) {
+        st.Converged = false;
+        break;
+      }
       if (count == NSC * NbIter) {
         st.Box("Problem of convergence");
         return;
@@ -282,7 +289,14 @@ struct Determinant {
       }
     } else {
       // the same product with a binary exponent: scaling by powers of two is
-      // exact and needs no division per pivot
+      // exact and needs no division per pivot. A pivot beyond the scaling
+      // range (a stiff spring of 1e305, say) brings its own exponent, so
+      // that the product stays within 2^-512..2^512 whatever the pivots.
+      if (pivot > 0x1p+256 || pivot < 0x1p-256) {
+        int ep = 0;
+        pivot = std::frexp(pivot, &ep);
+        e2 += ep;
+      }
       m2 *= pivot;
       if (m2 > 0x1p+256) {
         m2 *= 0x1p-256;
@@ -599,6 +613,7 @@ void Dichotomie(const SymMatrix& K, const SymMatrix& KG, int NDL, Skyline& S, do
   for (;;) {
     if (low / high >= 1 - Tol) {
       st.Error_Text = Msg(6);
+      st.Converged = true;
       break;
     }
     mu = (high + low) / 2;

@@ -18,6 +18,8 @@ struct MethodState {
   SolveControl* ctl = nullptr;
   std::int16_t Solve_Status = 0;
   std::string Error_Text;
+  bool Converged = false;          // the tolerance was met
+  std::vector<std::string>* Warnings = nullptr;  // where Box texts are kept
   void Status(const std::string& text) const;
   void Progress(int it, double value) const;
   void Box(const std::string& text) const;

@@ -24,12 +24,10 @@ void ProblemData::Resize(int nb, int nf, int nq) {
   NF = nf;
   NQ = nq;
   const int nn = nb + 1;
-  for (auto* v : {&L, &Iz, &It, &Iw, &Betaz, &M1, &M2}) v->assign(nb + 1, 0.0f);
-  for (auto* v : {&Kt, &Kvp, &Ktp}) v->assign(nb + 1, 0.0);
-  for (auto* v : {&Rv, &Rt, &Rvp, &Rtp}) v->assign(nn + 1, 0.0);
-  z.assign(nn + 1, 0.0f);
-  for (auto* v : {&F, &xF, &zF}) v->assign(nf + 1, 0.0f);
-  for (auto* v : {&q1, &x1, &q2, &x2, &zq}) v->assign(nq + 1, 0.0f);
+  for (auto* v : {&L, &Iz, &It, &Iw, &Betaz, &M1, &M2, &Kt, &Kvp, &Ktp}) v->assign(nb + 1, 0.0);
+  for (auto* v : {&Rv, &Rt, &Rvp, &Rtp, &z}) v->assign(nn + 1, 0.0);
+  for (auto* v : {&F, &xF, &zF}) v->assign(nf + 1, 0.0);
+  for (auto* v : {&q1, &x1, &q2, &x2, &zq}) v->assign(nq + 1, 0.0);
 }
 
 // ------------------------------------------------------------------ reading
@@ -189,7 +187,7 @@ void Read_Problem(std::string text, ProblemData& P, SolverResult& res) {
   // The total length in the precision of the lengths, so that an abscissa
   // moved onto the right end is exactly the end.
   float Ltot = 0;
-  for (int n = 1; n <= NB; ++n) Ltot += P.L[n];
+  for (int n = 1; n <= NB; ++n) Ltot += (float)P.L[n];
 
   in.Skip_Line();
   for (int n = 1; n <= NN; ++n) {
@@ -213,9 +211,10 @@ void Read_Problem(std::string text, ProblemData& P, SolverResult& res) {
     const int idx = in.Integer();
     const float M1 = (float)in.Number(), M2 = (float)in.Number();
     if (idx != n) Fail(111);
+    const float L_n = (float)P.L[n];
     P.M1[n] = M1;
     P.M2[n] = M2;
-    const float V = (float)(-(M2 - M1) / P.L[n]);
+    const float V = (float)(-(M2 - M1) / L_n);
     res.Efforts_M[2 * n - 1] = M1;
     res.Efforts_M[2 * n] = M2;
     res.Efforts_V[2 * n - 1] = V;
@@ -231,7 +230,7 @@ void Read_Problem(std::string text, ProblemData& P, SolverResult& res) {
   }
   if (Mmax == 0) Fail(112);
   float before = 0;
-  for (int n = 1; n < nodeMax; ++n) before += P.L[n];
+  for (int n = 1; n < nodeMax; ++n) before += (float)P.L[n];
   res.Mmax = Mmax;
   res.xMmax = (double)before / Ltot;
 
@@ -243,8 +242,8 @@ void Read_Problem(std::string text, ProblemData& P, SolverResult& res) {
   if (NQ < 0 || NQ > 10) Fail(114);
   P.NF = NF;
   P.NQ = NQ;
-  for (auto* v : {&P.F, &P.xF, &P.zF}) v->assign(NF + 1, 0.0f);
-  for (auto* v : {&P.q1, &P.x1, &P.q2, &P.x2, &P.zq}) v->assign(NQ + 1, 0.0f);
+  for (auto* v : {&P.F, &P.xF, &P.zF}) v->assign(NF + 1, 0.0);
+  for (auto* v : {&P.q1, &P.x1, &P.q2, &P.x2, &P.zq}) v->assign(NQ + 1, 0.0);
   // an abscissa within 1 % of the right end is taken as the end itself
   auto snap = [Ltot](float x) { return (x > 0.99 * Ltot && x < 1.01 * Ltot) ? Ltot : x; };
   if (NF > 0) {
@@ -376,6 +375,9 @@ void Solve_Problem(const std::string& path, int method, SolverResult& res, Solve
   st.ctl = &ctl;
   res.Solve_Status = 0;
   res.Error_Text.clear();
+  res.Converged = false;
+  res.Warnings.clear();
+  st.Warnings = &res.Warnings;
   st.Status(Msg(80));
   res.Solve_Status = 1;
 
@@ -480,6 +482,7 @@ void Solve_Problem(const std::string& path, int method, SolverResult& res, Solve
       Eigen(K, B, mu, NDL, NN, ctl.Tol, ctl.NbIter, Phi, failed, st);
       res.Solve_Status = st.Solve_Status;
       res.Error_Text = st.Error_Text;
+      res.Converged = st.Converged && !failed;
       if (failed) {
         res.mucr = 0;
         return;
@@ -491,6 +494,7 @@ void Solve_Problem(const std::string& path, int method, SolverResult& res, Solve
       Dichotomie(K, KG, NDL, S, ctl.Tol, ctl.NbIter, mu, Phi, st);
       res.Solve_Status = st.Solve_Status;
       res.Error_Text = st.Error_Text;
+      res.Converged = st.Converged && st.Solve_Status == 0;
       res.mucr = mu;
       if (mu == 0 || ctl.Direct_Mode) return;
     } else {
@@ -515,10 +519,29 @@ void Solve_Problem(const std::string& path, int method, SolverResult& res, Solve
     // overflow, division by zero, exhausted memory ...
     res.Solve_Status = 11;
     res.Error_Text = "Problem in solving Mcr";
+    res.Converged = false;
   }
 }
 
 // ------------------------------------------------------------------ writing
+
+namespace {
+
+// One field of a problem file: right-aligned in its width, as the reader's
+// neighbours expect; a text that fills the width or passes it gets one blank
+// in front, so that it never runs into the field before it.
+std::string Field(double v, int width, int decimals) {
+  std::string t = Format_Fixed(v, width, decimals);
+  if (t.empty() || t[0] != ' ') t.insert(t.begin(), ' ');
+  return t;
+}
+std::string Field(const std::string& text, int width) {
+  std::string t = To_DotText(text, width);
+  if (t.empty() || t[0] != ' ') t.insert(t.begin(), ' ');
+  return t;
+}
+
+}  // namespace
 
 std::string Problem_Text(const ProblemData& p, ProblemLabels labels) {
   const bool pr = labels == ProblemLabels::Proceed;
@@ -527,33 +550,33 @@ std::string Problem_Text(const ProblemData& p, ProblemLabels labels) {
   line(std::string(Program_Name()) + (pr ? " Version " : "Version ") + Version_Text());
   line("Units : daN cm");
   line(pr ? "Nb Elements   E   G" : "Nb Elements, E, G");
-  line(std::to_string(p.NB) + To_DotText(Number_To_Text(p.E), 15) + To_DotText(Number_To_Text(p.G), 15));
+  line(std::to_string(p.NB) + Field(Number_To_Text(p.E), 15) + Field(Number_To_Text(p.G), 15));
   line(pr ? "Elements : i  Li  Izi  Iti  Iwi  Betazi  Kti  Kvpi  Ktpi"
           : "Elements : n, L, Iz, It, Iw, Betaz, Kt, Kvp, Ktp");
   for (int n = 1; n <= p.NB; ++n)
-    line(Format_Fixed(n, 3, 0) + Format_Fixed(p.L[n], 9, 2) + Format_Fixed(p.Iz[n], 12, 2) +
-         Format_Fixed(p.It[n], 12, 2) + Format_Fixed(p.Iw[n], 14, 1) + Format_Fixed(p.Betaz[n], 8, 2) +
-         Format_Fixed(p.Kt[n], 14, 2) + Format_Fixed(p.Kvp[n], 14, 2) + Format_Fixed(p.Ktp[n], 14, 2));
+    line(Format_Fixed(n, 3, 0) + Field(p.L[n], 9, 2) + Field(p.Iz[n], 12, 2) +
+         Field(p.It[n], 12, 2) + Field(p.Iw[n], 14, 1) + Field(p.Betaz[n], 8, 2) +
+         Field(p.Kt[n], 14, 2) + Field(p.Kvp[n], 14, 2) + Field(p.Ktp[n], 14, 2));
   line(pr ? "Nodes : i  Rvi  Rti  Rvpi  Rtpi  zi" : "Nodes : n, Rv, Rt, Rvp, Rtp, z");
   for (int n = 1; n <= p.NN(); ++n)
-    line(Format_Fixed(n, 3, 0) + Format_Fixed(p.Rv[n], 15, 2) + Format_Fixed(p.Rt[n], 15, 2) +
-         Format_Fixed(p.Rvp[n], 15, 2) + Format_Fixed(p.Rtp[n], 15, 2) + Format_Fixed(p.z[n], 10, 2));
+    line(Format_Fixed(n, 3, 0) + Field(p.Rv[n], 15, 2) + Field(p.Rt[n], 15, 2) +
+         Field(p.Rvp[n], 15, 2) + Field(p.Rtp[n], 15, 2) + Field(p.z[n], 10, 2));
   line(pr ? "Elements : i   M1i   M2i" : "Elements : n, M1, M2");
   for (int n = 1; n <= p.NB; ++n)
-    line(Format_Fixed(n, 3, 0) + Format_Fixed(p.M1[n], 14, 1) + Format_Fixed(p.M2[n], 14, 1));
+    line(Format_Fixed(n, 3, 0) + Field(p.M1[n], 14, 1) + Field(p.M2[n], 14, 1));
   line("Member Loads");
   line("NF NQ");
   line(std::to_string(p.NF) + " " + std::to_string(p.NQ));
   if (p.NF > 0) {
     line(pr ? "Fi  xi  zFi" : "F, x, z");
     for (int k = 1; k <= p.NF; ++k)
-      line(Format_Fixed(p.F[k], 12, 1) + Format_Fixed(p.xF[k], 10, 2) + Format_Fixed(p.zF[k], 10, 2));
+      line(Field(p.F[k], 12, 1) + Field(p.xF[k], 10, 2) + Field(p.zF[k], 10, 2));
   }
   if (p.NQ > 0) {
     line(pr ? "q1i  x1i  q2i  x2i  zqi" : "q1, x1, q2, x2, z");
     for (int k = 1; k <= p.NQ; ++k)
-      line(Format_Fixed(p.q1[k], 12, 3) + Format_Fixed(p.x1[k], 10, 2) + Format_Fixed(p.q2[k], 12, 3) +
-           Format_Fixed(p.x2[k], 10, 2) + Format_Fixed(p.zq[k], 10, 2));
+      line(Field(p.q1[k], 12, 3) + Field(p.x1[k], 10, 2) + Field(p.q2[k], 12, 3) +
+           Field(p.x2[k], 10, 2) + Field(p.zq[k], 10, 2));
   }
   return s;
 }

@@ -10,22 +10,24 @@
 namespace zarvek {
 
 // A problem file held in memory. Arrays are 1-based: index 0 is unused.
-// Units are daN and cm.
+// Units are daN and cm. The values are kept in double precision so that a
+// written file holds them as they were computed; the solver reads its data
+// in single precision, as the file format has always been read.
 struct ProblemData {
   int NB = 0;       // elements; NN = NB + 1 nodes; NDL = 4 NN degrees of freedom
   double E = 0, G = 0;
   // elements 1..NB
-  std::vector<float> L, Iz, It, Iw, Betaz;
+  std::vector<double> L, Iz, It, Iw, Betaz;
   std::vector<double> Kt, Kvp, Ktp;  // links at the first end: -1 rigid, 0 released, >0 spring
   // nodes 1..NN
   std::vector<double> Rv, Rt, Rvp, Rtp;  // restraints: -1 fixed, 0 free, >0 spring
-  std::vector<float> z;                  // height of the restraint point above the shear centre
+  std::vector<double> z;                 // height of the restraint point above the shear centre
   // elements 1..NB: end moments (daN.cm)
-  std::vector<float> M1, M2;
+  std::vector<double> M1, M2;
   // point loads 1..NF and span loads 1..NQ
   int NF = 0, NQ = 0;
-  std::vector<float> F, xF, zF;
-  std::vector<float> q1, x1, q2, x2, zq;
+  std::vector<double> F, xF, zF;
+  std::vector<double> q1, x1, q2, x2, zq;
 
   int NN() const { return NB + 1; }
   int NDL() const { return 4 * (NB + 1); }
@@ -45,6 +47,13 @@ struct SolverResult {
   std::vector<float> Restraint_Level;  // 1..NN: z of every node
   std::int16_t Solve_Status = 0;    // 0 right; see the status table
   std::string Error_Text;           // what the status means
+  // The method met its tolerance: false when it was stopped, reached its
+  // iteration limit, or found no factor. A mucr without it is an estimate.
+  bool Converged = false;
+  // The texts of the exclamation boxes the vector iteration raised on the
+  // way ("Problem of convergence", "The eigenmode may be not accurate"), in
+  // order, whether or not a Show_Box was connected.
+  std::vector<std::string> Warnings;
 };
 
 // How a solve is run and how it talks to the windows.

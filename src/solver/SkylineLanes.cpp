@@ -12,8 +12,12 @@ namespace {
 
 #if defined(__x86_64__)
 #define ZARVEK_LANES 1
+#if defined(__clang__)
+#pragma clang attribute push(__attribute__((target("avx2"))), apply_to = function)
+#else
 #pragma GCC push_options
 #pragma GCC target("avx2")
+#endif
 
 // Four factors side by side in the 256-bit registers. Each lane is a plain
 // IEEE double: the vector divisions, products and sums are rounded exactly
@@ -137,7 +141,11 @@ bool Sweep4(const SymMatrix& K, const SymMatrix& KG, int NDL, const double* mus,
   return true;
 }
 
+#if defined(__clang__)
+#pragma clang attribute pop
+#else
 #pragma GCC pop_options
+#endif
 #endif
 
 }  // namespace

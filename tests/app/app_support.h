@@ -71,7 +71,8 @@ struct Child {
 
   Child(const std::string& startDir, const std::vector<std::string>& args,
         const std::string& name = "Zarvek") {
-    const std::string program = std::string(ZARVEK_BIN_DIR) + "/" + name;
+    // a bare name is a program of the start directory of the build
+    const std::string program = name.find('/') == std::string::npos ? std::string(ZARVEK_BIN_DIR) + "/" + name : name;
     pid = ::fork();
     if (pid == 0) {
       int fo = ::open((streams / "out").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);

@@ -18,6 +18,24 @@ std::string Local(std::string text) {
   return text;
 }
 
+// A tie is a tie of the exact decimal value: 1000050000000 and
+// 3199550000000000 are integers that a double holds exactly, so the fifth
+// digit is a true half and goes away from zero, as in the fixed form.
+TEST(NumberText, ScientificTiesRoundFromTheExactValue) {
+  Dec_Sep = '.';
+  const std::pair<double, const char*> ties[] = {
+      {1.00005e12, "1.0001E+12"}, {3.19955e15, "3.1996E+15"}, {-1.00005e12, "-1.0001E+12"},
+      {9.99995e15, "1.000E+16"},  // the carry reaches the exponent
+      {1.00015e12, "1.0002E+12"},
+  };
+  for (const auto& [v, text] : ties) {
+    EXPECT_EQ(Format_Auto(v), text) << v;
+    EXPECT_EQ(Format_Fixed(v, 12, 2), std::string(12 - std::string(text).size(), ' ') + text) << v;
+  }
+  EXPECT_EQ(Format_Pattern(0.0625, "0.0#E-00"), "6.25E-02");
+  EXPECT_EQ(Format_Pattern(0.03125, "0.0#E-00"), "3.13E-02");  // 3.125: an exact tie
+}
+
 TEST(NumberText, FilesTakeAPointAndTheScreenTheLocalesMark) {
   const struct { double v; int width, decimals; const char* text; } fixed[] = {
       {0, 8, 2, "    0.00"}, {19.868, 12, 2, "       19.87"}, {-1, 15, 2, "          -1.00"},

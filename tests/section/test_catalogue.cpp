@@ -39,7 +39,7 @@ class Catalogue : public ::testing::Test {
 
 TEST_F(Catalogue, BuiltFromTheTableListedByAreaAndComputed) {
   const std::string db = (dir_ / "SECTION.DB").string();
-  ASSERT_TRUE(Write_SectionDB(std::string(ZARVEK_SHARED_DIR) + "/data/rolled-sections.csv", db));
+  ASSERT_TRUE(Write_SectionDB(std::string(ZARVEK_SOURCE_DIR) + "/data/rolled-sections.csv", db));
   std::vector<std::string> series;
   ASSERT_TRUE(Load_SectionsSeries(db, series));
   EXPECT_EQ(series, (std::vector<std::string>{"IPE", "HEA", "HEB", "HEM", "UB", "UC"}));

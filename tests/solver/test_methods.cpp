@@ -272,3 +272,50 @@ TEST_F(Methods, ProfileRoutinesGiveBitIdenticalResults) {
 }
 
 }  // namespace
+
+namespace {
+
+// A spring of 1e305 is a finite stiffness: the factorisations carry their
+// determinant without overflow, and both routes reach the same factor as a
+// rigid support at the same node.
+TEST(Factorisation, AnEnormousSpringSolvesAlikeByBothRoutes) {
+  Set_Msg(6, "normal end");
+  ProblemData rigid = Fork_Beam_Uniform_Moment(50, 500.0, 1e6);
+  rigid.Rv[26] = -1;  // lateral support at mid-span
+  ProblemData spring = rigid;
+  spring.Rv[26] = 1e305;
+  for (int method : {Method_Dichotomie, Method_Eigen}) {
+    SCOPED_TRACE(method);
+    const Solved r = Solve(rigid, method, 1e-6, 100);
+    ASSERT_EQ(r.res.Solve_Status, 0);
+    for (bool reference : {false, true}) {
+      const Solved s = Solve(spring, method, 1e-6, 100, reference);
+      EXPECT_EQ(s.res.Solve_Status, 0) << "reference " << reference << ": " << s.res.Error_Text;
+      EXPECT_NEAR(s.res.mucr / r.res.mucr, 1.0, 1e-5) << "reference " << reference;
+    }
+    if (method == Method_Dichotomie)
+      EXPECT_EQ(Solve(spring, method, 1e-6, 100, false).res.mucr, Solve(spring, method, 1e-6, 100, true).res.mucr);
+  }
+}
+
+// A result tells whether it is converged, and the boxes of the vector
+// iteration are kept in it even without a window to show them.
+TEST(Convergence, TheResultSaysWhetherTheToleranceWasMet) {
+  Set_Msg(6, "normal end");
+  Set_Msg(44, "iteration limit");
+  const ProblemData p = Fork_Beam_Uniform_Moment(100, 1000.0, 1e6);
+  for (int method : {Method_Dichotomie, Method_Eigen}) {
+    const Solved ok = Solve(p, method, 1e-4, 100);
+    EXPECT_TRUE(ok.res.Converged) << method;
+    EXPECT_TRUE(ok.res.Warnings.empty()) << method;
+    const Solved limit = Solve(p, method, 1e-12, 5);
+    EXPECT_FALSE(limit.res.Converged) << method;
+  }
+  const Solved e = Solve(p, Method_Eigen, 1e-12, 5);
+  EXPECT_EQ(e.res.Warnings, std::vector<std::string>{"Problem of convergence"});
+  const Solved d = Solve(p, Method_Dichotomie, 1e-12, 5);
+  EXPECT_GT(d.res.mucr, 0);  // an estimate, not a converged value
+  EXPECT_EQ(d.res.Error_Text, "iteration limit");
+}
+
+}  // namespace

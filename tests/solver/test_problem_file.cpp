@@ -166,3 +166,52 @@ TEST(ProblemFile, MomentsGiveShearAndTheFirstLargestMoment) {
 }
 
 }  // namespace
+
+namespace {
+
+// Values that fill their column or pass it: the reader must still see two
+// numbers, and the solve must be that of the same beam with ordinary values.
+TEST(ProblemFile, AFieldThatFillsItsWidthStaysApartFromItsNeighbour) {
+  Set_Msg(6, "normal end");
+  const ProblemData fork = Fork_Beam_Uniform_Moment(50, 500.0, 1e6);
+  const double reference = Solve(fork, Method_Dichotomie).res.mucr;
+  ASSERT_GT(reference, 0);
+  struct Case {
+    const char* what;
+    void (*change)(ProblemData&);
+  };
+  const Case cases[] = {
+      // 200000000000.00 fills its 15 columns: an end spring as good as a fork
+      {"torsional end springs of 2e11 daN.cm/rd", [](ProblemData& p) { p.Rt[1] = p.Rt[p.NN()] = 2e11; }},
+      // sixteen digits of G, more than its 15 columns
+      {"G of sixteen digits", [](ProblemData& p) { p.G = 807690.0000123456; }},
+      {"E and G of sixteen digits", [](ProblemData& p) { p.E = 2100000.000012345, p.G = 807690.0000123456; }},
+  };
+  for (const Case& c : cases) {
+    ProblemData p = fork;
+    c.change(p);
+    const std::string text = Problem_Text(p, ProblemLabels::Proceed);
+    Solved s = Solve(p, Method_Dichotomie);
+    EXPECT_EQ(s.res.Solve_Status, 0) << c.what << "\n" << text.substr(0, 400);
+    EXPECT_NEAR(s.res.mucr / reference, 1.0, 1e-5) << c.what;
+  }
+  // the other fields keep their widths exactly
+  ProblemData p = fork;
+  p.Rt[1] = 2e11;
+  const std::string t = Problem_Text(p, ProblemLabels::Proceed);
+  EXPECT_NE(t.find("\n  1      1.000E+30 200000000000.00           0.00           0.00      0.00\n"),
+            std::string::npos)
+      << t.substr(0, 600);
+}
+
+TEST(ProblemFile, ValuesAreWrittenFromTheirFullPrecision) {
+  ProblemData p = Beam();
+  p.Iw[1] = 2345678.9;  // 2345679 in single precision
+  p.Rv[1] = 12345678.125;
+  const std::string t = Text(p);
+  EXPECT_NE(t.find("\n  1    10.00      603.78       19.87     2345678.9    0.00"), std::string::npos)
+      << t.substr(0, 400);
+  EXPECT_NE(t.find(" 12345678.13 "), std::string::npos);
+}
+
+}  // namespace
