@@ -18,6 +18,7 @@
 #include <string>
 #include <vector>
 
+#include "cli_common.h"
 #include "cli_draw3d.h"
 #include "analysis/Calculer_Efforts.h"
 #include "analysis/Proceed.h"
@@ -41,41 +42,8 @@ enum { Draw_Done = 0, Draw_Usage = 1, Draw_Invalid = 2, Draw_SolverFailed = 3 };
 const char* Draw_Usage_Line =
     "usage: zarvek-cli draw FILE --what loads|section|forces|mode|3d -o OUT.png|OUT.svg [--scale K]\n";
 
-std::string Exe_Dir() {
-  std::string buf(4096, '\0');
-  const ssize_t n = ::readlink("/proc/self/exe", buf.data(), buf.size() - 1);
-  if (n <= 0) return ".";
-  buf.resize(n);
-  const auto p = buf.rfind('/');
-  return p == std::string::npos ? "." : buf.substr(0, p);
-}
-
-// A scratch folder for the problem file and the unscrambled language texts,
-// removed on the way out.
-struct Scratch {
-  std::string dir;
-  Scratch() {
-    const char* t = std::getenv("TMPDIR");
-    std::string tmpl = std::string(t && *t ? t : "/tmp") + "/zarvek-draw-XXXXXX";
-    if (::mkdtemp(tmpl.data())) dir = tmpl;
-  }
-  ~Scratch() {
-    if (dir.empty()) return;
-    if (DIR* d = ::opendir(dir.c_str())) {
-      while (dirent* e = ::readdir(d)) {
-        const std::string n = e->d_name;
-        if (n != "." && n != "..") ::unlink((dir + "/" + n).c_str());
-      }
-      ::closedir(d);
-    }
-    ::rmdir(dir.c_str());
-  }
-  Scratch(const Scratch&) = delete;
-  Scratch& operator=(const Scratch&) = delete;
-};
-
-void Load_Texts(Scratch& scratch) {
-  const std::string file = Exe_Dir() + "/ZARVEK_UK.MSG";
+void Load_Texts(cli::Scratch_Dir& scratch) {
+  const std::string file = cli::Program_Dir() + "/ZARVEK_UK.MSG";
   if (File_Exists(file) && !scratch.dir.empty() && Load_LanguageFile(file, scratch.dir + "/LANGUAGE.TMP"))
     Load_Messages();
   // what the pictures and the refusals print, when no language is found
@@ -189,13 +157,13 @@ int Command_Draw(const std::vector<std::string>& args) {
     std::fputs(Draw_Usage_Line, stderr);
     return Draw_Usage;
   }
-  Scratch scratch;
+  cli::Scratch_Dir scratch;
   Load_Texts(scratch);
-  struct stat sb;
-  if (::stat(file.c_str(), &sb) != 0 || !S_ISREG(sb.st_mode)) return Fail(Draw_Invalid, "file not found: " + file);
+  std::string why;
+  if (!cli::Input_File_OK(file, why)) return Fail(Draw_Invalid, why);
 
   BeamModel m;
-  Init_Default(m, Exe_Dir());
+  Init_Default(m, cli::Program_Dir());
   EffortsData e;
   DiagramState st;
 
@@ -207,7 +175,7 @@ int Command_Draw(const std::vector<std::string>& args) {
     ctl.NbIter = 50;
     SolverResult s;
     Solve_Problem(file, Method_Dichotomie, s, ctl);
-    if (s.Solve_Status != 0)
+    if (!cli::Usable(s, false))
       return Fail(Draw_SolverFailed,
                   "the solver failed (status " + std::to_string(s.Solve_Status) + "): " + s.Error_Text);
     // the problem file stands for the entries of the main window
@@ -226,19 +194,12 @@ int Command_Draw(const std::vector<std::string>& args) {
   if (!Has_Extension(file, ".DAT") && !Has_Extension(file, ".DFT"))
     return Fail(Draw_Invalid, "not a project (.DAT) nor a problem file (.ZVK): " + file);
 
-  const FileReadResult fr = Read_FileDAT(m, file, Exe_Dir());
-  if (!fr.ok) return Fail(Draw_Invalid, Cp1252_To_Utf8(fr.Error_Text));
-  const ValidationResult v = IsDataOK(m);
-  if (!v.ok) return Fail(Draw_Invalid, Cp1252_To_Utf8(v.Error_Text));
-  Calculer_Efforts(m, e);
-  InitProcessInfo(m);
-  const std::string refusal = RefreshMV_Refusal(m, st);
-  if (!refusal.empty()) return Fail(Draw_Invalid, refusal);
+  if (cli::Prepare_Project(file, m, e, why) != cli::Exit_Done) return Fail(Draw_Invalid, Cp1252_To_Utf8(why));
   if (scratch.dir.empty()) return Fail(Draw_SolverFailed, "no scratch folder for the problem file");
   SolveControl ctl;
   ProceedResult p = Proceed(m, scratch.dir + "/PROBLEM.ZVK", ctl);
-  if (p.Solve_Status != 0)
-    return Fail(Draw_SolverFailed, "the solver failed (status " + std::to_string(p.Solve_Status) +
+  if (!cli::Usable(p.Solver, p.Stopped) || p.Solve_Status != 0)
+    return Fail(Draw_SolverFailed, "no usable result (status " + std::to_string(p.Solve_Status) +
                                        "): " + Cp1252_To_Utf8(p.Message));
   if (what == "3d") return Cli_Draw3D(m, out, scale);
   return Write_Picture(out, what, scale, m, e, st);

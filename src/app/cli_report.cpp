@@ -20,6 +20,7 @@
 #include <string>
 #include <vector>
 
+#include "cli_common.h"
 #include "analysis/Calculer_Efforts.h"
 #include "analysis/Proceed.h"
 #include "foundation/Language.h"
@@ -49,40 +50,6 @@ const char* Report_Usage =
     "\n"
     "Exit codes: 0 written, 1 wrong command line, 2 invalid input or an output\n"
     "that can't be written, 3 the solver failed.\n";
-
-std::string Program_Dir() {
-  std::string buf(4096, '\0');
-  const ssize_t n = ::readlink("/proc/self/exe", buf.data(), buf.size() - 1);
-  if (n <= 0) return ".";
-  buf.resize(n);
-  const auto p = buf.rfind('/');
-  return p == std::string::npos ? "." : buf.substr(0, p);
-}
-
-// A scratch folder for the problem file and the unscrambled language texts,
-// removed on the way out.
-struct Scratch {
-  std::string dir;
-  Scratch() {
-    const char* t = std::getenv("TMPDIR");
-    std::string tmpl = std::string(t && *t ? t : "/tmp") + "/zarvek-report-XXXXXX";
-    if (::mkdtemp(tmpl.data())) dir = tmpl;
-  }
-  ~Scratch() {
-    if (dir.empty()) return;
-    if (DIR* d = ::opendir(dir.c_str())) {
-      while (dirent* e = ::readdir(d)) {
-        const std::string n = e->d_name;
-        if (n != "." && n != "..") ::unlink((dir + "/" + n).c_str());
-      }
-      ::closedir(d);
-    }
-    ::rmdir(dir.c_str());
-  }
-  std::string File(const std::string& name) const { return dir + "/" + name; }
-  Scratch(const Scratch&) = delete;
-  Scratch& operator=(const Scratch&) = delete;
-};
 
 int Fail(int code, const std::string& text) {
   std::fprintf(stderr, "zarvek-cli: %s\n", text.c_str());
@@ -120,43 +87,29 @@ int Cli_Report(const std::vector<std::string>& args) {
     return Exit_Usage;
   }
 
-  Scratch scratch;
+  cli::Scratch_Dir scratch;
   if (scratch.dir.empty()) return Fail(Exit_Invalid, "no scratch folder");
-  const std::string langFile = Program_Dir() + "/ZARVEK_" + lang + ".MSG";
+  const std::string langFile = cli::Program_Dir() + "/ZARVEK_" + lang + ".MSG";
   if (!File_Exists(langFile)) return Fail(Exit_Invalid, "no language file " + langFile);
   if (!Load_LanguageFile(langFile, scratch.File("LANGUAGE.TMP")))
     return Fail(Exit_Invalid, "Error in reading " + langFile);
   Load_Messages();
 
-  struct stat st;
-  if (::stat(file.c_str(), &st) != 0 || !S_ISREG(st.st_mode)) return Fail(Exit_Invalid, "file not found: " + file);
+  std::string why;
+  if (!cli::Input_File_OK(file, why)) return Fail(Exit_Invalid, why);
   if (!Has_Extension(file, ".DAT") && !Has_Extension(file, ".DFT"))
     return Fail(Exit_Invalid, "a report is made of a project (.DAT): " + file);
 
   BeamModel m;
-  Init_Default(m, Program_Dir());
-  const FileReadResult fr = Read_FileDAT(m, file, Program_Dir());
-  if (!fr.ok) return Fail(Exit_Invalid, Out(fr.Error_Text));
-
-  // the checks and the solve of the Proceed button
-  const ValidationResult v = IsDataOK(m);
-  if (!v.ok) {
-    std::string text;
-    for (const auto& s : v.Shown) text += Out(s) + "\n";
-    if (!v.field.empty()) text += "field " + v.field + ": ";
-    return Fail(Exit_Invalid, text + Out(v.Error_Text));
-  }
   EffortsData e;
-  Calculer_Efforts(m, e);
-  InitProcessInfo(m);
-  if (Num_Of_Text(m.Txt_Mmax[0]) == 0) return Fail(Exit_Invalid, "Mmax = 0 ! - " + Out(Msg(3)));
+  if (cli::Prepare_Project(file, m, e, why) != cli::Exit_Done) return Fail(Exit_Invalid, Out(why));
   SolveControl ctl;
   // the iteration counter the main window shows during a solve
   ctl.Show_Progress = [&m](int iteration, double) { m.Lbl_Iteration = std::to_string(iteration); };
   const ProceedResult p = Proceed(m, scratch.File("PROBLEM.ZVK"), ctl);
-  if (p.Solve_Status != 0)
+  if (!cli::Usable(p.Solver, p.Stopped) || p.Solve_Status != 0)
     return Fail(Exit_SolverFailed,
-                "the solver failed (status " + std::to_string(p.Solve_Status) + "): " + Out(p.Message));
+                "no usable result (status " + std::to_string(p.Solve_Status) + "): " + Out(p.Message));
   m.Lbl_Comment = p.Message;
 
   // pictures and PDF need fonts and painting, not a screen

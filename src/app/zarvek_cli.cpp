@@ -30,6 +30,7 @@
 #include <string>
 #include <vector>
 
+#include "cli_common.h"
 #include "analysis/Calculer_Efforts.h"
 #include "analysis/Proceed.h"
 #include "foundation/Language.h"
@@ -46,6 +47,9 @@
 namespace {
 
 using namespace zarvek;
+using cli::Program_Dir;
+using cli::Scratch_Dir;
+using cli::Usable;
 
 enum Exit_Code { Exit_Solved = 0, Exit_Usage = 1, Exit_Invalid = 2, Exit_SolverFailed = 3 };
 
@@ -67,47 +71,6 @@ const char* Usage_Text =
     "\n"
     "Exit codes: 0 solved, 1 wrong command line, 2 invalid input,\n"
     "3 no usable result (solver failure, stop, iteration limit).\n";
-
-// Project and problem files are a few kilobytes; anything far larger is not
-// one and is not read into memory.
-constexpr off_t Max_Input_Bytes = 10 * 1024 * 1024;
-
-// ---- scratch folder ------------------------------------------------------
-
-struct Scratch_Dir {
-  std::string dir;
-  Scratch_Dir() {
-    const char* t = std::getenv("TMPDIR");
-    std::string tmpl = std::string(t && *t ? t : "/tmp") + "/zarvek-cli-XXXXXX";
-    if (::mkdtemp(tmpl.data())) dir = tmpl;
-  }
-  ~Scratch_Dir() {
-    if (dir.empty()) return;
-    // whatever the writers left there (a file written beside and renamed)
-    if (DIR* d = ::opendir(dir.c_str())) {
-      while (dirent* e = ::readdir(d)) {
-        const std::string n = e->d_name;
-        if (n != "." && n != "..") ::unlink((dir + "/" + n).c_str());
-      }
-      ::closedir(d);
-    }
-    ::rmdir(dir.c_str());
-  }
-  std::string File(const std::string& name) { return dir + "/" + name; }
-  Scratch_Dir(const Scratch_Dir&) = delete;
-  Scratch_Dir& operator=(const Scratch_Dir&) = delete;
-};
-
-// ---- where the program lies ------------------------------------------------
-
-std::string Program_Dir() {
-  std::string buf(4096, '\0');
-  const ssize_t n = ::readlink("/proc/self/exe", buf.data(), buf.size() - 1);
-  if (n <= 0) return ".";
-  buf.resize(n);
-  const auto p = buf.rfind('/');
-  return p == std::string::npos ? "." : buf.substr(0, p);
-}
 
 // ---- language ----------------------------------------------------------------
 
@@ -275,11 +238,6 @@ struct Solve_Report {
   bool solved = false;      // a solve ran: its figures are printed
 };
 
-// What makes a solve's result a usable critical moment.
-bool Usable(const SolverResult& s, bool stopped) {
-  return s.Solve_Status == 0 && s.Converged && !stopped && std::isfinite(s.mucr) && s.mucr > 0;
-}
-
 void Print_Json(const Solve_Report& r, const std::string& error = std::string()) {
   std::string s = "{";
   s += "\"file\":" + Json_String(r.file);
@@ -387,87 +345,16 @@ void Connect_Stop(SolveControl& ctl) {
 
 // ---- solve -----------------------------------------------------------------
 
-const char* Tab_Name(int tab) {
-  switch (tab) {
-    case 0: return "Beam";
-    case 1: return "Restraints";
-    case 2: return "Loads";
-    default: return "";
-  }
-}
-
-// The texts the solve turns into numbers without a check of their own: the
-// section of the route in use (the catalogue's slot is filled by the catalogue
-// in the window, the dimensions are checked as they are typed), E, nu, G and
-// L, and the moment ratio when it is the typed one. A project file hands
-// them over as they stand, so a blank or a word there would be a silent 0:
-// each is checked as the window checks a field when it is left.
-bool Numeric_Fields_OK(const BeamModel& m, ValidationResult& v) {
-  struct Field {
-    std::string name;
-    const std::string& text;
-  };
-  std::vector<Field> fields;
-  const int slot = Section_Slot(m);
-  if (slot == 2) {
-    for (const Field& f : std::initializer_list<Field>{{"Txt_h", m.Txt_h},     {"Txt_bf1", m.Txt_bf1},
-                                                       {"Txt_tf1", m.Txt_tf1}, {"Txt_r1", m.Txt_r1},
-                                                       {"Txt_bf2", m.Txt_bf2}, {"Txt_tf2", m.Txt_tf2},
-                                                       {"Txt_r2", m.Txt_r2},   {"Txt_tw", m.Txt_tw}})
-      fields.push_back(f);
-  } else {
-    const std::string k = "(" + std::to_string(slot) + ")";
-    fields.push_back({"Txt_Iz" + k, m.Txt_Iz[slot]});
-    fields.push_back({"Txt_It" + k, m.Txt_It[slot]});
-    fields.push_back({"Txt_Iw" + k, m.Txt_Iw[slot]});
-    fields.push_back({"Txt_Betaz" + k, m.Txt_Betaz[slot]});
-    if (slot == 1) fields.push_back({"Txt_zS(1)", m.Txt_zS[1]});
-  }
-  fields.push_back({"Txt_L", m.Txt_L});
-  fields.push_back({"Txt_E", m.Txt_E});
-  fields.push_back({"Txt_Nu", m.Txt_Nu});
-  fields.push_back({"Txt_G", m.Txt_G});
-  if (m.Chk_M && m.Opt_Psi) fields.push_back({"Txt_Psi", m.Txt_Psi});
-  for (const Field& f : fields)
-    if (!IsNumValid(f.text, f.name, 0, v)) return false;
-  return true;
-}
-
-std::string Validation_Text(const ValidationResult& v) {
-  std::string text;
-  for (const auto& s : v.Shown) text += s + "\n";
-  if (v.tab >= 0 || !v.field.empty()) {
-    text += "tab " + std::to_string(v.tab);
-    if (*Tab_Name(v.tab)) text += std::string(" (") + Tab_Name(v.tab) + ")";
-    if (!v.field.empty()) text += ", field " + v.field;
-    text += ": ";
-  }
-  return text + v.Error_Text;
-}
-
 int Solve_Project(const std::string& file, bool json, Scratch_Dir& scratch) {
   Solve_Report r;
   r.file = file;
   r.kind = "project";
   BeamModel m;
-  Init_Default(m, Program_Dir());
-  const FileReadResult fr = Read_FileDAT(m, file, Program_Dir());
-  if (!fr.ok) return Fail(Exit_Invalid, r, json, fr.Error_Text);
-  r.unit_M = Unit_ItemText(UnitFamily::M, m.Lst_Unit_M);
-
-  // a project that names no method would be "solved" by neither
-  if (!m.Opt_Eigen && !m.Opt_Dichotomie)
-    return Fail(Exit_Invalid, r, json,
-                "no solving method chosen: the project sets neither Opt_Eigen nor Opt_Dichotomie");
-  ValidationResult nv;
-  if (!Numeric_Fields_OK(m, nv)) return Fail(Exit_Invalid, r, json, Validation_Text(nv));
-  // the checks of the Proceed button
-  const ValidationResult v = IsDataOK(m);
-  if (!v.ok) return Fail(Exit_Invalid, r, json, Validation_Text(v));
   EffortsData e;
-  Calculer_Efforts(m, e);
-  InitProcessInfo(m);
-  if (Num_Of_Text(m.Txt_Mmax[0]) == 0) return Fail(Exit_Invalid, r, json, "Mmax = 0 ! - " + Msg(3));
+  std::string why;
+  const int ready = cli::Prepare_Project(file, m, e, why);
+  r.unit_M = Unit_ItemText(UnitFamily::M, m.Lst_Unit_M);
+  if (ready != Exit_Solved) return Fail(ready, r, json, why);
 
   if (scratch.dir.empty()) return Fail(Exit_SolverFailed, r, json, "no scratch folder for the problem file");
   const std::string problem = scratch.File("PROBLEM.ZVK");
@@ -518,15 +405,8 @@ int Command_Solve(const std::string& file, bool json) {
   Load_English(scratch);
   Solve_Report r;
   r.file = file;
-  struct stat st;
-  if (::stat(file.c_str(), &st) != 0) return Fail(Exit_Invalid, r, json, "file not found: " + file);
-  if (S_ISDIR(st.st_mode)) return Fail(Exit_Invalid, r, json, "a directory, not a file: " + file);
-  if (!S_ISREG(st.st_mode))
-    return Fail(Exit_Invalid, r, json, "not a regular file (a device, a pipe or a socket): " + file);
-  if (st.st_size > Max_Input_Bytes)
-    return Fail(Exit_Invalid, r, json,
-                "file too large (" + std::to_string((long long)st.st_size) +
-                    " bytes; a project or problem file is far below 10 MB): " + file);
+  std::string why;
+  if (!cli::Input_File_OK(file, why)) return Fail(Exit_Invalid, r, json, why);
   if (Has_Extension(file, ".ZVK")) return Solve_ProblemFile(file, json);
   if (Has_Extension(file, ".DAT") || Has_Extension(file, ".DFT")) return Solve_Project(file, json, scratch);
   return Fail(Exit_Invalid, r, json, "not a project (.DAT) nor a problem file (.ZVK): " + file);
