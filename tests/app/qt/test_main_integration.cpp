@@ -489,6 +489,14 @@ class Test_Main_Integration : public QObject {
         d.show();
         QTest::qWait(50);
         save(&d, "directdata");
+        if (auto* tabs = d.findChild<QTabWidget*>()) {
+          d.resize(1000, 600);
+          for (int t = 1; t < tabs->count(); ++t) {
+            tabs->setCurrentIndex(t);
+            QTest::qWait(30);
+            save(&d, QString("directdata_tab%1").arg(t));
+          }
+        }
       }
       {
         SplashScreen splash;
