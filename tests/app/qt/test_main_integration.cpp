@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
@@ -204,7 +205,7 @@ class Test_Main_Integration : public QObject {
     QCOMPARE(v2->currentText(), QString("350"));
     QCOMPARE(w_->Model().Lst_v2.index, -1);
     QCOMPARE(Num_Of_Text(w_->Model().Lst_v2.text), 350.0);
-    QCOMPARE(w_->Menu_Tools_Options->text().contains("Options"), true);
+    QCOMPARE(w_->Menu_File->title(), QString("&Fichier"));
 
     // and back, so that the other cases start in English
     When_Modal<Frm_Options>([](Frm_Options* o) {
@@ -304,6 +305,36 @@ class Test_Main_Integration : public QObject {
     transfer("IPE", "300");
     QCOMPARE(E("Lbl_SelectedProfile")->text().simplified(), QString("IPE 300"));
     QCOMPARE(Num_Of_Text(E("Txt_Iz(1)")->text().toStdString()), 603.78);
+  }
+
+  // ---- the other companions ---------------------------------------------
+
+  // More properties of the IPE 300 of the dimensions route: its area by hand,
+  // two flanges 150 x 10.7, the web (300 - 2 x 10.7) x 7.1 and four root
+  // fillets (1 - pi/4) 15^2: 53.81 cm2. About opens and closes. The
+  // calculator is a window of its own, and only one.
+  void companionWindowsOpen() {
+    const double area = 2 * 15 * 1.07 + (30 - 2 * 1.07) * 0.71 + 4 * (1 - pi / 4) * 1.5 * 1.5;
+    double shown = 0;
+    bool seen = false;
+    When_Modal<Frm_Properties>([&shown](Frm_Properties* p) {
+      shown = Num_Of_Text(p->Lbl_Value[0]->text().toStdString());
+      p->Cmd_OK->click();
+    }, &seen);
+    w_->Cmd_MoreProperties->click();
+    QVERIFY(seen);
+    QVERIFY2(std::fabs(shown / area - 1) < 1e-4, qPrintable(QString::number(shown)));
+
+    seen = false;
+    When_Modal<Frm_About>([](Frm_About* a) { a->accept(); }, &seen);
+    w_->Menu_Quid_About->trigger();
+    QVERIFY(seen);
+
+    w_->Menu_Tools_Calculator->trigger();
+    w_->Menu_Tools_Calculator->trigger();
+    const auto calcs = w_->findChildren<MiniCalculette*>();
+    QCOMPARE(calcs.size(), qsizetype(1));
+    QVERIFY(calcs[0]->isWindow() && calcs[0]->isVisible());
   }
 
   // ---- external problem file --------------------------------------------
