@@ -377,6 +377,17 @@ class Test_Main_Integration : public QObject {
     QVERIFY2(std::fabs(mucr / mucrBatch - 1) < 1e-4,
              qPrintable(E("Txt_mucr")->text() + " <> " + QString::fromStdString(batch.Clipboard_Text)));
     QVERIFY2(std::fabs(mucr / Mucr_Example() - 1) < 5e-3, qPrintable(E("Txt_mucr")->text()));
+    // the mode table of the problem file opens; the 3D view stays shut
+    bool table = false;
+    seen = false;
+    When_Modal<QDialog>([&table](QDialog* d) {
+      table = qobject_cast<Frm_EigenVector*>(d) != nullptr;
+      d->reject();
+    }, &seen);
+    w_->Cmd_EditEigen->click();
+    QVERIFY(seen && table);
+    w_->Cmd_Draw3D->click();
+    QVERIFY(!QApplication::activeModalWidget());
 
     w_->Menu_Tools_External->trigger();
     QVERIFY(!w_->ExternalMode());
