@@ -231,8 +231,13 @@ void Frm_Zarvek::Place_HelpButtons() {
     Cmd_Help[i] = b;
     if (auto* g = qobject_cast<QGridLayout*>(f->layout()))
       g->addWidget(b, g->rowCount(), 0, 1, -1, Qt::AlignRight);
-    else if (auto* v = qobject_cast<QBoxLayout*>(f->layout()))
-      v->addWidget(b, 0, Qt::AlignRight);
+    else if (auto* v = qobject_cast<QBoxLayout*>(f->layout())) {
+      // a column of buttons at the end of a row takes the help on top
+      QLayoutItem* last = v->count() ? v->itemAt(v->count() - 1) : nullptr;
+      auto* column = last ? qobject_cast<QVBoxLayout*>(last->layout()) : nullptr;
+      if (qobject_cast<QHBoxLayout*>(v) && column) column->insertWidget(0, b);
+      else v->addWidget(b, 0, Qt::AlignRight);
+    }
   }
 }
 
@@ -670,7 +675,11 @@ QWidget* Frm_Zarvek::Build_Page_Loads() {
   Cmd_RefreshForces = new QPushButton(loads);
   Cmd_RefreshForces->setObjectName("Cmd_RefreshForces");
   connect(Cmd_RefreshForces, &QPushButton::clicked, this, [this] { Tracer_Loads(); });
-  gl->addWidget(Cmd_RefreshForces, 0, Qt::AlignBottom);
+  // the buttons in a column beside the picture: help on top, refresh below
+  auto* side = new QVBoxLayout;
+  side->addStretch(1);
+  side->addWidget(Cmd_RefreshForces);
+  gl->addLayout(side);
 
   // the forces frame, shared with the results page
   QGroupBox* home2 = Frame(10);

@@ -8,6 +8,7 @@
 #include <QGroupBox>
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
@@ -34,6 +35,26 @@ namespace {
 constexpr Colour Plot_Back = 0xE0E0E0;
 // The least height of the window, twips.
 constexpr double Min_HeightTwips = 5460;
+
+// A beam seen in plan with its cross-sections, one in `every`: the picture
+// of the drawing options.
+QIcon Sections_Icon(int every) {
+  const int w = 72, h = 18;
+  QPixmap pm(w, h);
+  pm.fill(Qt::transparent);
+  QPainter p(&pm);
+  p.setPen(QPen(QColor(0x80, 0x80, 0x80), 1));
+  p.setBrush(QColor(0xD8, 0xE0, 0xF0));
+  p.drawRect(2, 5, w - 5, h - 11);
+  p.setPen(QPen(Qt::black, 1));
+  const int stations = 21;
+  for (int i = 0; i < stations; i += every) {
+    const int x = 2 + (w - 5) * i / (stations - 1);
+    p.drawLine(x, 2, x, h - 3);
+  }
+  if ((stations - 1) % every != 0) p.drawLine(w - 3, 2, w - 3, h - 3);
+  return QIcon(pm);
+}
 
 // A caption of the loaded language, or the English one while none is loaded.
 QString Caption(int section, int line, const char* fallback) {
@@ -126,7 +147,7 @@ void Frm_EigenVector3D::Build_Controls() {
       {"X", "Scroll_RotGlob(1)", "Cmd_RotGlob0(1)", "0", "Rotation about the horizontal axis X"},
       {"Y", "Scroll_RotGlob(2)", "Cmd_RotGlob0(2)", "0", "Rotation about the line of sight Y"},
       {"Z", "Scroll_RotGlob(3)", "Cmd_RotGlob0(3)", "0", "Rotation about the upright axis Z"},
-      {"Axis", "Scroll_RotLocX", "Cmd_RotLocX0", "0", "Rotation about the beam's own axis"},
+      {"x", "Scroll_RotLocX", "Cmd_RotLocX0", "0", "Rotation about the beam's own axis"},
       {"\u2194", "Scroll_X", "Cmd_ReCenter", "0", "Move across; 0: back to the centre"},
       {"\u2195", "Scroll_Z", nullptr, nullptr, "Move up and down"},
   };
@@ -167,11 +188,19 @@ void Frm_EigenVector3D::Build_Controls() {
   auto* gap = new QWidget(effects_);
   gap->setFixedHeight(6);
   grid->addWidget(gap, r++, 0);
-  optAll_ = new QRadioButton("All sections", effects_);
+  // The two drawings are told by pictures, which need no translation: the
+  // beam in plan with every cross-section, or with a tenth of them.
+  optAll_ = new QRadioButton(effects_);
   optAll_->setObjectName("Opt_DrawAllSections");
+  optAll_->setIcon(Sections_Icon(1));
+  optAll_->setIconSize(QSize(72, 18));
+  optAll_->setToolTip("All cross-sections");
   optAll_->setChecked(true);
-  optLight_ = new QRadioButton("Light drawing", effects_);
+  optLight_ = new QRadioButton(effects_);
   optLight_->setObjectName("Opt_DrawLight");
+  optLight_->setIcon(Sections_Icon(10));
+  optLight_->setIconSize(QSize(72, 18));
+  optLight_->setToolTip("A tenth of the cross-sections: a lighter drawing");
   grid->addWidget(optAll_, r++, 0, 1, 3);
   grid->addWidget(optLight_, r++, 0, 1, 3);
   auto option = [this] {
