@@ -232,6 +232,9 @@ std::string Format_Auto(double value) {
 namespace {
 std::string General_Text(double v, int sig) {
   if (v == 0) return "0";
+  // no digits to lay out: the names Format_Pattern gives them
+  if (std::isnan(v)) return "NaN";
+  if (std::isinf(v)) return v < 0 ? "-Inf" : "Inf";
   char buf[64];
   // shortest text with at most `sig` significant digits
   auto r = std::to_chars(buf, buf + sizeof buf, v, std::chars_format::scientific, sig - 1);

@@ -68,7 +68,9 @@ struct ReadFailure {};
 
 // Locale-free number conversion of the leading part of a text: blanks are
 // skipped, then sign, digits, one point and an exponent are taken as far as
-// they go; nothing readable gives 0.
+// they go; nothing readable gives 0. A number beyond the range of a double
+// (a run of hundreds of digits, an exponent of 400) is an overflow, which
+// ends the reading as a damaged file.
 double Val(std::string_view s) {
   std::string t;
   for (char c : s)
@@ -96,7 +98,9 @@ double Val(std::string_view s) {
   }
   std::string num = t.substr(0, end);
   if (!num.empty() && num[0] == '+') num.erase(0, 1);
-  return std::strtod(num.c_str(), nullptr);
+  const double v = std::strtod(num.c_str(), nullptr);
+  if (!std::isfinite(v)) throw ReadFailure{};
+  return v;
 }
 
 class Reader {

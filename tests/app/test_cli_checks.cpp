@@ -110,6 +110,24 @@ TEST(CliProject, ABlankOrAWordInANumericFieldIsInvalidInput) {
     }
 }
 
+// Found by fuzzing: a catalogue dimension of four hundred digits overflowed
+// to infinity on reading and reached the writer of number texts.
+TEST(CliProject, ANumberBeyondTheRangeOfADoubleIsADamagedFile) {
+  TempDir files;
+  const std::string file = Save(files, "HUGE.DAT");
+  std::string text = Read_All(file);
+  const auto p = text.find("IPE 300\r\n");
+  ASSERT_NE(p, std::string::npos);
+  // the sixth line after the profile's name: Cat_h
+  size_t at = p;
+  for (int k = 0; k < 6; ++k) at = text.find("\r\n", at) + 2;
+  text.replace(at, text.find("\r\n", at) - at, std::string(400, '4'));
+  Write_All(file, text);
+  RunResult r = Cli({"solve", file});
+  EXPECT_EQ(r.exit_code, 2) << r.out;
+  EXPECT_TRUE(Has(r.err, "damaged")) << r.err;
+}
+
 TEST(CliProject, NeitherMethodIsInvalidInput) {
   TempDir files;
   RunResult r = Cli({"solve", Save(files, "NONE.DAT", [](auto& m) { m.Opt_Eigen = m.Opt_Dichotomie = false; }),

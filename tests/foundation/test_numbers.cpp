@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <sys/stat.h>
@@ -33,6 +34,10 @@ TEST(NumberText, ScientificTiesRoundFromTheExactValue) {
     EXPECT_EQ(Format_Fixed(v, 12, 2), std::string(12 - std::string(text).size(), ' ') + text) << v;
   }
   EXPECT_EQ(Format_Pattern(0.0625, "0.0#E-00"), "6.25E-02");
+  // no digits at all: named, as the patterns name them
+  EXPECT_EQ(Number_To_Text(HUGE_VAL), "Inf");
+  EXPECT_EQ(Number_To_Text(-HUGE_VAL), "-Inf");
+  EXPECT_EQ(Number_To_Text(std::nan("")), "NaN");
   EXPECT_EQ(Format_Pattern(0.03125, "0.0#E-00"), "3.13E-02");  // 3.125: an exact tie
 }
 
