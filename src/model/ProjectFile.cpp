@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <limits>
 #include <sstream>
 
 #include "foundation/Language.h"
@@ -101,6 +102,14 @@ double Val(std::string_view s) {
   const double v = std::strtod(num.c_str(), nullptr);
   if (!std::isfinite(v)) throw ReadFailure{};
   return v;
+}
+
+// A number of a single-precision member: one beyond its range would come back
+// as an infinity, which no file of the program holds, so it marks a damaged
+// file as an overflow of a double does.
+float Single(double v) {
+  if (!(std::fabs(v) <= std::numeric_limits<float>::max())) throw ReadFailure{};
+  return (float)v;
 }
 
 class Reader {
@@ -382,7 +391,7 @@ void Read_Sequence(Reader& r, BeamModel& m, const std::string& startDir) {
   m.Txt_xq22 = N();
   m.Txt_zq2 = N();
 
-  m.Mcr_Factor = (float)r.Number();
+  m.Mcr_Factor = Single(r.Number());
   m.Lbl_Iteration = N();
   m.Lbl_CurrentValue = N();
   m.Lbl_Comment = N();
@@ -396,7 +405,7 @@ void Read_Sequence(Reader& r, BeamModel& m, const std::string& startDir) {
   m.Chk_t = r.Boolean();
   m.Chk_vp = r.Boolean();
   m.Chk_tp = r.Boolean();
-  m.Mode_Max = (float)r.Number();
+  m.Mode_Max = Single(r.Number());
 
   if (m.Mode_Max != 0) {
     // the mode lines count by the element count of this same file
@@ -405,8 +414,8 @@ void Read_Sequence(Reader& r, BeamModel& m, const std::string& startDir) {
     m.Restraint_Level.assign((size_t)(nb + 2), 0.0f);
     for (int i = 1; i <= nb + 1; ++i) {
       (void)r.Number();  // the node number: lines count by their order
-      for (int k = 1; k <= 4; ++k) m.Mode_Vector[(size_t)(4 * (i - 1) + k)] = (float)r.Number();
-      m.Restraint_Level[(size_t)i] = (float)r.Number();
+      for (int k = 1; k <= 4; ++k) m.Mode_Vector[(size_t)(4 * (i - 1) + k)] = Single(r.Number());
+      m.Restraint_Level[(size_t)i] = Single(r.Number());
     }
   }
 }

@@ -187,6 +187,7 @@ TEST_F(ProjectFile, ForeignAndDamagedFiles) {
       {File("restraint state out of range"), with_line(59, " 3 ")},
       {File("a word where a number stands"), with_line(4, " two ")},
       {File("a number too large"), with_line(0, " 1E+400 ")},
+      {File("a critical factor beyond single precision"), with_line(134, "          1E+39")},
       {File("mode line too short"), with_line(200, " 52  0.5")},
       {File("mode number unreadable"), with_line(160, " 12  0.5  0.25  x  1  2")}};
   for (const auto& [name, content] : files) {
