@@ -449,7 +449,7 @@ class Test_Main_Integration : public QObject {
       bool opened = false;
       When_Modal<Frm_Edit>([&text](Frm_Edit* e) {
         // the window comes up first, the text is built once it is painted
-        QTest::qWaitFor([e] { return !e->Needs_Rebuild(); }, 5000);
+        (void)QTest::qWaitFor([e] { return !e->Needs_Rebuild(); }, 5000);
         text = e->RichTextBox()->toPlainText();
         e->reject();
       }, &opened);
