@@ -158,7 +158,7 @@ std::string Format_Pattern(double value, std::string_view pattern) {
       m = Fixed_Digits(0, p.maxDec);
     }
     m = Strip_Optional(m, p.minDec);
-    if (!m.empty() && m.back() == '.' && p.minDec == 0) { /* keep as VB does */ }
+    // a mantissa left with a bare point ("1.") keeps it, as the pattern reads
     std::string es = std::to_string(std::abs(e));
     while ((int)es.size() < p.expDigits) es.insert(es.begin(), '0');
     std::string sign = e < 0 ? "-" : (p.expAlwaysSign ? "+" : "");
