@@ -92,7 +92,7 @@ void Number_Rows(Grid_Access& g);
 
 // Clipboard text cut into rows of cells. Line ends may be CR LF (what this
 // grid writes), LF or CR (what spreadsheets on other systems write); one line
-// end after the last row is part of the last row, not an empty row.
+// end after the last row belongs to the last row, not an empty row.
 // `Rectangular` is false when the rows don't all have the same number of
 // cells.
 struct Clipboard_Block {

@@ -118,7 +118,7 @@ Frm_EigenVector::Frm_EigenVector(const BeamModel& m, bool ExternalMode, QWidget*
   PrepareAndFill_GrdEigen();
   Menu_Edit_Copy_->setEnabled(false);
 
-  // as wide as the table, as high as a good part of the screen
+  // as wide as the table, as high as most of the screen
   int w = Grd_Eigen_->frameWidth() * 2 + 40;
   for (int c = 0; c < Grd_Eigen_->columnCount(); ++c)
     if (!Grd_Eigen_->isColumnHidden(c)) w += Grd_Eigen_->columnWidth(c);

@@ -30,7 +30,7 @@ Frm_HelpBrowser* Show_Help(int context, QWidget* parent = nullptr);
 // The browser as it stands (nullptr before the first Show_Help).
 Frm_HelpBrowser* Help_Browser();
 
-// The text part of the browser: help pages, with the pictures of
+// The text pane of the browser: help pages, with the pictures of
 // HelpPictures behind the addresses "picture:1" to "picture:6".
 class Help_TextBrowser : public QTextBrowser {
   Q_OBJECT
