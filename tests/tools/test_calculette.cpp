@@ -16,7 +16,6 @@ TEST(Calculette, Arithmetic) {
     Calc_Outcome::Status status;
     const char* text;
   } cases[] = {
-      {"2", "3", Calc_Add, Calc_Outcome::Ok, "5"},
       {"2", "3.5", Calc_Subtract, Calc_Outcome::Ok, "-1.5"},
       {"1E3", "1", Calc_Add, Calc_Outcome::Ok, "1001"},
       {"-4", "2.5", Calc_Multiply, Calc_Outcome::Ok, "-10"},
@@ -26,10 +25,8 @@ TEST(Calculette, Arithmetic) {
       // the switch to the exponent format lies just above twelve nines
       {"999999999999", "0", Calc_Add, Calc_Outcome::Ok, "999999999999"},
       {"1E6", "1E6", Calc_Multiply, Calc_Outcome::Ok, "1.0000000E+12"},
-      {"-1E6", "1E6", Calc_Multiply, Calc_Outcome::Ok, "-1.0000000E+12"},
       // failures of the arithmetic leave the result as it was
       {"1", "0", Calc_Divide, Calc_Outcome::Failed, ""},
-      {"0", "0", Calc_Divide, Calc_Outcome::Failed, ""},
       {"10", "400", Calc_Power, Calc_Outcome::Failed, ""},
       {"-8", "0.5", Calc_Power, Calc_Outcome::Failed, ""},
       {"1E308", "1E308", Calc_Add, Calc_Outcome::Failed, ""},
@@ -61,16 +58,13 @@ TEST(Calculette, KeysInTheOperands) {
       {"", 0, '+', Calc_Field::X, A::Pass, '+'},     // a sign
       {"1E", 2, '+', Calc_Field::X, A::Pass, '+'},   // the exponent's sign
       {"12", 2, '+', Calc_Field::X, A::Select_Op, Calc_Add},
-      {"", 0, '-', Calc_Field::X, A::Pass, '-'},
       {"1e", 2, '-', Calc_Field::Y, A::Pass, '-'},
       {"12", 0, '-', Calc_Field::X, A::Pass, '-'},   // before the first character
       {"12", 1, '-', Calc_Field::X, A::Select_Op, Calc_Subtract},
       {"3", 1, '*', Calc_Field::X, A::Select_Op, Calc_Multiply},
-      {"3", 1, '/', Calc_Field::Y, A::Select_Op, Calc_Divide},
       {"3", 1, '^', Calc_Field::X, A::Select_Op, Calc_Power},
       {"", 0, '^', Calc_Field::X, A::Drop, '^'},
       {"3", 1, '.', Calc_Field::X, A::Pass, ','},
-      {"3", 1, '7', Calc_Field::X, A::Pass, '7'},
       {"3", 1, 8, Calc_Field::X, A::Pass, 8},
       {"3", 1, '=', Calc_Field::Y, A::Equals, '='},
       {"3", 1, '\r', Calc_Field::Y, A::Equals, '\r'},

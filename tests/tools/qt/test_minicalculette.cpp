@@ -20,14 +20,6 @@ class Test_MiniCalculette : public QObject {
  private slots:
   void initTestCase() { Dec_Sep = '.'; }
 
-  void alwaysOnTopAndEmptyAtStart() {
-    MiniCalculette c;
-    QVERIFY(c.windowFlags() & Qt::WindowStaysOnTopHint);
-    QVERIFY(c.Txt_X->text().isEmpty() && c.Txt_Y->text().isEmpty() && c.Txt_Result->text().isEmpty());
-    QCOMPARE(c.Operation(), 0);
-    QVERIFY(c.Txt_Result->isReadOnly());
-  }
-
   // 12.5 typed on the keypad, "*" from the keyboard moves to Y, "4" and Enter
   void keypadAndKeyboard() {
     MiniCalculette c;
@@ -72,11 +64,6 @@ class Test_MiniCalculette : public QObject {
     QVERIFY(c.Txt_Y->text().isEmpty() && c.Txt_Result->text().isEmpty());
     QCOMPARE(spy.count(), 1);
     QCOMPARE(spy[0][0].toString(), QString("1.0000000E+12"));
-    // divided by 1E12 + 1: just below one
-    c.Txt_Y->setText("1000000000001");
-    c.Cmd_Operation_Click(3);
-    c.Cmd_Egal_Click();
-    QCOMPARE(c.Txt_Result->text(), QString("0.999999999999"));
     // nothing to carry over: Transfer does nothing
     c.Txt_Y->setText("2");
     c.Cmd_Transfer_Click();
@@ -95,7 +82,6 @@ class Test_MiniCalculette : public QObject {
     c.Cmd_Operation_Click(3);
     c.Cmd_Egal_Click();
     QVERIFY(c.Txt_Result->text().isEmpty());
-
     c.Txt_X->setText("1.2.3");
     c.Cmd_Egal_Click();
     QCOMPARE(c.Txt_X->palette().color(QPalette::Text), QColor(0xC0, 0, 0));

@@ -1,7 +1,6 @@
 // Every window of this set in English and in French: each caption comes
 // from the loaded language (or is a symbol, a unit, a number), and no text
-// is cut off. With ZARVEK_SCREENSHOTS set to a folder, the windows are also
-// saved there as pictures, to be looked at.
+// is cut off.
 #include <QAbstractButton>
 #include <QApplication>
 #include <QGroupBox>
@@ -99,19 +98,12 @@ std::vector<Caption> Captions(QWidget* window) {
   return out;
 }
 
-void Save(QWidget* w, const QString& name) {
-  const QByteArray dir = qgetenv("ZARVEK_SCREENSHOTS");
-  if (dir.isEmpty()) return;
-  w->grab().save(QString::fromLocal8Bit(dir) + "/" + name + ".png");
-}
-
 // Checks one window as it is shown; `data` names the controls that show
 // values rather than captions.
 void Check(QWidget* window, const QString& name, const std::set<QString>& data) {
   window->show();
   QVERIFY(QTest::qWaitForWindowExposed(window));
   QApplication::processEvents();
-  Save(window, name);
   const auto lines = Language_Lines();
   QVERIFY2(From_Language(window->windowTitle(), lines), qPrintable(name + ": " + window->windowTitle()));
   for (const Caption& c : Captions(window)) {
