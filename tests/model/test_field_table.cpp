@@ -30,11 +30,9 @@ TEST(FieldTable, NamesAreUniqueAndReachTheirMembers) {
 
   // slots and pairs are where a misplaced index would hide
   const Expect cases[] = {
-      {"Txt_Iz(1)", &m.Txt_Iz[1]},       {"Txt_Iz(3)", &m.Txt_Iz[3]},
-      {"Txt_Iw(2)", &m.Txt_Iw[2]},       {"Txt_Betaz(3)", &m.Txt_Betaz[3]},
-      {"Txt_zS(2)", &m.Txt_zS[2]},       {"Txt_Mmax(1)", &m.Txt_Mmax[1]},
-      {"Lbl_xfMmax(0)", &m.Lbl_xfMmax[0]}, {"Txt_q12", &m.Txt_q12},
-      {"Txt_xq21", &m.Txt_xq21},         {"Txt_zint_p2", &m.Txt_zint_p2},
+      {"Txt_Iz(1)", &m.Txt_Iz[1]},   {"Txt_Iw(2)", &m.Txt_Iw[2]},         {"Txt_Betaz(3)", &m.Txt_Betaz[3]},
+      {"Txt_zS(2)", &m.Txt_zS[2]},   {"Lbl_xfMmax(0)", &m.Lbl_xfMmax[0]}, {"Txt_q12", &m.Txt_q12},
+      {"Txt_xq21", &m.Txt_xq21},     {"Txt_zint_p2", &m.Txt_zint_p2},
   };
   for (const Expect& c : cases) {
     const FieldDef* f = Find_Field(c.name);

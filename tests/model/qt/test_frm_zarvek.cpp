@@ -5,9 +5,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QElapsedTimer>
 #include <QFile>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -123,9 +121,7 @@ class Test_Frm_Zarvek : public QObject {
     // mucr is Mcr over the applied moment, 100 kN.m
     QVERIFY(std::fabs(Num_Of_Text(E("Txt_mucr")->text().toStdString()) * 100 / expected - 1) < 2e-3);
     QVERIFY(Shown_Contains(Msg(4)));
-    QVERIFY(!w_->Cmd_StopProcess->isEnabled());
     QVERIFY(w_->Model().Mode_Max > 0);
-    QCOMPARE(F<QLabel>("Lbl_Comment")->text().toStdString(), Cp1252_To_Utf8(Msg(6)));
   }
 
   // F5 from the first page: the results page comes to the front, solved.
@@ -136,44 +132,35 @@ class Test_Frm_Zarvek : public QObject {
     QVERIFY(E("Txt_mucr")->text() != "0");
   }
 
-  // The stop button is live exactly during the solve. Pressed at the third
-  // trial factor the bracket is [0.25, 0.5] (the beam buckles at 0.483), and
-  // its stable end is the estimate shown.
+  // The stop button is live exactly during the solve; its click and Esc both
+  // stop, and typing elsewhere waits. Stopped at the third trial factor the
+  // bracket is [0.25, 0.5] (the beam buckles at 0.483), and its stable end
+  // is the estimate shown.
   void stopDuringSolveEndsWithTheEstimate() {
-    bool enabledDuring = false;
-    QTimer clicker;
-    connect(&clicker, &QTimer::timeout, [&] {
-      if (F<QLabel>("Lbl_Iteration")->text() == "3" && w_->Is_Solving()) {
-        enabledDuring = w_->Cmd_StopProcess->isEnabled() && w_->Is_Solving();
-        QTest::mouseClick(w_->Cmd_StopProcess, Qt::LeftButton);
-      }
-    });
-    clicker.start(0);
-    QVERIFY(!w_->Cmd_StopProcess->isEnabled());
-    w_->Cmd_Proceed_Click();
-    clicker.stop();
-    QVERIFY(enabledDuring);
-    QVERIFY(!w_->Cmd_StopProcess->isEnabled());
-    QVERIFY(Shown_Contains(Msg(2)));
-    QCOMPARE(Num_Of_Text(E("Txt_mucr")->text().toStdString()), 0.25);
-  }
-
-  // Esc during the solve stops it too; a click elsewhere does nothing then.
-  void escapeStopsAndOtherInputWaits() {
-    QTimer presser;
-    QString lengthDuring;
-    connect(&presser, &QTimer::timeout, [&] {
-      if (F<QLabel>("Lbl_Iteration")->text() == "3" && w_->Is_Solving()) {
+    for (bool escape : {false, true}) {
+      Type("Txt_L", "10");
+      bool enabledDuring = false;
+      QString lengthDuring;
+      QTimer clicker;
+      connect(&clicker, &QTimer::timeout, [&] {
+        if (F<QLabel>("Lbl_Iteration")->text() != "3" || !w_->Is_Solving()) return;
+        enabledDuring = w_->Cmd_StopProcess->isEnabled();
         QTest::keyClicks(E("Txt_L"), "9");
         lengthDuring = E("Txt_L")->text();
-        QTest::keyClick(w_->Cmd_StopProcess, Qt::Key_Escape);
-      }
-    });
-    presser.start(0);
-    w_->Cmd_Proceed_Click();
-    presser.stop();
-    QCOMPARE(lengthDuring, QString("10"));
-    QVERIFY(Shown_Contains(Msg(2)));
+        if (escape) QTest::keyClick(w_->Cmd_StopProcess, Qt::Key_Escape);
+        else QTest::mouseClick(w_->Cmd_StopProcess, Qt::LeftButton);
+      });
+      clicker.start(0);
+      QVERIFY(!w_->Cmd_StopProcess->isEnabled());
+      shown_.clear();
+      w_->Cmd_Proceed_Click();
+      clicker.stop();
+      QVERIFY(enabledDuring);
+      QCOMPARE(lengthDuring, QString("10"));
+      QVERIFY(!w_->Cmd_StopProcess->isEnabled());
+      QVERIFY(Shown_Contains(Msg(2)));
+      QCOMPARE(Num_Of_Text(E("Txt_mucr")->text().toStdString()), 0.25);
+    }
   }
 
   // No moment at all: the solve is refused with the zero-moment message.
@@ -321,17 +308,10 @@ class Test_Frm_Zarvek : public QObject {
     w_->Menu_File_SaveAs();
     QVERIFY(QFile::exists(copy + ".DAT"));
     QVERIFY(w_->windowTitle().endsWith("copy.DAT"));
-    BeamModel a, b;
-    QVERIFY(Read_FileDAT(a, example.toStdString(), s_.Dir_Data).ok);
+    BeamModel b;
     QVERIFY(Read_FileDAT(b, (copy + ".DAT").toStdString(), s_.Dir_Data).ok);
-    // the record of the window is what was saved; the data are the file's
-    QCOMPARE(b.Txt_L, a.Txt_L);
-    QCOMPARE(b.Lbl_SelectedProfile, a.Lbl_SelectedProfile);
-    QCOMPARE(b.Txt_M1, a.Txt_M1);
-    const QStringList la = QString::fromStdString(Project_Text(w_->Model())).split("\r\n");
-    const QStringList lb = QString::fromStdString(Project_Text(b)).split("\r\n");
-    QCOMPARE(lb.size(), la.size());
-    for (int i = 0; i < la.size(); ++i) QCOMPARE(QString("%1: %2").arg(i + 1).arg(lb[i]), QString("%1: %2").arg(i + 1).arg(la[i]));
+    QCOMPARE(QString::fromStdString(Project_Text(b)), QString::fromStdString(Project_Text(w_->Model())));
+    QCOMPARE(b.Lbl_SelectedProfile, w_->Model().Lbl_SelectedProfile);
   }
 
   // An invalid project can't be saved by any command; nothing is written.
@@ -361,36 +341,23 @@ class Test_Frm_Zarvek : public QObject {
 
   // ---- frame ---------------------------------------------------------------------
 
-  void fullScreenFollowsTheWindowState() {
-    w_->showMaximized();
-    QTRY_VERIFY(w_->Menu_Tools_FullScreen->isChecked());
-    w_->showNormal();
-    QTRY_VERIFY(!w_->Menu_Tools_FullScreen->isChecked());
-  }
-
   // Commands of windows not hooked in are disabled, never a dead click; a
-  // hooked one is enabled.
+  // hooked one is enabled, and the 3D view and the report need a result.
   void commandsFollowTheirWindows() {
     QVERIFY(!w_->Cmd_Draw3D->isEnabled());
     QVERIFY(!w_->Menu_Tools_Options->isEnabled());
     int opened = 0;
     w_->Hooks.Draw3D = [&] { ++opened; };
+    w_->Hooks.Results = [] {};
     w_->Update_Commands();
     QVERIFY(w_->Cmd_Draw3D->isEnabled());
+    QVERIFY(!w_->Menu_Edit_Results->isEnabled());
     w_->Cmd_Draw3D->click();  // no mode yet: nothing opens
     QCOMPARE(opened, 0);
     w_->Cmd_Proceed_Click();
+    QVERIFY(w_->Menu_Edit_Results->isEnabled());
     w_->Cmd_Draw3D->click();
     QCOMPARE(opened, 1);
-  }
-
-  // The report needs a result: Menu_Edit_Results follows mucr.
-  void resultsReportNeedsAResult() {
-    w_->Hooks.Results = [] {};
-    w_->Update_Commands();
-    QVERIFY(!w_->Menu_Edit_Results->isEnabled());
-    w_->Cmd_Proceed_Click();
-    QVERIFY(w_->Menu_Edit_Results->isEnabled());
     Select_Page(0);
     Type("Txt_L", "9");
     QVERIFY(!w_->Menu_Edit_Results->isEnabled());
@@ -413,39 +380,6 @@ class Test_Frm_Zarvek : public QObject {
     const double Iz = Num_Of_Text(E("Txt_Iz(2)")->text().toStdString());
     const double bare = 2 * 1.07 * 15 * 15 * 15 / 12 + (40 - 2 * 1.07) * 0.71 * 0.71 * 0.71 / 12;
     QVERIFY2(Iz >= bare && Iz < bare * 1.005, qPrintable(E("Txt_Iz(2)")->text()));
-  }
-
-  // A change of language: captions follow, the restraint lists change their
-  // words and keep their state.
-  void languageChangeKeepsTheRestraints() {
-    Select_Page(1);
-    auto* vp1 = F<QComboBox>("Lst_vp1");
-    vp1->setCurrentIndex(2);
-    emit vp1->activated(2);
-    QTest::keyClicks(vp1->lineEdit(), "5");
-    QVERIFY(Load_LanguageFile(std::string(ZARVEK_BIN_DIR) + "/ZARVEK_FR.MSG", s_.File_Tmp));
-    Load_Messages();
-    w_->Translate_Form();
-    const QString fixedFr = QString::fromStdString(Cp1252_To_Utf8(Msg(20)));
-    QVERIFY(fixedFr != "Fixed");
-    QCOMPARE(F<QComboBox>("Lst_v1")->currentText(), fixedFr);
-    QCOMPARE(w_->Model().Lst_v1.index, 1);
-    QCOMPARE(vp1->currentText(), QString("5"));
-    QCOMPARE(w_->Model().Lst_vp1.index, -1);
-    QCOMPARE(w_->Tab_Zarvek->tabText(1).toStdString(), Cp1252_To_Utf8(Section_Line(1, 20)));
-    QVERIFY(w_->windowTitle().endsWith(QString::fromStdString(Cp1252_To_Utf8(w_->File_Current()))));
-    QVERIFY(Load_LanguageFile(std::string(ZARVEK_BIN_DIR) + "/ZARVEK_UK.MSG", s_.File_Tmp));
-    Load_Messages();
-  }
-
-  // The forces frame goes with the page that shows it.
-  void forcesFrameMovesBetweenPages() {
-    Select_Page(2);
-    QVERIFY(w_->Img_Forces->isVisible());
-    QVERIFY(w_->Cdr_Trad[10]->isAncestorOf(w_->Img_Forces));
-    Select_Page(3);
-    QVERIFY(w_->Img_Forces->isVisible());
-    QVERIFY(w_->Cdr_Trad[18]->isAncestorOf(w_->Img_Forces));
   }
 
  private:
