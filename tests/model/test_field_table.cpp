@@ -60,7 +60,9 @@ TEST(FieldTable, EveryValidationFailureNamesAFieldOfItsPage) {
       m.Opt_Catalogue = route == 1;
       m.Opt_Dimensions = route == 2;
       m.Opt_Properties = route == 3;
-      if (route == 2) ASSERT_TRUE(Cmd_Dimensions(m).ok);
+      if (route == 2) {
+        ASSERT_TRUE(Cmd_Dimensions(m).ok);
+      }
       *Text_Member(m, f) = "x";
       ValidationResult r = IsDataOK(m);
       if (r.ok) continue;  // not checked on this route (a dimension off the route, G)
