@@ -8,6 +8,7 @@
 #include <dirent.h>
 #include <fstream>
 #include <iterator>
+#include <map>
 
 #include "foundation/Mod_Zarvek.h"
 
@@ -34,6 +35,13 @@ static_assert(sizeof(kKey) == 21);
 std::vector<std::string>& Texts() {
   static std::vector<std::string> t(kTotal + 1);
   return t;
+}
+
+// The further texts of the loaded language, by key: the captions, tooltips
+// and messages of the commands that came after the numbered sections.
+std::map<std::string, std::string, std::less<>>& Further() {
+  static std::map<std::string, std::string, std::less<>> f;
+  return f;
 }
 
 std::array<std::string, 100>& Messages() {
@@ -153,6 +161,7 @@ int Section_Of_Window(std::string_view window_name) {
 
 bool Load_LanguageFile(const std::string& File_Language, const std::string& File_Tmp) {
   std::vector<std::string> texts(kTotal + 1);
+  std::map<std::string, std::string, std::less<>> further;
   bool ok = false;
   std::string plain;
   if (Crypt_File(File_Language, 0, File_Tmp) && Read_Whole(File_Tmp, plain)) {
@@ -165,14 +174,17 @@ bool Load_LanguageFile(const std::string& File_Language, const std::string& File
       const std::string& line = lines[at++];
       if (Is_Ignored(line) || line[0] != '$') continue;
       // The count behind "$" must be numeric as a whole; anything else
-      // counts as 0, which no section has.
+      // counts as 0, which no numbered section has. The section of further
+      // texts is as long as it says, up to Further_Max lines.
       double c = Num_Of_Text(std::string_view(line).substr(1));
-      if (k > Section_Count + 1 || c != kSizes[k]) {
+      const bool keyed = k == Further_Section;
+      if (k > Further_Section || (!keyed && c != kSizes[k]) ||
+          (keyed && !(c >= 0 && c <= Further_Max && c == static_cast<int>(c)))) {
         ok = false;
         break;
       }
-      const int count = kSizes[k];
-      const bool messages = count == kSizes[Section_Count + 1];
+      const int count = keyed ? static_cast<int>(c) : kSizes[k];
+      const bool messages = k == Section_Count + 1;
       ++k;
       for (int j = 0; j < count && ok;) {
         if (at >= lines.size()) {
@@ -182,23 +194,44 @@ bool Load_LanguageFile(const std::string& File_Language, const std::string& File
         const std::string& text = lines[at++];
         if (Is_Ignored(text)) continue;
         ++j;
-        ++m;
-        if (messages) {
+        if (messages || keyed) {
           size_t mark = text.find(">:");
           if (mark == std::string::npos) {
             ok = false;
             break;
           }
-          texts[m] = Trim(std::string_view(text).substr(mark + 2));
+          std::string value = Trim(std::string_view(text).substr(mark + 2));
+          if (keyed)
+            further[Trim(std::string_view(text).substr(0, mark))] = std::move(value);
+          else
+            texts[++m] = std::move(value);
         } else {
-          texts[m] = text;
+          texts[++m] = text;
         }
       }
     }
   }
   Remove_File(File_Tmp);
-  if (ok) Texts() = std::move(texts);
+  if (ok) {
+    Texts() = std::move(texts);
+    Further() = std::move(further);
+  }
   return ok;
+}
+
+const std::string& Further_Text(std::string_view key) {
+  const auto& f = Further();
+  auto it = f.find(key);
+  return it == f.end() ? Empty() : it->second;
+}
+
+std::string Further_Text(std::string_view key, std::string_view fallback) {
+  const std::string& t = Further_Text(key);
+  return t.empty() ? std::string(fallback) : t;
+}
+
+void Set_Further_Text(std::string_view key, const std::string& text) {
+  Further()[std::string(key)] = text;
 }
 
 void Load_Messages() {

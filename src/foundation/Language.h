@@ -6,6 +6,7 @@
 //   section 0        1 line    the language's name
 //   sections 1..10   captions of the windows, one line per control
 //   section 11      99 lines   "label >: message"
+//   section 12      n lines    "key >: text", the further texts (optional)
 // Blank lines and lines whose very first character is "'" are comments.
 // The texts are single-byte Windows-1252.
 #pragma once
@@ -36,6 +37,11 @@ bool Crypt_File(const std::string& name, long count, const std::string& tmp);
 // messages.
 constexpr int Section_Count = 10;
 
+// The section of further texts: as many "key >: text" lines as its count
+// says (0 to Further_Max). A file without it loads with no further texts.
+constexpr int Further_Section = Section_Count + 2;
+constexpr int Further_Max = 2000;
+
 // Number of lines of section k (0..Section_Count + 1): 1, 65, 30, 3, 3, 18,
 // 4, 1, 10, 6, 4, 99. 0 out of range.
 int Section_Size(int k);
@@ -54,6 +60,15 @@ const std::string& Text_Line(int i);
 
 // Line j (1-based) of section k of the loaded language.
 const std::string& Section_Line(int k, int j);
+
+// A further text of the loaded language by its key (Windows-1252, like every
+// text of the file): empty when the language has no such key. With a
+// fallback, the fallback (the English text, Windows-1252 too) when the
+// key is missing or empty.
+const std::string& Further_Text(std::string_view key);
+std::string Further_Text(std::string_view key, std::string_view fallback);
+// Sets a further text directly (tests).
+void Set_Further_Text(std::string_view key, const std::string& text);
 
 // Section of the captions of a window, from its upper-cased name
 // ("FRM_ZARVEK" -> 1 ... "FRM_EIGENVECTOR3D" -> 10). "FRM_DIRECTSOLVE" and

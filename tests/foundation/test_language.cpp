@@ -7,6 +7,7 @@
 #include <fstream>
 #include <functional>
 #include <iterator>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -128,6 +129,27 @@ TEST(LanguageFile, WellFormedFileFillsTextsAndMessages) {
   EXPECT_EQ(Text_Line(244), "");
 }
 
+TEST(LanguageFile, FurtherTextsByKey) {
+  Scratch s;
+  Lines lines = Plain_Lines();
+  lines.insert(lines.end(), {"$3", "' keyed", "Cmd_A >: Alpha  ", "  Cmd_B>:Beta >: gamma", "Cmd_C >:"});
+  ASSERT_TRUE(Load_Plain(s, Join(lines)));
+  EXPECT_EQ(Further_Text("Cmd_A"), "Alpha");
+  EXPECT_EQ(Further_Text("Cmd_B"), "Beta >: gamma");
+  EXPECT_EQ(Further_Text("Cmd_C", "fallback"), "fallback");
+  EXPECT_EQ(Further_Text("Missing", "fallback"), "fallback");
+
+  // a language without the section keeps nothing of the one loaded before
+  ASSERT_TRUE(Load_Plain(s, Join(Plain_Lines())));
+  EXPECT_EQ(Further_Text("Cmd_A"), "");
+  // a keyed line without its mark, a count that is no count, a section too many
+  for (Lines tail : {Lines{"$1", "no mark"}, Lines{"$x"}, Lines{"$-1"}, Lines{"$0", "$0"}}) {
+    lines = Plain_Lines();
+    lines.insert(lines.end(), tail.begin(), tail.end());
+    EXPECT_FALSE(Load_Plain(s, Join(lines))) << tail[0];
+  }
+}
+
 TEST(LanguageFile, AnyBreachOfTheStructureFails) {
   Scratch s;
   ASSERT_TRUE(Load_Plain(s, Join(Plain_Lines())));
@@ -216,6 +238,22 @@ TEST_P(ShippedLanguage, LoadsWhole) {
   for (int n : {10, 81}) EXPECT_EQ(Msg(n).find(".DAT"), std::string::npos) << n;
   EXPECT_NE(Msg(40), Msg(81));
   EXPECT_EQ(Text_Line(1), code == "UK" ? "English" : "Fran\xE7" "ais");
+
+  // every further text of the one language has its twin in the other
+  auto further_keys = [](const std::string& t) {
+    Lines keys;
+    std::string line;
+    size_t mark, from = t.find("\n$", t.find("\n$99") + 1);
+    std::istringstream in(from == std::string::npos ? std::string() : t.substr(from + 1));
+    while (std::getline(in, line))
+      if (!line.empty() && line[0] != '\'' && (mark = line.find(">:")) != std::string::npos)
+        keys.push_back(Trim(line.substr(0, mark)));
+    return keys;
+  };
+  const Lines keys = further_keys(plain);
+  for (const auto& k : keys) EXPECT_FALSE(Further_Text(k).empty()) << k;
+  EXPECT_EQ(keys, further_keys(Read_Bytes(std::string(ZARVEK_SOURCE_DIR) + "/data/lang/ZARVEK_" +
+                                         (code == "UK" ? "FR" : "UK") + ".txt")));
 }
 
 INSTANTIATE_TEST_SUITE_P(Both, ShippedLanguage, ::testing::Values("UK", "FR"));

@@ -18,6 +18,10 @@ QString Lang_Text(const std::string& text) {
   return QString::fromStdString(Cp1252_To_Utf8(text));
 }
 
+QString Lang_Further(std::string_view key, std::string_view fallback) {
+  return Lang_Text(Further_Text(key, fallback));
+}
+
 namespace {
 
 void Set_ControlText(QWidget* window, const std::string& target, const QString& text) {

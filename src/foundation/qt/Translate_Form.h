@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <string>
+#include <string_view>
 
 class QWidget;
 
@@ -10,6 +11,11 @@ namespace zarvek {
 
 // A text of the language files (Windows-1252) for the screen.
 QString Lang_Text(const std::string& text);
+
+// A further text of the loaded language by its key, for the screen; the
+// English fallback when the language lacks it. Windows refresh such texts in
+// their After_Translate(), so that a change of language reaches them.
+QString Lang_Further(std::string_view key, std::string_view fallback);
 
 // Sets every text of a window from its section of the language file, found
 // by the window's upper-cased objectName and placed by Form_Targets: the
