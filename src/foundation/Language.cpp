@@ -178,8 +178,9 @@ bool Load_LanguageFile(const std::string& File_Language, const std::string& File
       // texts is as long as it says, up to Further_Max lines.
       double c = Num_Of_Text(std::string_view(line).substr(1));
       const bool keyed = k == Further_Section;
+      const bool digits = line.size() > 1 && line.find_first_not_of("0123456789", 1) == std::string::npos;
       if (k > Further_Section || (!keyed && c != kSizes[k]) ||
-          (keyed && !(c >= 0 && c <= Further_Max && c == static_cast<int>(c)))) {
+          (keyed && !(digits && c <= Further_Max))) {
         ok = false;
         break;
       }
