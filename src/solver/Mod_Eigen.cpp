@@ -35,6 +35,37 @@ double Norm(const std::vector<double>& x, int n) {
 
 // ---------------------------------------------------------------- Eigen
 
+namespace {
+
+// A pivot of a Choleski factor that has lost all but a few of its digits to
+// cancellation shows a degree held by nothing but round-off. The test is
+// relative to the diagonal the pivot started from, which is an element's own
+// stiffness: a stable but slender structure loses far more than that to
+// physics alone. The tip of a cantilever of n elements keeps (1/n)^3 of its
+// element's stiffness, 1.25e-7 with 200 elements, and a test at 1e-5 refused
+// every cantilever finer than 46 elements. Double precision leaves ten
+// digits at 1e-10 where round-off gives 1e-16.
+constexpr double Pivot_Significance = 1e-10;
+
+// The stiffness times a vector, from the packed upper triangle.
+void Multiply(const SymMatrix& K, const std::vector<double>& x, std::vector<double>& y, int n) {
+  std::fill(y.begin(), y.end(), 0.0);
+  for (int c = 1; c <= n; ++c)
+    for (int r = K.First(c); r <= c; ++r) {
+      const double v = K(r, c);
+      y[c] += v * x[r];
+      if (r != c) y[r] += v * x[c];
+    }
+}
+
+double Dot(const std::vector<double>& a, const std::vector<double>& b, int n) {
+  double s = 0;
+  for (int i = 1; i <= n; ++i) s += a[i] * b[i];
+  return s;
+}
+
+}  // namespace
+
 void Eigen(SymMatrix& K, SymMatrix& B, double& mu, int NDL, int NN, double Tol, int NbIter,
            std::vector<double>& Phi, bool& failed, MethodState& st) {
   failed = true;
@@ -66,62 +97,114 @@ void Eigen(SymMatrix& K, SymMatrix& B, double& mu, int NDL, int NN, double Tol, 
   // 3.
   st.Status("Choleski decomposition...");
   int status = 0;
-  Choleski(K, NDL, 1e-5, status);
+  Choleski(K, NDL, Pivot_Significance, status);
   Check_FP();
-  if (status != 0) {
+  if (status < 0) {
+    // a pivot that is not positive: a mechanism, as the bisection finds it
     st.Error_Text = "Unstable structure - Check Data";
     st.Solve_Status = 5;
     return;
   }
-  // 4.
+  if (status > 0) {
+    st.Error_Text = Further_Text("Eigen_NearlySingular",
+                                 "Unstable structure - Check Data: the stiffness matrix is nearly singular "
+                                 "(a degree of freedom is held by almost nothing), and the vector "
+                                 "iteration would lose its precision on it. The Dichotomic process on "
+                                 "Determinant may still solve it.");
+    st.Solve_Status = 5;
+    return;
+  }
+  // 4. The iteration runs on A = K^-1 (-KG), whose eigenvalues are 1/mu.
+  // The first trial takes the mean of each vector and its image normalised
+  // by the signed ratio of their lengths: the fixed points are the
+  // eigenvectors, and the one of largest |1/mu| attracts, whatever its
+  // sign, while an eigenvalue of the same size and opposite sign (the
+  // reversed loads of a doubly symmetric beam) dies out in one step. A
+  // dominant negative value (the smaller flange of a mono-symmetric beam
+  // compressed by the reversed moment, |mu| several times smaller than the
+  // critical factor) is then shifted out of the way.
   st.Status("Loops on eigenvalue trials...");
-  int NTRY = 0, NSC = 1;
+  int NSC = 1;
   double s = 0;
-  std::vector<double> X(NDL + 1), Y(NDL + 1);
+  std::vector<double> X(NDL + 1), Y(NDL + 1), KX(NDL + 1);
   double lambda = 1;
-  for (;;) {
+  auto Image = [&]() {
+    std::fill(Y.begin(), Y.end(), 0.0);
+    for (int m = 0; m < ICOMPT; ++m) {
+      const int r = ICr[m], c = ICc[m];
+      Y[c] += BV[m] * X[r];
+      if (r != c) Y[r] += BV[m] * X[c];
+    }
+  };
+  for (int NTRY = 1;; ++NTRY) {
     // 5. a new trial
-    ++NTRY;
     for (int i = 1; i <= NDL; ++i) X[i] = std::min(std::pow(1.1, i), 5.0);
+    if (NTRY > 1) {
+      // the shifted trial starts from the image of that vector: A leaves
+      // next to nothing on a rigidly held degree, where the start vector
+      // has 5, and the shift keeps what it finds there. Weighed by the 1e30
+      // of the restraint in X'KX it would drown the quotient.
+      Image();
+      Solve_Choleski(K, Y);
+      const double ny = Norm(Y, NDL);
+      for (int i = 1; i <= NDL; ++i) X[i] = ny != 0 ? Y[i] / ny : 0.0;
+    }
     int count = 0;
     double cur = 0;
+    bool converged = false;
     for (;;) {
       // 6.
       ++count;
       st.Progress(count, cur);
-      std::fill(Y.begin(), Y.end(), 0.0);
-      for (int m = 0; m < ICOMPT; ++m) {
-        const int r = ICr[m], c = ICc[m];
-        Y[c] += BV[m] * X[r];
-        if (r != c) Y[r] += BV[m] * X[c];
+      if (NTRY == 1) {
+        Image();
+        Solve_Choleski(K, Y);
+        if (count == 1) Phi = Y;
+        const double nx = Norm(X, NDL), ny = Norm(Y, NDL);
+        lambda = (nx != 0 && ny != 0) ? ny / nx : 1.0;
+        if (Dot(X, Y, NDL) < 0) lambda = -lambda;
+        for (int i = 1; i <= NDL; ++i) Y[i] /= lambda;
+        const double prev = cur;
+        cur = 1 / lambda;
+        const double err = std::fabs((cur - prev) / cur);
+        Check_FP();
+        if (err < Tol) {
+          converged = true;
+          break;
+        }
+        // the new vector is the mean of the old one and its image
+        for (int i = 1; i <= NDL; ++i) X[i] = (Y[i] + X[i]) / 2;
+      } else {
+        // the shifted trial: plain iteration on A - s, and 1/mu from the
+        // Rayleigh quotient X'(-KG)X / X'KX of the vector itself, which the
+        // shift does not enter and whose error is the square of the
+        // vector's
+        Image();
+        Multiply(B, X, KX, NDL);
+        const double xkx = Dot(X, KX, NDL);
+        const double rho = xkx > 0 ? Dot(X, Y, NDL) / xkx : 0.0;
+        Solve_Choleski(K, Y);
+        for (int i = 1; i <= NDL; ++i) Y[i] -= s * X[i];
+        const double ny = Norm(Y, NDL);
+        for (int i = 1; i <= NDL; ++i) X[i] = ny != 0 ? Y[i] / ny : 0.0;
+        const double prev = cur;
+        cur = rho != 0 ? 1 / rho : 0.0;
+        Check_FP();
+        if (cur != 0 && std::fabs((cur - prev) / cur) < Tol) {
+          converged = true;
+          lambda = rho;
+          Y = X;
+          break;
+        }
       }
-      Solve_Choleski(K, Y);
-      if (count == 1) Phi = Y;
-      for (int i = 1; i <= NDL; ++i) Y[i] -= s * X[i];
-      const double nx = Norm(X, NDL), ny = Norm(Y, NDL);
-      lambda = (nx != 0 && ny != 0) ? ny / nx : 1.0;
-      for (int i = 1; i <= NDL; ++i) Y[i] /= lambda;
-      const double prev = cur;
-      cur = 1 / lambda;
-      const double err = std::fabs((cur - prev) / cur);
-      Check_FP();
-      if (err < Tol) {
-        st.Converged = true;
-        break;
-      }
-      // the new vector is the mean of the old one and its image
-      for (int i = 1; i <= NDL; ++i) X[i] = (Y[i] + X[i]) / 2;
-      if (Stop(st)) {
-        st.Converged = false;
-        break;
-      }
+      if (Stop(st)) break;
       if (count == NSC * NbIter) {
         st.Box("Problem of convergence");
         return;
       }
     }
+    st.Converged = converged;
     // 7.
-    lambda = 1 / lambda;
     st.Status("Building eigenvector...");
     // 8.
     int k = 0;
@@ -135,24 +218,28 @@ void Eigen(SymMatrix& K, SymMatrix& B, double& mu, int NDL, int NN, double Tol, 
       st.Solve_Status = 6;
       return;
     }
-    // 9.-10. the image keeps the direction of the vector: the dominant value
-    // is positive and the factor is found
-    const double sign = X[k] * Y[k] / std::fabs(X[k]) / std::fabs(Y[k]);
-    if (sign > 0) {
-      mu = lambda / (s * lambda + 1);
+    // 9.-10. a positive dominant value is the critical factor
+    if (lambda > 0) {
+      mu = 1 / lambda;
       Phi = Y;
       break;
     }
-    // 11.-12. a negative dominant value: shift it out of the way and retry
-    if (NTRY > 15) {
-      st.Error_Text = "Problem of convergence";
+    // 11.-12. a negative one, found by the first trial or left by the
+    // shifted one: with A's spectrum in [-a, b], the shift s = -a/2 maps it
+    // to [-a/2, b + a/2] and the top end, b + a/2, dominates with the ratio
+    // a / (2 b + a) to the rest. Nothing positive left means no critical
+    // factor in this direction of the loads.
+    if (NTRY >= 2 || Stop(st)) {
+      st.Error_Text = Further_Text("Eigen_NoPositiveFactor",
+                                   "Problem of convergence: the vector iteration finds no positive "
+                                   "critical factor (these loads may not make the beam buckle). Check "
+                                   "with the Dichotomic process on Determinant.");
       st.Solve_Status = 7;
+      st.Converged = false;
       return;
     }
-    lambda = -lambda;
-    s = 1.05 / lambda;
+    s = lambda / 2;
     NSC = 2;
-    Tol = 0.0001;
   }
   Check_FP();
   failed = false;
@@ -171,7 +258,7 @@ void Eigen(SymMatrix& K, SymMatrix& B, double& mu, int NDL, int NN, double Tol, 
   for (int c = j; c <= B.Last(j); ++c) B(j, c) = 0.0;
   B(j, j) = 1.0;
   status = 0;
-  Choleski(B, NDL, 0.0001, status);
+  Choleski(B, NDL, Pivot_Significance, status);
   if (status != 0) {
     st.Box("The eigenmode may be not accurate");
     Check_FP();

@@ -27,7 +27,10 @@ struct MethodState {
 
 // Vector iteration. K is factorised in place; B holds KG on entry and
 // K + mu KG at the end. Phi (1..NDL) receives the mode. `failed` is true on
-// any exit with a fault.
+// any exit with a fault. A dominant negative eigenvalue (the reversed loads
+// of a mono-symmetric beam) is shifted away and the critical factor taken
+// from the Rayleigh quotient; a stiffness matrix that is nearly singular, or
+// no positive factor, ends with a text that names the other method.
 void Eigen(SymMatrix& K, SymMatrix& B, double& mu, int NDL, int NN, double Tol, int NbIter,
            std::vector<double>& Phi, bool& failed, MethodState& st);
 
