@@ -1,6 +1,8 @@
 #include "directdata/DirectData.h"
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 #include <fstream>
 #include <iterator>
 
@@ -72,7 +74,10 @@ class Token_Reader {
  public:
   explicit Token_Reader(std::string text) : s_(std::move(text)) {}
 
+  enum class Got { Value, End, Not_Number, Out_Of_Range };
+
   bool Skip_Line() {
+    at_ = p_;
     if (p_ >= s_.size()) return false;
     const size_t nl = s_.find('\n', p_);
     p_ = nl == std::string::npos ? s_.size() : nl + 1;
@@ -82,6 +87,7 @@ class Token_Reader {
   // The next value, as the file spells it; false at the end of the text.
   bool Token(std::string& t) {
     while (p_ < s_.size() && Is_Sep(s_[p_])) ++p_;
+    at_ = p_;
     if (p_ >= s_.size()) return false;
     const size_t b = p_;
     while (p_ < s_.size() && !Is_Sep(s_[p_])) ++p_;
@@ -94,19 +100,31 @@ class Token_Reader {
     return true;
   }
 
-  // The next value as a text of the screen; false when it isn't a number.
-  bool Value(std::string& local) {
-    std::string t;
-    if (!Token(t)) return false;
-    local = To_LocalText(t);
-    return Is_Numeric(local);
+  // The next value as a text of the screen, in the range of its field.
+  Got Value(std::string& local, bool single = false) {
+    if (!Token(last_)) return Got::End;
+    local = To_LocalText(last_);
+    if (!Is_Numeric(local)) return Got::Not_Number;
+    if (!Value_InRange(local, single)) return Got::Out_Of_Range;
+    return Got::Value;
   }
+
+  // The line (1-based) of the value or label read last.
+  int Line() const { return 1 + (int)std::count(s_.begin(), s_.begin() + (long)std::min(at_, s_.size()), '\n'); }
+  const std::string& Last() const { return last_; }
 
  private:
   static bool Is_Sep(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == ','; }
   std::string s_;
-  size_t p_ = 0;
+  size_t p_ = 0, at_ = 0;
+  std::string last_;
 };
+
+std::string With_Arg(std::string text, const std::string& arg) {
+  const size_t i = text.find("%1");
+  if (i != std::string::npos) text.replace(i, 2, arg);
+  return text;
+}
 
 }  // namespace
 
@@ -201,7 +219,8 @@ DataWrong IsDataWrong(const DirectDataSheet& s, int* NFmax) {
   for (int i = 0; i < 5; ++i) {
     const Header_Field f = (Header_Field)i;
     const bool count = f == Header_Field::NB || f == Header_Field::NF || f == Header_Field::NQ;
-    if (count ? !Is_WholeNumber(*fields[i]) : !Is_Numeric(*fields[i])) {
+    // E and G in their double fields: "1e400" is no modulus
+    if (count ? !Is_WholeNumber(*fields[i]) : !Value_InRange(*fields[i], false)) {
       w.Wrong = true;
       w.Field = f;
       return w;
@@ -248,33 +267,68 @@ bool NewProblem_Accepts(const std::string& answer, int& nb) {
 ReadOutcome Read_FileZVK(const std::string& name, DirectDataSheet& s) {
   ReadOutcome out;
   std::ifstream f(name, std::ios::binary);
-  if (!f) return out;
+  if (!f) {
+    out.Message = Further_Text("Read_FileZVK_CantOpen", "The file can't be opened.");
+    return out;
+  }
   std::string text((std::istreambuf_iterator<char>(f)), std::istreambuf_iterator<char>());
   f.close();
   Token_Reader rd(std::move(text));
+  using Got = Token_Reader::Got;
 
-  for (int i = 0; i < 3; ++i)
-    if (!rd.Skip_Line()) return out;
+  // the reading stops: the file, the line and what stood there
+  auto stop = [&](Got why) {
+    out.Line = rd.Line();
+    std::string what = With_Arg(
+        Further_Text("Read_FileZVK_Stopped", "The problem file can't be read: reading stopped at line %1."),
+        std::to_string(out.Line));
+    switch (why) {
+      case Got::End: what += " " + Further_Text("Read_FileZVK_Ends", "The file ends before all its data."); break;
+      case Got::Not_Number:
+        what += " " + With_Arg(Further_Text("Read_FileZVK_NotNumber", "\"%1\" stands where a number was expected."),
+                               rd.Last());
+        break;
+      case Got::Out_Of_Range:
+        what += " " + With_Arg(Further_Text("Read_FileZVK_OutOfRange", "\"%1\" is beyond the range of its field."),
+                               rd.Last());
+        break;
+      case Got::Value:
+        what += " " + With_Arg(Further_Text("Read_FileZVK_Count", "\"%1\" is not a number of loads this problem can hold."),
+                               rd.Last());
+        break;
+    }
+    out.Message = what;
+    return out;
+  };
+  auto skip = [&rd](int n) {
+    for (int i = 0; i < n; ++i)
+      if (!rd.Skip_Line()) return false;
+    return true;
+  };
+
+  if (!skip(3)) return stop(Got::End);
   std::string nbText, e, g;
-  if (!rd.Value(nbText)) return out;
+  if (Got r = rd.Value(nbText); r != Got::Value) return stop(r);
   const int nb = Count_Of_Text(nbText);
   if (nb < DirectData_NBMin || nb > DirectData_NBMax) {
+    out.Line = rd.Line();
     out.Message = Msg(30) + " (" + std::to_string(DirectData_NBMin) + "<N<" + std::to_string(DirectData_NBMax) + ")";
     return out;
   }
   s.Txt_NB = std::to_string(nb);
-  if (!rd.Value(e)) return out;
+  if (Got r = rd.Value(e); r != Got::Value) return stop(r);
   s.Txt_E = e;
-  if (!rd.Value(g)) return out;
+  if (Got r = rd.Value(g); r != Got::Value) return stop(r);
   s.Txt_G = g;
 
   // one record a row: the running number of the file is the grid's own
-  auto read_rows = [&rd](Text_Grid& grid, int rows, int values, bool indexed) {
+  Got failed = Got::Value;
+  auto read_rows = [&rd, &failed](Text_Grid& grid, Grid_Kind kind, int rows, int values, bool indexed) {
     for (int r = 0; r < rows; ++r) {
       std::string v;
-      if (indexed && !rd.Value(v)) return false;
+      if (indexed && (failed = rd.Value(v)) != Got::Value) return false;
       for (int c = 1; c <= values; ++c) {
-        if (!rd.Value(v)) return false;
+        if ((failed = rd.Value(v, Column_Single(kind, c))) != Got::Value) return false;
         grid.Set_TextMatrix(r + Grid_FixedRows, c, v);
       }
     }
@@ -283,24 +337,61 @@ ReadOutcome Read_FileZVK(const std::string& name, DirectDataSheet& s) {
   Set_Frame(s.Grd_Elements, Grid_Kind::Elements, nb);
   Set_Frame(s.Grd_Restraints, Grid_Kind::Restraints, nb + 1);
   Set_Frame(s.Grd_MV, Grid_Kind::MV, nb);
-  if (!rd.Skip_Line() || !read_rows(s.Grd_Elements, nb, 8, true)) return out;
-  if (!rd.Skip_Line() || !read_rows(s.Grd_Restraints, nb + 1, 5, true)) return out;
-  if (!rd.Skip_Line() || !read_rows(s.Grd_MV, nb, 2, true)) return out;
+  if (!skip(1)) return stop(Got::End);
+  if (!read_rows(s.Grd_Elements, Grid_Kind::Elements, nb, 8, true)) return stop(failed);
+  if (!skip(1)) return stop(Got::End);
+  if (!read_rows(s.Grd_Restraints, Grid_Kind::Restraints, nb + 1, 5, true)) return stop(failed);
+  if (!skip(1)) return stop(Got::End);
+  if (!read_rows(s.Grd_MV, Grid_Kind::MV, nb, 2, true)) return stop(failed);
 
-  if (!rd.Skip_Line() || !rd.Skip_Line()) return out;
+  if (!skip(2)) return stop(Got::End);
   std::string nfText, nqText;
-  if (!rd.Value(nfText) || !rd.Value(nqText)) return out;
-  const int nf = Count_Of_Text(nfText), nq = Count_Of_Text(nqText);
+  if (Got r = rd.Value(nfText); r != Got::Value) return stop(r);
+  const int nf = Count_Of_Text(nfText);
   // counts a grid can't hold make a malformed file
-  if (nf < 0 || nf > nb + 1 || nq < 0 || nq > DirectData_NQMax) return out;
+  if (nf < 0 || nf > nb + 1) return stop(Got::Value);
+  if (Got r = rd.Value(nqText); r != Got::Value) return stop(r);
+  const int nq = Count_Of_Text(nqText);
+  if (nq < 0 || nq > DirectData_NQMax) return stop(Got::Value);
   s.Txt_NF = std::to_string(nf);
   s.Txt_NQ = std::to_string(nq);
   Set_Frame(s.Grd_SpanLoadsF, Grid_Kind::SpanLoadsF, nf);
   Set_Frame(s.Grd_SpanLoadsQ, Grid_Kind::SpanLoadsQ, nq);
-  if (nf > 0 && (!rd.Skip_Line() || !read_rows(s.Grd_SpanLoadsF, nf, 3, false))) return out;
-  if (nq > 0 && (!rd.Skip_Line() || !read_rows(s.Grd_SpanLoadsQ, nq, 5, false))) return out;
+  if (nf > 0 && !skip(1)) return stop(Got::End);
+  if (nf > 0 && !read_rows(s.Grd_SpanLoadsF, Grid_Kind::SpanLoadsF, nf, 3, false)) return stop(failed);
+  if (nq > 0 && !skip(1)) return stop(Got::End);
+  if (nq > 0 && !read_rows(s.Grd_SpanLoadsQ, Grid_Kind::SpanLoadsQ, nq, 5, false)) return stop(failed);
   out.Ok = true;
   return out;
+}
+
+bool Column_Single(Grid_Kind k, int col) {
+  switch (k) {
+    case Grid_Kind::Elements: return col < 6;   // L, Iz, It, Iw, Betaz; the links are double
+    case Grid_Kind::Restraints: return col == 5;  // z; the restraints are double
+    default: return true;                         // moments and loads
+  }
+}
+
+bool Value_InRange(const std::string& text, bool single) {
+  if (!Is_Numeric(text)) return false;
+  const double v = Num_Of_Text(text);
+  return std::isfinite(v) && (!single || std::fabs(v) <= std::numeric_limits<float>::max());
+}
+
+bool Is_UserProblemFile(const std::string& name) {
+  return !Trim(name).empty() && name != Msg(40) && name != Msg(81);
+}
+
+std::string Text_NoProblemFile() {
+  return Further_Text("Cmd_Proceed_NoProblemFile",
+                      "There is no problem file to solve: open one (File, Open) or save the problem "
+                      "of the grids under a name of yours (File, Save As).");
+}
+
+std::string Text_OutOfRange() {
+  return Further_Text("Grd_ValueOutOfRange",
+                      "This value is beyond the range of its field: type a number of the size it can hold.");
 }
 
 bool Find_NonNumericCell(const DirectDataSheet& s, Cell_Ref& where) {
@@ -308,8 +399,8 @@ bool Find_NonNumericCell(const DirectDataSheet& s, Cell_Ref& where) {
     const Text_Grid& g = s.Grid(k);
     for (int r = Grid_FixedRows; r < g.Rows(); ++r)
       for (int c = Grid_FixedCols; c < g.Cols(); ++c)
-        if (!Is_Numeric(g.TextMatrix(r, c))) {
-          where = {k, r, c};
+        if (const std::string& t = g.TextMatrix(r, c); !Value_InRange(t, Column_Single(k, c))) {
+          where = {k, r, c, Is_Numeric(t)};
           return true;
         }
   }
@@ -322,19 +413,20 @@ void Sheet_To_Problem(const DirectDataSheet& s, ProblemData& p) {
   p.Resize(nb, rows(s.Grd_SpanLoadsF), rows(s.Grd_SpanLoadsQ));
   p.E = Num_Of_Text(s.Txt_E);
   p.G = Num_Of_Text(s.Txt_G);
+  // the values as typed: the writer keeps their digits
   auto v = [](const Text_Grid& g, int i, int c) { return Num_Of_Text(g.TextMatrix(i + 1, c)); };
   for (int i = 1; i <= nb; ++i) {
     const Text_Grid& g = s.Grd_Elements;
-    p.L[i] = (float)v(g, i, 1);
-    p.Iz[i] = (float)v(g, i, 2);
-    p.It[i] = (float)v(g, i, 3);
-    p.Iw[i] = (float)v(g, i, 4);
-    p.Betaz[i] = (float)v(g, i, 5);
+    p.L[i] = v(g, i, 1);
+    p.Iz[i] = v(g, i, 2);
+    p.It[i] = v(g, i, 3);
+    p.Iw[i] = v(g, i, 4);
+    p.Betaz[i] = v(g, i, 5);
     p.Kt[i] = v(g, i, 6);
     p.Kvp[i] = v(g, i, 7);
     p.Ktp[i] = v(g, i, 8);
-    p.M1[i] = (float)v(s.Grd_MV, i, 1);
-    p.M2[i] = (float)v(s.Grd_MV, i, 2);
+    p.M1[i] = v(s.Grd_MV, i, 1);
+    p.M2[i] = v(s.Grd_MV, i, 2);
   }
   for (int i = 1; i <= std::min(nb + 1, rows(s.Grd_Restraints)); ++i) {
     const Text_Grid& g = s.Grd_Restraints;
@@ -342,20 +434,20 @@ void Sheet_To_Problem(const DirectDataSheet& s, ProblemData& p) {
     p.Rt[i] = v(g, i, 2);
     p.Rvp[i] = v(g, i, 3);
     p.Rtp[i] = v(g, i, 4);
-    p.z[i] = (float)v(g, i, 5);
+    p.z[i] = v(g, i, 5);
   }
   for (int k = 1; k <= p.NF; ++k) {
-    p.F[k] = (float)v(s.Grd_SpanLoadsF, k, 1);
-    p.xF[k] = (float)v(s.Grd_SpanLoadsF, k, 2);
-    p.zF[k] = (float)v(s.Grd_SpanLoadsF, k, 3);
+    p.F[k] = v(s.Grd_SpanLoadsF, k, 1);
+    p.xF[k] = v(s.Grd_SpanLoadsF, k, 2);
+    p.zF[k] = v(s.Grd_SpanLoadsF, k, 3);
   }
   for (int k = 1; k <= p.NQ; ++k) {
     const Text_Grid& g = s.Grd_SpanLoadsQ;
-    p.q1[k] = (float)v(g, k, 1);
-    p.x1[k] = (float)v(g, k, 2);
-    p.q2[k] = (float)v(g, k, 3);
-    p.x2[k] = (float)v(g, k, 4);
-    p.zq[k] = (float)v(g, k, 5);
+    p.q1[k] = v(g, k, 1);
+    p.x1[k] = v(g, k, 2);
+    p.q2[k] = v(g, k, 3);
+    p.x2[k] = v(g, k, 4);
+    p.zq[k] = v(g, k, 5);
   }
 }
 

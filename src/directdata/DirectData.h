@@ -54,6 +54,19 @@ inline void Prepare_GrdSpanLoadsQ(DirectDataSheet& s) { Prepare_Grid(s, Grid_Kin
 // five grids prepared in order.
 DirectDataSheet New_DirectData(int nb);
 
+// The precision in which the solver reads a column of a grid: single for
+// lengths, section constants, heights, moments and loads; double for the
+// links and the restraints (which carry 1e30 or -1).
+bool Column_Single(Grid_Kind k, int col);
+// A numeric text whose value lies within the range of its field: finite
+// ("1e400" is not), and within a float's range in a single-precision field.
+bool Value_InRange(const std::string& text, bool single);
+
+// True when the problem file of the file-data mode is a file of the user's:
+// neither empty nor one of the two stand-ins, Msg(40) (a new problem not yet
+// saved) and Msg(81) (after a failed read).
+bool Is_UserProblemFile(const std::string& name);
+
 // The header fields, in the order they are checked.
 enum class Header_Field { None = -1, NB = 0, E, G, NF, NQ };
 
@@ -66,7 +79,7 @@ struct DataWrong {
   std::string Message;
 };
 
-// IsDataWrong: NB, E, G, NF, then NQ must be numeric; NF must lie from 0 to
+// IsDataWrong: NB, E, G, NF, then NQ must be numeric (E and G finite); NF must lie from 0 to
 // NFmax = N + 1 (Msg(48) " : NFmax = " NFmax " !"), NQ from 0 to 10
 // (Msg(46) " : NQmax = 10 !"). NFmax is left in `NFmax` when given.
 DataWrong IsDataWrong(const DirectDataSheet& s, int* NFmax = nullptr);
@@ -80,6 +93,10 @@ bool Is_WholeNumber(const std::string& text);
 // Its value; -1 when it isn't a whole number or is negative.
 int Count_Of_Text(const std::string& text);
 
+// Texts of the file-data mode (section 12 of the language files).
+std::string Text_NoProblemFile();   // F5 with no problem file of the user's
+std::string Text_OutOfRange();      // a value beyond the range of its field
+
 // The prompt of a new problem: Msg(47) "(50<N<300)".
 std::string NewProblem_Prompt();
 // True when the answer to that prompt is a number of elements from 50 to 300.
@@ -87,21 +104,24 @@ bool NewProblem_Accepts(const std::string& answer, int& nb);
 
 // Read_FileZVK: fills the sheet from a problem file in the reading order of
 // the solver. NB is tested first: outside 50..300 the sheet is left as it was
-// and `Message` holds Msg(30) " (50<N<300)". A short or malformed file stops
-// the read; the header fields and cells read so far stay (a failed read).
-// Values go into the cells through To_LocalText; every other check is the
-// solver's.
+// and `Message` holds Msg(30) " (50<N<300)". A short or malformed file, or a
+// value beyond the range of its field, stops the read; the header fields and
+// cells read so far stay (a failed read). Values go into the cells through
+// To_LocalText; every other check is the solver's.
 struct ReadOutcome {
   bool Ok = false;
-  std::string Message;  // for an exclamation box; empty when none is due
+  int Line = 0;          // where the reading stopped (1-based), 0 when it didn't start
+  std::string Message;   // on failure: what was wrong, for an exclamation box under the file's name
 };
 ReadOutcome Read_FileZVK(const std::string& name, DirectDataSheet& s);
 
-// The first data cell that holds no number, searched grid by grid in tab
-// order; false when every cell holds one.
+// The first data cell that holds no number, or a number beyond the range of
+// its field, searched grid by grid in tab order; false when every cell holds
+// a number its field can take.
 struct Cell_Ref {
   Grid_Kind Grid = Grid_Kind::Elements;
   int Row = 0, Col = 0;
+  bool Out_Of_Range = false;  // a number, but beyond the range of its field
 };
 bool Find_NonNumericCell(const DirectDataSheet& s, Cell_Ref& where);
 
@@ -110,8 +130,9 @@ bool Find_NonNumericCell(const DirectDataSheet& s, Cell_Ref& where);
 void Sheet_To_Problem(const DirectDataSheet& s, ProblemData& p);
 
 // Save_FileZVK: writes the sheet as a problem file with the labels of this
-// editor, beside the target and renamed into place. Refused (false, nothing
-// written) when a cell holds no number: `bad` then tells which.
+// editor, beside the target and renamed into place, every value with the
+// digits it was typed with. Refused (false, nothing written) when a cell
+// holds no number or one beyond its field: `bad` then tells which.
 bool Save_FileZVK(const std::string& name, const DirectDataSheet& s, Cell_Ref* bad = nullptr);
 
 }  // namespace zarvek

@@ -1,6 +1,7 @@
 #include "directdata/Mod_MSFlexGrid.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 #include "foundation/Mod_Zarvek.h"
@@ -113,7 +114,8 @@ Clipboard_Block Parse_ClipboardText(std::string_view text) {
   return b;
 }
 
-Paste_Result Paste_Text(Grid_Access& g, std::string_view text) {
+Paste_Result Paste_Text(Grid_Access& g, std::string_view text,
+                        const std::function<bool(int row, int col, const std::string&)>& in_Range) {
   Paste_Result res;
   const Clipboard_Block clip = Parse_ClipboardText(text);
   if (clip.Cells.empty() || !clip.Rectangular) return res;
@@ -123,8 +125,10 @@ Paste_Result Paste_Text(Grid_Access& g, std::string_view text) {
   for (int r = 0; r < sel.Rows(); ++r) {
     for (int c = 0; c < sel.Cols(); ++c) {
       const std::string& v = single ? clip.Cells[0][0] : clip.Cells[r][c];
-      if (!Is_Numeric(v)) {
+      const int row = sel.Top + r, col = sel.Left + c;
+      if (!Is_Numeric(v) || !std::isfinite(Num_Of_Text(v)) || (in_Range && !in_Range(row, col, Trim(v)))) {
         res.Outcome = Paste_Outcome::Not_Numeric;
+        res.Out_Of_Range = Is_Numeric(v);
         res.Bad_Row = sel.Top + r;
         res.Bad_Col = sel.Left + c;
         return res;

@@ -10,6 +10,7 @@
 // in a spreadsheet reaches the grid and how a block of the grid goes back.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -114,14 +115,18 @@ struct Paste_Result {
   Paste_Outcome Outcome = Paste_Outcome::Nothing;
   int Written = 0;             // cells written before the stop
   int Bad_Row = 0, Bad_Col = 0;  // the cell of the refused value
+  bool Out_Of_Range = false;     // it was a number, beyond the range of its cell
 };
 
 // Pastes clipboard text on the selected block. A single value fills every
 // cell of the selection. A block must have exactly the selection's size, or
 // nothing happens. Values are written row by row, column by column, each
-// tested by the locale's numeric test; the first that isn't a number stops
-// the paste, the cells already written staying written.
-Paste_Result Paste_Text(Grid_Access& g, std::string_view text);
+// tested by the locale's numeric test, and by `in_Range` (row, column, text)
+// when given; the first that fails stops the paste, the cells already
+// written staying written. A value beyond the range of a double ("1e400") is
+// never a number of a cell.
+Paste_Result Paste_Text(Grid_Access& g, std::string_view text,
+                        const std::function<bool(int row, int col, const std::string&)>& in_Range = {});
 
 // The key filter mode of a column (Filter_NumericKey): 1 refuses "-".
 enum class Grid_Kind { Elements, Restraints, MV, SpanLoadsF, SpanLoadsQ };

@@ -6,6 +6,7 @@
 #include <locale.h>
 #include <cmath>
 #include <cstdio>
+#include <charconv>
 #include <limits>
 #include <new>
 #include <sstream>
@@ -68,6 +69,14 @@ class Problem_Reader {
     while (p < n && s[p] != '\n' && sep_[(unsigned char)s[p]]) ++p;
     p_ = (p < n && s[p] == '\n') ? p + 1 : p;
     return v;
+  }
+
+  // A value of a single-precision field: beyond the range of a float
+  // ("1e39" as a length) it is no number of its field.
+  float Single() {
+    const double v = Number();
+    if (!(std::fabs(v) <= std::numeric_limits<float>::max())) throw Read_Error{};
+    return (float)v;
   }
 
   int Integer() {
@@ -166,8 +175,8 @@ void Read_Problem(std::string text, ProblemData& P, SolverResult& res) {
   in.Skip_Line();
   for (int n = 1; n <= NB; ++n) {
     const int idx = in.Integer();
-    const float L = (float)in.Number(), Iz = (float)in.Number(), It = (float)in.Number(),
-                Iw = (float)in.Number(), Bz = (float)in.Number();
+    const float L = in.Single(), Iz = in.Single(), It = in.Single(),
+                Iw = in.Single(), Bz = in.Single();
     const double Kt = in.Number(), Kvp = in.Number(), Ktp = in.Number();
     if (idx != n) Fail(105);
     if (!(0.9999 <= L && L <= 300.03)) Fail(106);
@@ -184,16 +193,19 @@ void Read_Problem(std::string text, ProblemData& P, SolverResult& res) {
     P.Kvp[n] = Kvp;
     P.Ktp[n] = Ktp;
   }
-  // The total length in the precision of the lengths, so that an abscissa
-  // moved onto the right end is exactly the end.
-  float Ltot = 0;
-  for (int n = 1; n <= NB; ++n) Ltot += (float)P.L[n];
+  // The total length, summed in the order and the precision in which the
+  // loads are later laid on the elements, so that an abscissa moved onto the
+  // right end is exactly the end of the last element. (A sum in single
+  // precision of 200 lengths of 1.005 cm may pass that end by a hair, and a
+  // point load there would then find no element.)
+  double Ltot = 0;
+  for (int n = 1; n <= NB; ++n) Ltot += P.L[n];
 
   in.Skip_Line();
   for (int n = 1; n <= NN; ++n) {
     const int idx = in.Integer();
     const double Rv = in.Number(), Rt = in.Number(), Rvp = in.Number(), Rtp = in.Number();
-    const float z = (float)in.Number();
+    const float z = in.Single();
     if (idx != n) throw Read_Error{};  // no status of its own: stays 1
     if (bad_link(Rv) || bad_link(Rt) || bad_link(Rvp) || bad_link(Rtp)) Fail(110);
     P.Rv[n] = Rv;
@@ -209,7 +221,7 @@ void Read_Problem(std::string text, ProblemData& P, SolverResult& res) {
   int nodeMax = 1;
   for (int n = 1; n <= NB; ++n) {
     const int idx = in.Integer();
-    const float M1 = (float)in.Number(), M2 = (float)in.Number();
+    const float M1 = in.Single(), M2 = in.Single();
     if (idx != n) Fail(111);
     const float L_n = (float)P.L[n];
     P.M1[n] = M1;
@@ -245,13 +257,13 @@ void Read_Problem(std::string text, ProblemData& P, SolverResult& res) {
   for (auto* v : {&P.F, &P.xF, &P.zF}) v->assign(NF + 1, 0.0);
   for (auto* v : {&P.q1, &P.x1, &P.q2, &P.x2, &P.zq}) v->assign(NQ + 1, 0.0);
   // an abscissa within 1 % of the right end is taken as the end itself
-  auto snap = [Ltot](float x) { return (x > 0.99 * Ltot && x < 1.01 * Ltot) ? Ltot : x; };
+  auto snap = [Ltot](double x) { return (x > 0.99 * Ltot && x < 1.01 * Ltot) ? Ltot : x; };
   if (NF > 0) {
     in.Skip_Line();
     for (int k = 1; k <= NF; ++k) {
-      const float F = (float)in.Number();
-      const float x = snap((float)in.Number());
-      const float z = (float)in.Number();
+      const float F = in.Single();
+      const double x = snap(in.Single());
+      const float z = in.Single();
       if (x < 0 || x > Ltot) throw Read_Error{};
       P.F[k] = F;
       P.xF[k] = x;
@@ -261,9 +273,9 @@ void Read_Problem(std::string text, ProblemData& P, SolverResult& res) {
   if (NQ > 0) {
     in.Skip_Line();
     for (int k = 1; k <= NQ; ++k) {
-      const float q1 = (float)in.Number(), x1 = (float)in.Number(), q2 = (float)in.Number();
-      const float x2 = snap((float)in.Number());
-      const float z = (float)in.Number();
+      const float q1 = in.Single(), x1 = in.Single(), q2 = in.Single();
+      const double x2 = snap(in.Single());
+      const float z = in.Single();
       if (x1 < 0 || x1 >= x2 - Ltot / 100) Fail(115);
       if (x2 < 0 || x2 > Ltot) Fail(116);
       P.q1[k] = q1;
@@ -527,18 +539,87 @@ void Solve_Problem(const std::string& path, int method, SolverResult& res, Solve
 
 namespace {
 
-// One field of a problem file: right-aligned in its width, as the reader's
-// neighbours expect; a text that fills the width or passes it gets one blank
-// in front, so that it never runs into the field before it.
-std::string Field(double v, int width, int decimals) {
-  std::string t = Format_Fixed(v, width, decimals);
-  if (t.empty() || t[0] != ' ') t.insert(t.begin(), ' ');
+// Significant digits and decimal exponent of the shortest scientific text
+// that reads back as the same value (to_chars gives it correctly rounded).
+struct Digits {
+  bool neg = false, finite = true;
+  std::string d;
+  int e = 0;
+};
+template <class T>
+Digits Shortest(T v) {
+  Digits r;
+  char buf[64];
+  const std::to_chars_result c = std::to_chars(buf, buf + sizeof buf, v, std::chars_format::scientific);
+  const std::string t(buf, c.ptr);  // [-]d[.ddd]e[+-]xx, or inf / nan
+  const size_t epos = t.find('e');
+  if (epos == std::string::npos) {
+    r.finite = false;
+    r.d = t;
+    return r;
+  }
+  r.neg = t[0] == '-';
+  for (size_t i = r.neg ? 1 : 0; i < epos; ++i)
+    if (t[i] != '.') r.d += t[i];
+  r.e = std::atoi(t.c_str() + epos + 1);
+  return r;
+}
+
+// The text of a value with every significant digit it holds: a 2.01 m beam
+// cut into 200 elements keeps its 1.005 cm elements and an It of 0.692 cm4
+// stays 0.692, where a fixed number of decimals would change the beam. A
+// double field gets the shortest text that reads back as the same double
+// (up to 17 digits). A single-precision field keeps the digits of the value
+// as it was given when they are at most 9, which read back as the same float;
+// a computed value of more digits is written as its float (up to 9 digits).
+// Plain decimals from 1e-5 to 1e15, a power of ten beyond ("1E+30", the
+// rigid restraint of the beam model).
+std::string Exact_Text(double v, bool single) {
+  if (v == 0) return "0";
+  Digits g = Shortest(v);
+  if (single && g.finite && g.d.size() > 9) g = Shortest((float)v);
+  if (!g.finite) return g.d;  // refused before writing
+  const int e = g.e, n = (int)g.d.size();
+  std::string s = g.neg ? "-" : "";
+  if (e >= -5 && e < 15) {
+    if (e < 0) s += "0." + std::string(-e - 1, '0') + g.d;
+    else if (n <= e + 1) s += g.d + std::string(e + 1 - n, '0');
+    else s += g.d.substr(0, e + 1) + "." + g.d.substr(e + 1);
+  } else {
+    s += g.d.substr(0, 1);
+    if (n > 1) s += "." + g.d.substr(1);
+    char ex[16];
+    std::snprintf(ex, sizeof ex, "E%c%02d", e < 0 ? '-' : '+', e < 0 ? -e : e);
+    s += ex;
+  }
+  return s;
+}
+
+// One field of a problem file: right-aligned in at least its width, and
+// always one blank in front, so that it never runs into the field before it.
+std::string Field(double v, int width, bool single) {
+  std::string t = Exact_Text(v, single);
+  if ((int)t.size() < width) t.insert(0, width - t.size(), ' ');
+  if (t[0] != ' ') t.insert(t.begin(), ' ');
   return t;
 }
-std::string Field(const std::string& text, int width) {
-  std::string t = To_DotText(text, width);
-  if (t.empty() || t[0] != ' ') t.insert(t.begin(), ' ');
-  return t;
+constexpr bool Real4 = true, Real8 = false;
+
+// Every value can be written and read back: finite, and within the range of
+// a float in the single-precision fields.
+bool Writable(const ProblemData& p) {
+  auto ok8 = [](double v) { return std::isfinite(v); };
+  auto ok4 = [](double v) { return std::isfinite(v) && std::isfinite((float)v); };
+  bool ok = ok8(p.E) && ok8(p.G);
+  for (int n = 1; n <= p.NB; ++n)
+    ok = ok && ok4(p.L[n]) && ok4(p.Iz[n]) && ok4(p.It[n]) && ok4(p.Iw[n]) && ok4(p.Betaz[n]) &&
+         ok8(p.Kt[n]) && ok8(p.Kvp[n]) && ok8(p.Ktp[n]) && ok4(p.M1[n]) && ok4(p.M2[n]);
+  for (int n = 1; n <= p.NN(); ++n)
+    ok = ok && ok8(p.Rv[n]) && ok8(p.Rt[n]) && ok8(p.Rvp[n]) && ok8(p.Rtp[n]) && ok4(p.z[n]);
+  for (int k = 1; k <= p.NF; ++k) ok = ok && ok4(p.F[k]) && ok4(p.xF[k]) && ok4(p.zF[k]);
+  for (int k = 1; k <= p.NQ; ++k)
+    ok = ok && ok4(p.q1[k]) && ok4(p.x1[k]) && ok4(p.q2[k]) && ok4(p.x2[k]) && ok4(p.zq[k]);
+  return ok;
 }
 
 }  // namespace
@@ -550,38 +631,40 @@ std::string Problem_Text(const ProblemData& p, ProblemLabels labels) {
   line(std::string(Program_Name()) + (pr ? " Version " : "Version ") + Version_Text());
   line("Units : daN cm");
   line(pr ? "Nb Elements   E   G" : "Nb Elements, E, G");
-  line(std::to_string(p.NB) + Field(Number_To_Text(p.E), 15) + Field(Number_To_Text(p.G), 15));
+  line(std::to_string(p.NB) + Field(p.E, 15, Real8) + Field(p.G, 15, Real8));
   line(pr ? "Elements : i  Li  Izi  Iti  Iwi  Betazi  Kti  Kvpi  Ktpi"
           : "Elements : n, L, Iz, It, Iw, Betaz, Kt, Kvp, Ktp");
   for (int n = 1; n <= p.NB; ++n)
-    line(Format_Fixed(n, 3, 0) + Field(p.L[n], 9, 2) + Field(p.Iz[n], 12, 2) +
-         Field(p.It[n], 12, 2) + Field(p.Iw[n], 14, 1) + Field(p.Betaz[n], 8, 2) +
-         Field(p.Kt[n], 14, 2) + Field(p.Kvp[n], 14, 2) + Field(p.Ktp[n], 14, 2));
+    line(Format_Fixed(n, 3, 0) + Field(p.L[n], 9, Real4) + Field(p.Iz[n], 12, Real4) +
+         Field(p.It[n], 12, Real4) + Field(p.Iw[n], 14, Real4) + Field(p.Betaz[n], 8, Real4) +
+         Field(p.Kt[n], 14, Real8) + Field(p.Kvp[n], 14, Real8) + Field(p.Ktp[n], 14, Real8));
   line(pr ? "Nodes : i  Rvi  Rti  Rvpi  Rtpi  zi" : "Nodes : n, Rv, Rt, Rvp, Rtp, z");
   for (int n = 1; n <= p.NN(); ++n)
-    line(Format_Fixed(n, 3, 0) + Field(p.Rv[n], 15, 2) + Field(p.Rt[n], 15, 2) +
-         Field(p.Rvp[n], 15, 2) + Field(p.Rtp[n], 15, 2) + Field(p.z[n], 10, 2));
+    line(Format_Fixed(n, 3, 0) + Field(p.Rv[n], 15, Real8) + Field(p.Rt[n], 15, Real8) +
+         Field(p.Rvp[n], 15, Real8) + Field(p.Rtp[n], 15, Real8) + Field(p.z[n], 10, Real4));
   line(pr ? "Elements : i   M1i   M2i" : "Elements : n, M1, M2");
   for (int n = 1; n <= p.NB; ++n)
-    line(Format_Fixed(n, 3, 0) + Field(p.M1[n], 14, 1) + Field(p.M2[n], 14, 1));
+    line(Format_Fixed(n, 3, 0) + Field(p.M1[n], 14, Real4) + Field(p.M2[n], 14, Real4));
   line("Member Loads");
   line("NF NQ");
   line(std::to_string(p.NF) + " " + std::to_string(p.NQ));
   if (p.NF > 0) {
     line(pr ? "Fi  xi  zFi" : "F, x, z");
     for (int k = 1; k <= p.NF; ++k)
-      line(Field(p.F[k], 12, 1) + Field(p.xF[k], 10, 2) + Field(p.zF[k], 10, 2));
+      line(Field(p.F[k], 12, Real4) + Field(p.xF[k], 10, Real4) + Field(p.zF[k], 10, Real4));
   }
   if (p.NQ > 0) {
     line(pr ? "q1i  x1i  q2i  x2i  zqi" : "q1, x1, q2, x2, z");
     for (int k = 1; k <= p.NQ; ++k)
-      line(Field(p.q1[k], 12, 3) + Field(p.x1[k], 10, 2) + Field(p.q2[k], 12, 3) +
-           Field(p.x2[k], 10, 2) + Field(p.zq[k], 10, 2));
+      line(Field(p.q1[k], 12, Real4) + Field(p.x1[k], 10, Real4) + Field(p.q2[k], 12, Real4) +
+           Field(p.x2[k], 10, Real4) + Field(p.zq[k], 10, Real4));
   }
   return s;
 }
 
 bool Write_ProblemFile(const std::string& path, const ProblemData& p, ProblemLabels labels) {
+  // a value no reader could take back ("Inf") is never written
+  if (!Writable(p)) return false;
   return Write_File_Atomic(path, Problem_Text(p, labels));
 }
 

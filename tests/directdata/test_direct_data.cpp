@@ -197,10 +197,83 @@ TEST_F(DirectData, AShortFileKeepsWhatWasRead) {
   DirectDataSheet s = New_DirectData(60);
   const ReadOutcome r = Read_FileZVK(path, s);
   EXPECT_FALSE(r.Ok);
-  EXPECT_TRUE(r.Message.empty());
+  // 3 labels, the sizes, a label, 50 elements, a label, node 1: line 58 is missing
+  EXPECT_EQ(r.Line, 58);
+  EXPECT_EQ(r.Message, "The problem file can't be read: reading stopped at line 58. The file ends before all its data.");
   EXPECT_EQ(Num_Of_Text(s.Grd_Elements.TextMatrix(2, 1)), 12.5);
   EXPECT_EQ(s.Grd_Restraints.TextMatrix(4, 1), "");
   EXPECT_FALSE(Read_FileZVK(Scratch("MISSING.ZVK"), s).Ok);
+}
+
+// Typed digits reach the file and come back as typed: 1.005 cm elements
+// (2.01 m in 200) and an It of 0.692 cm4, which two decimals would change.
+TEST_F(DirectData, TypedDigitsGoThroughTheFileUnchanged) {
+  DirectDataSheet s = New_DirectData(200);
+  for (int r = 2; r <= 201; ++r) s.Grd_Elements.Set_TextMatrix(r, 1, "1.005");
+  s.Grd_Elements.Set_TextMatrix(7, 3, "0.692");
+  s.Grd_Restraints.Set_TextMatrix(9, 1, "12345678.125");  // a double field
+  const std::string path = Scratch("DIGITS.ZVK");
+  ASSERT_TRUE(Save_FileZVK(path, s));
+  DirectDataSheet back = New_DirectData(50);
+  ASSERT_TRUE(Read_FileZVK(path, back).Ok);
+  EXPECT_EQ(back.Grd_Elements.TextMatrix(201, 1), "1.005");
+  EXPECT_EQ(back.Grd_Elements.TextMatrix(7, 3), "0.692");
+  EXPECT_EQ(back.Grd_Restraints.TextMatrix(9, 1), "12345678.125");
+}
+
+// "1e400" is no number of any field, "1e39" none of a single-precision one
+// (lengths, section constants, heights, moments, loads) though a spring may
+// be that stiff: refused in a file, where the reading stops at its line, in a
+// cell, where nothing is saved, and in E and G.
+TEST_F(DirectData, AValueBeyondItsFieldIsRefused) {
+  const std::string path = Scratch("RANGE.ZVK");
+  ASSERT_TRUE(Save_FileZVK(path, New_DirectData(50)));
+  const std::string good = Slurp(path);
+  auto with = [&good](const std::string& from, const std::string& to) {
+    std::string t = good;
+    const size_t at = t.find(from);
+    EXPECT_NE(at, std::string::npos) << from;
+    if (at != std::string::npos) t.replace(at, from.size(), to);
+    return t;
+  };
+  struct {
+    const char *from, *to;
+    bool ok;
+    int line;
+    const char* message;
+  } cases[] = {
+      // element 4 stands on line 5 + 4
+      {"\n  4       10 ", "\n  4    1e400 ", false, 9, "\"1e400\" is beyond the range of its field."},
+      {"\n  4       10      603.78 ", "\n  4       10        1e39 ", false, 9,
+       "\"1e39\" is beyond the range of its field."},
+      {"\n  4       10 ", "\n  4      ten ", false, 9, "\"ten\" stands where a number was expected."},
+      // node 3 on line 56 + 3: a restraint of 1e39 is a double
+      {"\n  3              0 ", "\n  3           1e39 ", true, 0, ""},
+  };
+  for (const auto& c : cases) {
+    Put(path, with(c.from, c.to));
+    DirectDataSheet s = New_DirectData(50);
+    const ReadOutcome r = Read_FileZVK(path, s);
+    EXPECT_EQ(r.Ok, c.ok) << c.to;
+    if (c.ok) continue;
+    EXPECT_EQ(r.Line, c.line) << c.to;
+    EXPECT_NE(r.Message.find("stopped at line " + std::to_string(c.line) + ". " + c.message), std::string::npos)
+        << r.Message;
+  }
+
+  DirectDataSheet s = New_DirectData(50);
+  s.Grd_Elements.Set_TextMatrix(5, 2, "1e39");
+  Cell_Ref bad;
+  Put(path, "old contents\n");
+  EXPECT_FALSE(Save_FileZVK(path, s, &bad));
+  EXPECT_TRUE(bad.Out_Of_Range);
+  EXPECT_EQ(bad.Row * 10 + bad.Col, 52);
+  EXPECT_EQ(Slurp(path), "old contents\n");
+  s.Grd_Elements.Set_TextMatrix(5, 2, "603.78");
+  s.Grd_Elements.Set_TextMatrix(5, 6, "1e39");  // a twist link, double
+  EXPECT_TRUE(Save_FileZVK(path, s));
+  s.Txt_E = "1e400";
+  EXPECT_EQ(IsDataWrong(s).Field, Header_Field::E);
 }
 
 }  // namespace

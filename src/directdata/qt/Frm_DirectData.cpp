@@ -36,6 +36,9 @@ namespace {
 QString Lang_Text(const std::string& text) { return QString::fromStdString(Cp1252_To_Utf8(text)); }
 QString Q(const std::string& s) { return QString::fromStdString(s); }
 std::string S(const QString& s) { return s.toStdString(); }
+// A file name of the system (UTF-8) in a box whose texts are the language's
+// (Windows-1252, Latin-1 for letters).
+std::string Box_Text(const std::string& utf8) { return QString::fromStdString(utf8).toLatin1().toStdString(); }
 
 constexpr const char* Font_Family = "Liberation Sans";
 constexpr const char* Problem_Ext = ".ZVK";
@@ -81,6 +84,21 @@ QWidget* Grid_Delegate::createEditor(QWidget* parent, const QStyleOptionViewItem
   }
   editor_ = w;
   return w;
+}
+
+void Grid_Delegate::setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const {
+  if (auto* le = qobject_cast<QLineEdit*>(editor)) {
+    const std::string t = S(le->text());
+    if (Is_Numeric(t) && !Value_InRange(t, Column_Single(grid_->Kind(), index.column() + Grid_FixedCols))) {
+      // "1e400": the cell keeps its old text, and the box says why once the
+      // editor is closed
+      QTimer::singleShot(0, grid_, [g = QPointer<Data_Grid>(grid_)] {
+        if (g && g->Show_OutOfRange) g->Show_OutOfRange();
+      });
+      return;
+    }
+  }
+  QStyledItemDelegate::setModelData(editor, model, index);
 }
 
 QLineEdit* Grid_Delegate::Editor() const { return qobject_cast<QLineEdit*>(editor_.data()); }
@@ -283,8 +301,12 @@ void Data_Grid::Paste() {
   if (!clip || rowCount() == 0) return;
   const QString text = clip->text();
   if (text.isEmpty()) return;
-  const Paste_Result r = Paste_Text(*this, S(text));
-  if (r.Outcome == Paste_Outcome::Not_Numeric && Show_NotNumeric) Show_NotNumeric();
+  const Paste_Result r = Paste_Text(*this, S(text), [this](int, int col, const std::string& t) {
+    return Value_InRange(t, Column_Single(kind_, col));
+  });
+  if (r.Outcome != Paste_Outcome::Not_Numeric) return;
+  if (r.Out_Of_Range && Show_OutOfRange) Show_OutOfRange();
+  else if (!r.Out_Of_Range && Show_NotNumeric) Show_NotNumeric();
 }
 
 void Data_Grid::Delete_Selection() {
@@ -459,6 +481,7 @@ Frm_DirectData::Frm_DirectData(const std::string& file_External, const std::stri
     auto* g = new Data_Grid(Kinds[i], Cdr_Trad[i + 1]);
     g->setObjectName(grid_names[i]);
     g->Show_NotNumeric = [this] { Show_Exclamation(Msg(75)); };
+    g->Show_OutOfRange = [this] { Show_Exclamation(Text_OutOfRange()); };
     g->Show_Selection = [this](bool shown, const QString& caption) {
       Lbl_SelectedMatrix->setText(caption);
       Lbl_SelectedMatrix->setVisible(shown);
@@ -522,13 +545,14 @@ Frm_DirectData::Frm_DirectData(const std::string& file_External, const std::stri
   // Form_Load
   Translate_Form();
   Tab_Data->setCurrentIndex(0);
-  if (file_External_ != Msg(40)) {
+  // a file of the user's is read; the two stand-ins name no file on disk
+  if (Is_UserProblemFile(file_External_)) {
     DirectDataSheet s = New_DirectData(nb_New);
     const ReadOutcome r = Read_FileZVK(file_External_, s);
     Set_Sheet(s);
     if (!r.Ok) {
       // shown once the window is up
-      if (!r.Message.empty()) QTimer::singleShot(0, this, [this, m = r.Message] { Show_Exclamation(m); });
+      QTimer::singleShot(0, this, [this, r, name = file_External_] { Read_Failed(name, r); });
       file_External_ = Msg(81);
     }
   } else {
@@ -707,12 +731,18 @@ void Frm_DirectData::Menu_Edit_Opening() {
   Menu_Edit_Paste->setEnabled(grid && clip && clip->mimeData() && clip->mimeData()->hasText());
 }
 
+// The box of a file that can't be read: its name and what was wrong, over
+// the cells read before the stop.
+void Frm_DirectData::Read_Failed(const std::string& name, const ReadOutcome& r) {
+  if (!r.Message.empty()) Show_Exclamation(Box_Text(name) + "\n" + r.Message);
+}
+
 bool Frm_DirectData::Save_To(const std::string& name) {
   Cell_Ref bad;
   const DirectDataSheet s = Sheet();
   if (Find_NonNumericCell(s, bad)) {
-    // an emptied or mistyped cell: nothing is written
-    Show_Exclamation(Msg(43));
+    // an emptied or mistyped cell, or "1e400": nothing is written
+    Show_Exclamation(bad.Out_Of_Range ? Text_OutOfRange() : Msg(43));
     const int tab = 1 + std::min((int)bad.Grid, 3);
     tab_Locked_ = true;
     Tab_Data->setCurrentIndex(tab);
@@ -740,8 +770,9 @@ void Frm_DirectData::Menu_File_Open() {
   Set_Sheet(s);
   NF_Changed = NQ_Changed = false;
   if (!r.Ok) {
-    if (!r.Message.empty()) Show_Exclamation(r.Message);
     file_External_ = Msg(81);
+    Set_Title();
+    Read_Failed(chosen, r);
   }
   emit File_External_Changed(File_Text());
   emit Results_Cleared();
@@ -752,7 +783,9 @@ void Frm_DirectData::Menu_File_Save() {
   if (IsDataWrong()) return;
   Commit_Editors();
   Prepare_Pending();
-  if (!file_External_.empty() && file_External_ != Msg(40)) {
+  // a new problem, or one whose file couldn't be read, has no file of the
+  // user's yet: Save asks for a name (never "Untitled" in the folder)
+  if (Is_UserProblemFile(file_External_)) {
     Save_To(file_External_);
     emit Results_Cleared();
   } else {
@@ -764,7 +797,7 @@ void Frm_DirectData::Menu_File_SaveAs() {
   if (IsDataWrong()) return;
   Commit_Editors();
   Prepare_Pending();
-  const std::string offered = file_External_ == Msg(40) ? std::string("*") + Problem_Ext : file_External_;
+  const std::string offered = Is_UserProblemFile(file_External_) ? file_External_ : std::string("*") + Problem_Ext;
   std::string chosen = Choose_File(2, offered);
   if (chosen.empty() || chosen.find('*') != std::string::npos) return;
   // a name typed with another extension is refused

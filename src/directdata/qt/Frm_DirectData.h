@@ -42,6 +42,8 @@ class Grid_Delegate : public QStyledItemDelegate {
  public:
   explicit Grid_Delegate(Data_Grid* grid);
   QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+  // A number beyond the range of its field doesn't reach the cell.
+  void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
   // The cell takes the text being typed, and the editor closes.
   void Commit_Editor();
   QLineEdit* Editor() const;
@@ -89,6 +91,7 @@ class Data_Grid : public QTableWidget, public Grid_Access {
 
   // Set by the window.
   std::function<void()> Show_NotNumeric;                   // the Msg(75) box
+  std::function<void()> Show_OutOfRange;                   // a value beyond its field
   std::function<void(bool shown, const QString& caption)> Show_Selection;  // Lbl_SelectedMatrix
   std::function<void(const QPoint& global)> Show_EditMenu;  // right button
 
@@ -209,6 +212,7 @@ class Frm_DirectData : public QDialog {
   QString File_Text() const;
   void Commit_Editors();
   bool Save_To(const std::string& name);
+  void Read_Failed(const std::string& name, const ReadOutcome& r);
   void Menu_Edit_Opening();
   void Centre_OnScreen();
 

@@ -29,6 +29,7 @@
 #include <QVBoxLayout>
 
 #include "analysis/DirectSolve.h"
+#include "directdata/DirectData.h"
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
 #include "model/DataEntry.h"
@@ -1594,6 +1595,17 @@ void Frm_Zarvek::Cmd_Proceed_Click() {
       Show_Message("Mmax = 0 ! - " + Msg(3));
       return;
     }
+  } else {
+    // file-data mode: a file of the user's, never a stray "Untitled"
+    if (!Is_UserProblemFile(File_External)) {
+      Show_Message(Text_NoProblemFile());
+      return;
+    }
+    // the results of the last file don't stand while this one is solved
+    InitProcessInfo(m_);
+    InitEffortsInfo(m_);
+    Refresh_FromModel();
+    Erase(Img_Eigenmode);
   }
   QElapsedTimer clock;
   clock.start();
@@ -1615,13 +1627,22 @@ void Frm_Zarvek::Cmd_Proceed_Click() {
   if (lastRun_.Solve_Status != 0) {
     if (externalMode_) noForces_ = true;
     Refresh_FromModel();
-    Show_Message(lastRun_.Message, lastRun_.Solve_Status);
+    if (externalMode_) {
+      // the user's file is at fault: which file, and what the solver found
+      QMessageBox::warning(this, QString("%1 (%2)").arg(lastRun_.Solve_Status).arg(Program_Name()),
+                           QString::fromLocal8Bit(File_External.c_str()) + "\n" + Lang(lastRun_.Message) +
+                               QString(" (%1)").arg(lastRun_.Solve_Status));
+    } else {
+      Show_Message(lastRun_.Message, lastRun_.Solve_Status);
+    }
     Update_Commands();
     return;
   }
   // the text of the run stands in the comment line
   m_.Lbl_Comment = lastRun_.Message;
   Refresh_FromModel();
+  // the mesh of the problem file, not the element count of the main window
+  if (externalMode_) st_.NB = lastRun_.Solver.NB;
   Tracer_VecteurPropre();
   if (externalMode_) Tracer_Efforts();
   Update_Commands();

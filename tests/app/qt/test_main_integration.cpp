@@ -31,7 +31,9 @@
 #include "tools/qt/Frm_Help.h"
 #include "tools/qt/start_dir.h"
 #include "tools/qt/Frm_Properties.h"
+#include "directdata/DirectData.h"
 #include "directdata/qt/Frm_DirectData.h"
+#include "solver/Example.h"
 #include "view3d/qt/Frm_EigenVector3D.h"
 
 using namespace zarvek;
@@ -267,6 +269,87 @@ private slots:
     QVERIFY(!w_->ExternalMode());
     for (int p = 0; p < 4; ++p) QVERIFY(w_->Tab_Zarvek->isTabEnabled(p));
     QVERIFY(w_->Cmd_Draw3D->isEnabled());
+  }
+
+  // A problem file of 300 elements while the main window's list says 100:
+  // the mode is drawn over the file's 301 nodes (the half sine of a span on
+  // forks comes back to the axis at the right end). A second run of a file
+  // that fails clears the results and the mode of the first, and the box
+  // names the file; F5 with no file of the user's solves nothing.
+  void externalModeFollowsTheSolvedFile() {
+    QStringList boxes;
+    Close_Boxes(&boxes);
+    w_->Menu_Tools_External->trigger();
+    QVERIFY(w_->ExternalMode());
+    const std::string path = start_->path() + "/B300.ZVK";
+    ProblemData p = Fork_Beam_Uniform_Moment(300, 1000.0, 1e6);
+    QVERIFY(Write_ProblemFile(path, p, ProblemLabels::SaveFileZVK));
+    chosen_ << QString::fromStdString(path);
+    bool seen = false;
+    When_Modal<QDialog>([](QDialog* d) {
+      if (auto* e = qobject_cast<Frm_DirectData*>(d)) e->Choose_File = [](int, const std::string&) { return std::string(); };
+      d->reject();
+    }, &seen);
+    w_->Menu_File_Open_Action->trigger();
+    QVERIFY(seen);
+    QCOMPARE(w_->File_External, path);
+
+    // F5 in the main window, active again once a modal window has closed
+    auto f5 = [this] {
+      QApplication::setActiveWindow(w_.get());
+      QVERIFY(QTest::qWaitForWindowActive(w_.get()));
+      QTest::keyClick(w_.get(), Qt::Key_F5);
+    };
+    shown_.clear();
+    f5();
+    QVERIFY2(!shown_.isEmpty(), "F5 did nothing");
+    const double mucr = Num_Of_Text(E("Txt_mucr")->text().toStdString());
+    QVERIFY2(std::fabs(mucr / Mucr_Example() - 1) < 2e-3, qPrintable(E("Txt_mucr")->text()));
+
+    // the v curve near the right end of its frame lies on the axis
+    const QImage img = w_->Img_Eigenmode->imageSurface().Image();
+    const Colour v = w_->Diagrams().Color_v;
+    const QRgb blue = qRgb(v & 0xFF, (v >> 8) & 0xFF, (v >> 16) & 0xFF);
+    const int right = (int)std::lround(img.width() * 0.95), mid = img.height() / 2;
+    int found = 0, far = 0;
+    for (int x = right - 4; x < right; ++x)
+      for (int y = 0; y < img.height(); ++y)
+        if (img.pixel(x, y) == blue) ++found, far += std::abs(y - mid) > 4;
+    QVERIFY(found > 0);
+    QCOMPARE(far, 0);
+
+    // a file that fails (no moment, status 112)
+    for (int e = 1; e <= 300; ++e) p.M1[e] = p.M2[e] = 0;
+    QVERIFY(Write_ProblemFile(path, p, ProblemLabels::SaveFileZVK));
+    QString text;
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    seen = false;
+    When_Modal<QMessageBox>([&](QMessageBox* b) {
+      text = b->text();
+      icon = b->icon();
+      b->accept();
+    }, &seen);
+    f5();
+    QVERIFY(seen);
+    QCOMPARE(icon, QMessageBox::Warning);
+    QVERIFY2(text.contains(QString::fromStdString(path)) && text.contains("(112)"), qPrintable(text));
+    for (const char* f : {"Txt_mucr", "Txt_Mcr", "Txt_Mmax(0)"}) QCOMPARE(E(f)->text(), QString("0"));
+    const QImage after = w_->Img_Eigenmode->imageSurface().Image();
+    bool blank = true;
+    for (int y = 0; y < after.height() && blank; y += 2)
+      for (int x = 0; x < after.width() && blank; x += 2) blank = after.pixel(x, y) == after.pixel(0, 0);
+    QVERIFY2(blank, "the mode of the first file is still drawn");
+
+    // what a failed read leaves: no file of the user's, though a stray
+    // "Untitled" may lie in the working folder
+    const QString stray = QString::fromStdString(Msg(81));
+    QVERIFY(Write_ProblemFile(stray.toStdString(), Fork_Beam_Uniform_Moment(50, 500.0, 1e6), ProblemLabels::Proceed));
+    w_->File_External = Msg(81);
+    shown_.clear();
+    f5();
+    QFile::remove(stray);
+    QCOMPARE(shown_, QStringList{QString::fromStdString(Cp1252_To_Utf8(Text_NoProblemFile()))});
+    QCOMPARE(E("Txt_mucr")->text(), QString("0"));
   }
 
   // ---- windows of the results -------------------------------------------
