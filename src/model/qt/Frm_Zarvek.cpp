@@ -297,6 +297,9 @@ QComboBox* Frm_Zarvek::Restraint(const char* name) {
   c->setMinimumContentsLength(7);
   Bind(name, c);
   const size_t i = bindings_.size() - 1;
+  // the keys reach the list itself (its line is a focus proxy of the list),
+  // and the list hands them to its line without asking any filter
+  c->installEventFilter(this);
   c->lineEdit()->installEventFilter(this);
   byWidget_[c->lineEdit()] = i;
   connect(c, qOverload<int>(&QComboBox::activated), this,
@@ -1290,6 +1293,7 @@ bool Frm_Zarvek::eventFilter(QObject* watched, QEvent* event) {
   const Binding* b = Binding_Of(watched);
   if (!b) return QMainWindow::eventFilter(watched, event);
   auto* edit = qobject_cast<QLineEdit*>(watched);
+  if (auto* list = qobject_cast<QComboBox*>(watched)) edit = list->lineEdit();
   if (!edit) return false;
 
   if (type == QEvent::FocusIn) {
@@ -1319,8 +1323,9 @@ bool Frm_Zarvek::eventFilter(QObject* watched, QEvent* event) {
     }
     if (b->def->name == std::string("Txt_Psi")) m_.Psi_Previous = Plain(edit->text());
     const QString text = k->text();
-    if (text.isEmpty() || text.at(0).unicode() < 32 || (k->modifiers() & Qt::ControlModifier))
-      return false;
+    if (text.isEmpty() || text.at(0).unicode() < 32 || text.at(0).unicode() == 127 ||
+        (k->modifiers() & Qt::ControlModifier))
+      return false;  // editing keys (Backspace, Delete) and shortcuts
     int key = text.at(0).unicode();
     if (b->def->filter == KeyFilter::UnsignedExp && key == 'E') return false;
     const int mode = b->def->filter == KeyFilter::Signed ? 0 : 1;
