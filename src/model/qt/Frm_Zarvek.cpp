@@ -196,9 +196,8 @@ void Frm_Zarvek::Build_Menus() {
   });
   connect(Menu_Tools_Options, &QAction::triggered, this, [this] {
     if (!Hooks.Options) return;
-    Hooks.Options();
-    // unit changes reach the section
-    if (!m_.RefreshLocked) Cmd_Dimensions_Click();
+    // unit changes reach the section; a cancel leaves the window as it was
+    if (Hooks.Options() && !m_.RefreshLocked) Cmd_Dimensions_Click();
   });
 
   Menu_Quid = menuBar()->addMenu("?");
