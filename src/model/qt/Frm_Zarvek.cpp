@@ -506,6 +506,7 @@ QWidget* Frm_Zarvek::Build_Page_Beam() {
   Img_Section = new SurfaceWidget(section);
   Img_Section->setObjectName("Img_Section");
   Img_Section->setDesignSize(Section_Width, Section_Height);
+  Img_Section->setKeepProportions(true);  // the drawing is scaled on the height alone
   Img_Section->setMinimumSize(160, 160);
   sv->addWidget(Img_Section, 1, 1);
   sv->setColumnStretch(0, 3);
@@ -691,7 +692,8 @@ QWidget* Frm_Zarvek::Build_Page_Loads() {
   Img_Forces = new SurfaceWidget(forcesFrame_);
   Img_Forces->setObjectName("Img_Forces");
   Img_Forces->setDesignSize(Forces_Width, Forces_Height);
-  Img_Forces->setMinimumSize(240, 90);
+  // high enough for the "+" printed at 0.9 of the height
+  Img_Forces->setMinimumSize(240, std::max(90, Img_Forces->Least_Height_For_Text(0.9, "+")));
   Img_Forces->setMouseTracking(true);
   Lbl_Display_InfoMV = new QLabel(Img_Forces);
   Lbl_Display_InfoMV->setObjectName("Lbl_Display_InfoMV");
@@ -833,7 +835,7 @@ QWidget* Frm_Zarvek::Build_Page_Results() {
   Img_Eigenmode = new SurfaceWidget(mode);
   Img_Eigenmode->setObjectName("Img_Eigenmode");
   Img_Eigenmode->setDesignSize(Eigenmode_Width, Eigenmode_Height);
-  Img_Eigenmode->setMinimumSize(240, 120);
+  Img_Eigenmode->setMinimumSize(240, std::max(120, Img_Eigenmode->Least_Height_For_Text(0.9, "+")));
   Img_Eigenmode->setMouseTracking(true);
   Lbl_Display_InfoEigen = new QLabel(Img_Eigenmode);
   Lbl_Display_InfoEigen->setObjectName("Lbl_Display_InfoEigen");
