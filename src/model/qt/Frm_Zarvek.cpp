@@ -480,7 +480,9 @@ QWidget* Frm_Zarvek::Build_Page_Beam() {
   Cmd_MoreProperties->setObjectName("Cmd_MoreProperties");
   connect(Cmd_MoreProperties, &QPushButton::clicked, this, [this] {
     if (!Hooks.MoreProperties) return;
+    // the section on screen, also right after a project was opened
     if (Trim(m_.Txt_Iz[2]).empty()) Cmd_Dimensions_Click();
+    else Refresh_SectionProps(m_);
     if (!Trim(m_.Txt_Iz[2]).empty()) Hooks.MoreProperties();
   });
   dims->addWidget(Cmd_Dimensions, row, 1);
