@@ -850,10 +850,12 @@ QWidget* Frm_Zarvek::Build_Page_Results() {
     if (!loading_) Tracer_VecteurPropre();
   });
   auto* side = new QVBoxLayout;
-  const std::pair<const char*, QColor> curves[] = {{"Chk_v", QColor(0, 0, 255)},
-                                                   {"Chk_t", QColor(0, 0, 0)},
-                                                   {"Chk_vp", QColor(255, 0, 0)},
-                                                   {"Chk_tp", QColor(0, 165, 0)}};
+  // the curve colours of every drawing of the mode (screen, report, files)
+  const DiagramState hues;
+  const std::pair<const char*, QColor> curves[] = {{"Chk_v", To_QColor(hues.Color_v)},
+                                                   {"Chk_t", To_QColor(hues.Color_t)},
+                                                   {"Chk_vp", To_QColor(hues.Color_vp)},
+                                                   {"Chk_tp", To_QColor(hues.Color_tp)}};
   const QString sym[] = {"v", QString::fromUtf8("\u03B8"), QString::fromUtf8("v\u2032"),
                          QString::fromUtf8("\u03B8\u2032")};
   for (int k = 0; k < 4; ++k) {
