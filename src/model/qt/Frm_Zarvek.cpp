@@ -930,6 +930,7 @@ bool Frm_Zarvek::Form_Load() {
     return false;
   }
   Refresh_FromModel();
+  Tab_Zarvek->setCurrentIndex(std::clamp(m_.Tab_Zarvek, 0, 3));  // the page of the default file
   Show_Shown(r.Shown);
   Update_Commands();
 
@@ -1380,6 +1381,7 @@ void Frm_Zarvek::Move_ForcesFrame(int page) {
 }
 
 void Frm_Zarvek::Tab_Zarvek_Change(int page) {
+  if (!externalMode_) m_.Tab_Zarvek = page;  // the project keeps the page in view
   if (page == 2 || page == 3) Move_ForcesFrame(page);
   helpContext_ = Help_Context[std::clamp(page, 0, 3)];
   if (m_.RefreshLocked || loading_) return;
@@ -1661,6 +1663,13 @@ bool Frm_Zarvek::Open_Project(const std::string& name) {
   if (!r.ok) {
     Show_Message(r.Error_Text);
     return false;
+  }
+  {
+    // the page the project was saved on, its drawings made below
+    const bool was = m_.RefreshLocked;
+    m_.RefreshLocked = true;
+    Tab_Zarvek->setCurrentIndex(std::clamp(m_.Tab_Zarvek, 0, 3));
+    m_.RefreshLocked = was;
   }
   if (!r.Dialog_Dir.empty()) dialogDir_ = QString::fromLocal8Bit(r.Dialog_Dir.c_str());
   s_.Dir_Data = dialogDir_.toLocal8Bit().toStdString();
