@@ -205,6 +205,14 @@ SectionDims Dimensions_Of(const BeamModel& m) {
   return d;
 }
 
+bool Refresh_SectionProps(BeamModel& m) {
+  SectionProps props;
+  bool invalid = true;
+  Calculer_SectionIMono(Dimensions_Of(m), m.Tab_Dim, m.Opt_Dimensions, props, invalid);
+  if (!invalid) m.Section_Props = props;
+  return !invalid;
+}
+
 DimensionsResult Cmd_Dimensions(BeamModel& m) {
   DimensionsResult out;
   if (!m.RefreshLocked) {

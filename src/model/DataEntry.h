@@ -74,6 +74,13 @@ struct DimensionsResult {
 };
 DimensionsResult Cmd_Dimensions(BeamModel& m);
 
+// The section record (area, moduli ... for More properties) of the section
+// confirmed by the dimensions route, worked out again from the dimensions as
+// they stand: a project read from a file brings the texts of slot 2 but not
+// the record behind them. Nothing else changes. False (record unchanged)
+// when the dimensions give no section.
+bool Refresh_SectionProps(BeamModel& m);
+
 // Reads the dimension fields into cm.
 SectionDims Dimensions_Of(const BeamModel& m);
 

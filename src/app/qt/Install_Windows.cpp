@@ -74,7 +74,7 @@ void Install_Windows(Frm_Zarvek& f) {
       });
       QObject::connect(options, &Frm_Options::optionsApplied, &f, [&f] { f.Refresh_FromModel(); });
     }
-    options->Show_Modal();
+    return options->Show_Modal() == QDialog::Accepted;
   };
 
   f.Hooks.Catalogue = [&f] {

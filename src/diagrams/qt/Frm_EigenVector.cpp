@@ -21,6 +21,7 @@
 
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
+#include "foundation/qt/Translate_Form.h"
 
 namespace zarvek {
 
@@ -133,8 +134,7 @@ void Frm_EigenVector::Translate_Form() {
   Menu_File_Quit_->setText(Lang(1, 8, "&Quit"));
   Menu_Edit_->setTitle(Lang(1, 9, "&Edit"));
   Menu_Quid_Help_->setText(Lang(1, 17, "&Help"));
-  const bool fr = Section_Line(0, 1).rfind("Fran", 0) == 0;
-  Menu_File_SaveCsv_->setText(fr ? QStringLiteral("Enregistrer en &CSV...") : QStringLiteral("Save as &CSV..."));
+  Menu_File_SaveCsv_->setText(Lang_Further("Menu_File_SaveCsv", "Save as &CSV..."));
 }
 
 void Frm_EigenVector::PrepareAndFill_GrdEigen() {
@@ -257,7 +257,7 @@ bool Frm_EigenVector::Save_Csv(const QString& path, QString* error) const {
   // with a byte order mark, so that spreadsheets read the Greek headings as UTF-8
   const QByteArray bytes = QByteArray("\xEF\xBB\xBF") + Csv_Text().toUtf8();
   if (Write_File_Atomic(path.toStdString(), std::string(bytes.constData(), bytes.size()))) return true;
-  if (error) *error = path + QStringLiteral(": the file can't be written");
+  if (error) *error = path + ": " + Lang_Further("Csv_NotWritten", "the file can't be written");
   return false;
 }
 

@@ -233,20 +233,45 @@ void SurfaceWidget::setDesignSize(double widthTwips, double heightTwips) {
   updateGeometry();
 }
 
+int SurfaceWidget::Least_Height_For_Text(double topFraction, const std::string& text) const {
+  const QFont f = Surface_Font(surface_.FontName(), surface_.FontSize() * 20.0 / twipsPerPixel(),
+                               surface_.FontBold());
+  const QFontMetricsF fm(f);
+  // Print puts the top of the line at the point; the ink ends this far below
+  const double ink = fm.ascent() + fm.tightBoundingRect(QString::fromStdString(text)).bottom();
+  return (int)std::ceil((ink + 1) / (1 - topFraction));
+}
+
+void SurfaceWidget::setKeepProportions(bool keep) {
+  keepProportions_ = keep;
+  if (isVisible()) resizeEvent(nullptr);
+}
+
 void SurfaceWidget::paintEvent(QPaintEvent*) {
   QPainter p(this);
   p.fillRect(rect(), To_QColor(0xE0E0E0));
-  p.drawImage(QPointF(0, 0), surface_.Image());
+  p.drawImage(QPointF(origin_), surface_.Image());
 }
 
 void SurfaceWidget::resizeEvent(QResizeEvent*) {
   const double t = twipsPerPixel();
-  surface_.Resize(width() * t, height() * t, t, devicePixelRatioF());
+  int w = width(), h = height();
+  if (keepProportions_ && designW_ > 0 && designH_ > 0) {
+    // the narrower side decides
+    if (w * designH_ > h * designW_) w = (int)std::floor(h * designW_ / designH_);
+    else h = (int)std::floor(w * designH_ / designW_);
+  }
+  origin_ = QPoint((width() - w) / 2, (height() - h) / 2);
+  surface_.Resize(w * t, h * t, t, devicePixelRatioF());
   emit resized();
 }
 
-double SurfaceWidget::toX(double px) const { return surface_.FromTwipsX(px * twipsPerPixel()); }
-double SurfaceWidget::toY(double py) const { return surface_.FromTwipsY(py * twipsPerPixel()); }
+double SurfaceWidget::toX(double px) const {
+  return surface_.FromTwipsX((px - origin_.x()) * twipsPerPixel());
+}
+double SurfaceWidget::toY(double py) const {
+  return surface_.FromTwipsY((py - origin_.y()) * twipsPerPixel());
+}
 
 void SurfaceWidget::mouseMoveEvent(QMouseEvent* e) {
   emit mouseMoved(toX(e->position().x()), toY(e->position().y()));

@@ -115,6 +115,14 @@ class SurfaceWidget : public QWidget {
   QSize sizeHint() const override;
   // The size at design, twips (the size hint).
   void setDesignSize(double widthTwips, double heightTwips);
+  // Keeps the proportions of the design size: the picture is the largest
+  // rectangle of those proportions inside the widget, centred on it. A
+  // drawing scaled on the height alone (the section) then always has the
+  // width it was laid out for.
+  void setKeepProportions(bool keep);
+  // The least height, pixels, at which `text` printed at `topFraction` of the
+  // height in the surface's font is seen whole down to its lowest ink.
+  int Least_Height_For_Text(double topFraction, const std::string& text) const;
 
  signals:
   void mouseMoved(double x, double y);
@@ -137,6 +145,8 @@ class SurfaceWidget : public QWidget {
   double toY(double py) const;
   QtImageSurface surface_;
   double designW_ = 7335, designH_ = 1365;
+  bool keepProportions_ = false;
+  QPoint origin_;  // upper left corner of the picture in the widget, pixels
 };
 
 }  // namespace zarvek

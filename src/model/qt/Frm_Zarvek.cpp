@@ -198,9 +198,8 @@ void Frm_Zarvek::Build_Menus() {
   });
   connect(Menu_Tools_Options, &QAction::triggered, this, [this] {
     if (!Hooks.Options) return;
-    Hooks.Options();
-    // unit changes reach the section
-    if (!m_.RefreshLocked) Cmd_Dimensions_Click();
+    // unit changes reach the section; a cancel leaves the window as it was
+    if (Hooks.Options() && !m_.RefreshLocked) Cmd_Dimensions_Click();
   });
 
   Menu_Quid = menuBar()->addMenu("?");
@@ -299,6 +298,9 @@ QComboBox* Frm_Zarvek::Restraint(const char* name) {
   c->setMinimumContentsLength(7);
   Bind(name, c);
   const size_t i = bindings_.size() - 1;
+  // the keys reach the list itself (its line is a focus proxy of the list),
+  // and the list hands them to its line without asking any filter
+  c->installEventFilter(this);
   c->lineEdit()->installEventFilter(this);
   byWidget_[c->lineEdit()] = i;
   connect(c, qOverload<int>(&QComboBox::activated), this,
@@ -480,7 +482,9 @@ QWidget* Frm_Zarvek::Build_Page_Beam() {
   Cmd_MoreProperties->setObjectName("Cmd_MoreProperties");
   connect(Cmd_MoreProperties, &QPushButton::clicked, this, [this] {
     if (!Hooks.MoreProperties) return;
+    // the section on screen, also right after a project was opened
     if (Trim(m_.Txt_Iz[2]).empty()) Cmd_Dimensions_Click();
+    else Refresh_SectionProps(m_);
     if (!Trim(m_.Txt_Iz[2]).empty()) Hooks.MoreProperties();
   });
   dims->addWidget(Cmd_Dimensions, row, 1);
@@ -506,6 +510,7 @@ QWidget* Frm_Zarvek::Build_Page_Beam() {
   Img_Section = new SurfaceWidget(section);
   Img_Section->setObjectName("Img_Section");
   Img_Section->setDesignSize(Section_Width, Section_Height);
+  Img_Section->setKeepProportions(true);  // the drawing is scaled on the height alone
   Img_Section->setMinimumSize(160, 160);
   sv->addWidget(Img_Section, 1, 1);
   sv->setColumnStretch(0, 3);
@@ -691,7 +696,8 @@ QWidget* Frm_Zarvek::Build_Page_Loads() {
   Img_Forces = new SurfaceWidget(forcesFrame_);
   Img_Forces->setObjectName("Img_Forces");
   Img_Forces->setDesignSize(Forces_Width, Forces_Height);
-  Img_Forces->setMinimumSize(240, 90);
+  // high enough for the "+" printed at 0.9 of the height
+  Img_Forces->setMinimumSize(240, std::max(90, Img_Forces->Least_Height_For_Text(0.9, "+")));
   Img_Forces->setMouseTracking(true);
   Lbl_Display_InfoMV = new QLabel(Img_Forces);
   Lbl_Display_InfoMV->setObjectName("Lbl_Display_InfoMV");
@@ -833,7 +839,7 @@ QWidget* Frm_Zarvek::Build_Page_Results() {
   Img_Eigenmode = new SurfaceWidget(mode);
   Img_Eigenmode->setObjectName("Img_Eigenmode");
   Img_Eigenmode->setDesignSize(Eigenmode_Width, Eigenmode_Height);
-  Img_Eigenmode->setMinimumSize(240, 120);
+  Img_Eigenmode->setMinimumSize(240, std::max(120, Img_Eigenmode->Least_Height_For_Text(0.9, "+")));
   Img_Eigenmode->setMouseTracking(true);
   Lbl_Display_InfoEigen = new QLabel(Img_Eigenmode);
   Lbl_Display_InfoEigen->setObjectName("Lbl_Display_InfoEigen");
@@ -846,10 +852,12 @@ QWidget* Frm_Zarvek::Build_Page_Results() {
     if (!loading_) Tracer_VecteurPropre();
   });
   auto* side = new QVBoxLayout;
-  const std::pair<const char*, QColor> curves[] = {{"Chk_v", QColor(0, 0, 255)},
-                                                   {"Chk_t", QColor(0, 0, 0)},
-                                                   {"Chk_vp", QColor(255, 0, 0)},
-                                                   {"Chk_tp", QColor(0, 165, 0)}};
+  // the curve colours of every drawing of the mode (screen, report, files)
+  const DiagramState hues;
+  const std::pair<const char*, QColor> curves[] = {{"Chk_v", To_QColor(hues.Color_v)},
+                                                   {"Chk_t", To_QColor(hues.Color_t)},
+                                                   {"Chk_vp", To_QColor(hues.Color_vp)},
+                                                   {"Chk_tp", To_QColor(hues.Color_tp)}};
   const QString sym[] = {"v", QString::fromUtf8("\u03B8"), QString::fromUtf8("v\u2032"),
                          QString::fromUtf8("\u03B8\u2032")};
   for (int k = 0; k < 4; ++k) {
@@ -924,6 +932,7 @@ bool Frm_Zarvek::Form_Load() {
     return false;
   }
   Refresh_FromModel();
+  Tab_Zarvek->setCurrentIndex(std::clamp(m_.Tab_Zarvek, 0, 3));  // the page of the default file
   Show_Shown(r.Shown);
   Update_Commands();
 
@@ -1293,6 +1302,7 @@ bool Frm_Zarvek::eventFilter(QObject* watched, QEvent* event) {
   const Binding* b = Binding_Of(watched);
   if (!b) return QMainWindow::eventFilter(watched, event);
   auto* edit = qobject_cast<QLineEdit*>(watched);
+  if (auto* list = qobject_cast<QComboBox*>(watched)) edit = list->lineEdit();
   if (!edit) return false;
 
   if (type == QEvent::FocusIn) {
@@ -1322,8 +1332,9 @@ bool Frm_Zarvek::eventFilter(QObject* watched, QEvent* event) {
     }
     if (b->def->name == std::string("Txt_Psi")) m_.Psi_Previous = Plain(edit->text());
     const QString text = k->text();
-    if (text.isEmpty() || text.at(0).unicode() < 32 || (k->modifiers() & Qt::ControlModifier))
-      return false;
+    if (text.isEmpty() || text.at(0).unicode() < 32 || text.at(0).unicode() == 127 ||
+        (k->modifiers() & Qt::ControlModifier))
+      return false;  // editing keys (Backspace, Delete) and shortcuts
     int key = text.at(0).unicode();
     if (b->def->filter == KeyFilter::UnsignedExp && key == 'E') return false;
     const int mode = b->def->filter == KeyFilter::Signed ? 0 : 1;
@@ -1373,6 +1384,7 @@ void Frm_Zarvek::Move_ForcesFrame(int page) {
 }
 
 void Frm_Zarvek::Tab_Zarvek_Change(int page) {
+  if (!externalMode_) m_.Tab_Zarvek = page;  // the project keeps the page in view
   if (page == 2 || page == 3) Move_ForcesFrame(page);
   helpContext_ = Help_Context[std::clamp(page, 0, 3)];
   if (m_.RefreshLocked || loading_) return;
@@ -1674,6 +1686,13 @@ bool Frm_Zarvek::Open_Project(const std::string& name) {
   if (!r.ok) {
     Show_Message(r.Error_Text);
     return false;
+  }
+  {
+    // the page the project was saved on, its drawings made below
+    const bool was = m_.RefreshLocked;
+    m_.RefreshLocked = true;
+    Tab_Zarvek->setCurrentIndex(std::clamp(m_.Tab_Zarvek, 0, 3));
+    m_.RefreshLocked = was;
   }
   if (!r.Dialog_Dir.empty()) dialogDir_ = QString::fromLocal8Bit(r.Dialog_Dir.c_str());
   s_.Dir_Data = dialogDir_.toLocal8Bit().toStdString();

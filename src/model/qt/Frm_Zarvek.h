@@ -86,7 +86,8 @@ class Frm_Zarvek : public QMainWindow {
   // command whose hook is empty stays disabled. Call Update_Commands after
   // setting them.
   struct Windows {
-    std::function<void()> Options;        // Menu_Tools_Options (modal); Cmd_Dimensions follows
+    std::function<bool()> Options;        // Menu_Tools_Options (modal): true on OK, when
+                                          // Cmd_Dimensions follows; Cancel changes nothing
     std::function<void()> Calculator;     // Menu_Tools_Calculator
     std::function<void()> DirectData;     // Menu_Edit_FileData, file-data mode; also enables
                                           // Menu_Tools_External and Menu_File_New

@@ -21,6 +21,7 @@
 
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
+#include "foundation/qt/Translate_Form.h"
 #include "model/ProjectFile.h"
 #include "report/qt/Report_Qt.h"
 
@@ -35,8 +36,6 @@ QString Menu_Caption(int section, int line, const char* fallback) {
   const std::string t = Caption(section, line);
   return t.empty() ? QString::fromUtf8(fallback) : Q(t);
 }
-
-bool French(const std::string& code) { return Upper(Trim(code)) == "FR"; }
 
 }  // namespace
 
@@ -110,8 +109,7 @@ void Frm_Edit::Translate_Form() {
   setWindowTitle(Menu_Caption(3, 1, "Results report"));
   Menu_File_->setTitle(Menu_Caption(1, 2, "&File"));
   Menu_File_SaveAs_->setText(Menu_Caption(1, 6, "Save &As..."));
-  Menu_File_ExportPdf_->setText(French(ctx_.Language_Code) ? QStringLiteral("E&xporter en PDF...")
-                                                          : QStringLiteral("E&xport PDF..."));
+  Menu_File_ExportPdf_->setText(Lang_Further("Menu_File_ExportPdf", "E&xport to PDF..."));
   Menu_File_Print_->setText(Menu_Caption(3, 2, "&Print..."));
   Menu_File_Quit_->setText(Menu_Caption(1, 8, "&Quit"));
   Menu_Edit_->setTitle(Menu_Caption(1, 9, "&Edit"));

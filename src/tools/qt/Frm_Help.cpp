@@ -34,12 +34,6 @@ QString Help_Caption() {
   return t.empty() ? QString("Help") : Lang_Text(t);
 }
 
-// Tool tips of the browser's buttons: the language files have no lines for
-// them, so the two languages of the program are held here.
-QString Tip(const char* uk, const char* fr) {
-  return QString::fromUtf8(Code() == "FR" ? fr : uk);
-}
-
 // A window that a modal dialog doesn't block: a child of that dialog.
 QWidget* Unblocked_Parent(QWidget* parent) {
   if (QWidget* modal = QApplication::activeModalWidget()) return modal;
@@ -143,9 +137,9 @@ void Frm_HelpBrowser::Update_Title() {
 }
 
 void Frm_HelpBrowser::After_Translate() {
-  Cmd_Back->setToolTip(Tip("Back", "Précédent"));
-  Cmd_Forward->setToolTip(Tip("Forward", "Suivant"));
-  Cmd_Contents->setToolTip(Tip("Contents", "Sommaire"));
+  Cmd_Back->setToolTip(Lang_Further("Cmd_Back", "Back"));
+  Cmd_Forward->setToolTip(Lang_Further("Cmd_Forward", "Forward"));
+  Cmd_Contents->setToolTip(Lang_Further("Cmd_Contents", "Contents"));
   // The same page in the new language; a page reached by a link goes back
   // to the page of its kind when it has one, else stays.
   if (!Txt_Help->source().isEmpty()) {

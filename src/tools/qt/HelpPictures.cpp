@@ -5,6 +5,7 @@
 #include <QtMath>
 #include <map>
 
+#include "diagrams/Diagrams.h"
 #include "tools/Help.h"
 
 namespace zarvek {
@@ -69,8 +70,17 @@ QString T(const std::string& key, bool fr) {
   return QString::fromUtf8(fr ? it->second.fr : it->second.uk);
 }
 
-const QColor Steel(70, 110, 170), Ink(30, 30, 30), Red(200, 30, 30), Blue(20, 80, 200),
-    Green(20, 130, 60), Grey(120, 120, 120), Paper(250, 250, 246);
+const QColor Steel(70, 110, 170), Ink(30, 30, 30), Grey(120, 120, 120), Paper(250, 250, 246);
+
+// The colours of the diagrams of the main window, so that a curve or a mark
+// in a help picture is recognised on the screen: M, V, v, theta, v', theta'
+// as their check boxes, G and S as the section drawing, loads as the scheme.
+QColor Hue(Colour c) { return QColor(int(c & 0xFF), int((c >> 8) & 0xFF), int((c >> 16) & 0xFF)); }
+const DiagramState Curves;
+const QColor Hue_M = Hue(Curves.Color_EffM), Hue_V = Hue(Curves.Color_EffV), Hue_v = Hue(Curves.Color_v),
+             Hue_t = Hue(Curves.Color_t), Hue_vp = Hue(Curves.Color_vp), Hue_tp = Hue(Curves.Color_tp),
+             Hue_G = Hue(Colour_Blue), Hue_S = Hue(Colour_Green), Hue_Load = Hue(Colour_Red),
+             Hue_Restraint = Hue(Colour_MidGrey).darker(130);
 
 void Arrow(QPainter& p, QPointF a, QPointF b, const QColor& c, qreal head = 8) {
   p.save();
@@ -160,12 +170,12 @@ void Draw_Section(QPainter& p, bool fr) {
   p.drawText(QPointF(cx + 6, top - 12), "z");
   Arrow(p, QPointF(cx - b2 / 2 - 20, zG), QPointF(cx + b2 / 2 + 34, zG), Ink);
   p.drawText(QPointF(cx + b2 / 2 + 30, zG - 6), "y");
-  p.setBrush(Red);
-  p.setPen(Red);
+  p.setBrush(Hue_G);
+  p.setPen(Hue_G);
   p.drawEllipse(QPointF(cx, zG), 4, 4);
   p.drawText(QPointF(cx + 8, zG + 16), "G");
-  p.setBrush(Blue);
-  p.setPen(Blue);
+  p.setBrush(Hue_S);
+  p.setPen(Hue_S);
   p.drawEllipse(QPointF(cx, zS), 4, 4);
   p.drawText(QPointF(cx + 8, zS + 14), "S");
   p.setBrush(Qt::NoBrush);
@@ -202,9 +212,9 @@ void Draw_Section(QPainter& p, bool fr) {
     y += 20;
   }
   y += 10;
-  p.setPen(Red);
+  p.setPen(Hue_G);
   p.drawText(QPointF(lg, y), T("G", fr));
-  p.setPen(Blue);
+  p.setPen(Hue_S);
   p.drawText(QPointF(lg, y + 20), T("S", fr));
   p.setPen(Ink);
   QRectF note(lg, 240, W - lg - 8, 100);
@@ -225,9 +235,10 @@ void Draw_EndRestraints(QPainter& p, bool fr) {
   Title(p, T("t2", fr));
   const qreal colW = W / 2.0;
   const char* keys[4] = {"v", "t", "vp", "tp"};
+  const QColor hue[4] = {Hue_v, Hue_t, Hue_vp, Hue_tp};
   for (int k = 0; k < 4; ++k) {
     const qreal x0 = (k % 2) * colW + 20, y0 = 50 + (k / 2) * 140;
-    p.setPen(Ink);
+    p.setPen(hue[k]);
     QFont f = p.font();
     f.setBold(true);
     p.save();
@@ -242,7 +253,7 @@ void Draw_EndRestraints(QPainter& p, bool fr) {
         p.save();
         p.translate(c);
         p.rotate(turned ? 18 : 0);
-        p.setPen(QPen(turned ? Red : Steel.darker(130), turned ? 1.6 : 1.2,
+        p.setPen(QPen(turned ? Hue_t : Steel.darker(130), turned ? 1.6 : 1.2,
                       turned ? Qt::SolidLine : Qt::DashLine));
         p.setBrush(Qt::NoBrush);
         p.drawLine(QPointF(-26, -40), QPointF(26, -40));
@@ -250,7 +261,7 @@ void Draw_EndRestraints(QPainter& p, bool fr) {
         p.drawLine(QPointF(0, -40), QPointF(0, 40));
         p.restore();
       }
-      Couple(p, c, 52, true, Red);
+      Couple(p, c, 52, true, Hue_t);
       p.setPen(Grey);
       p.drawText(QPointF(x0 + 180, y0 + 76), T("sect", fr));
       continue;
@@ -260,27 +271,27 @@ void Draw_EndRestraints(QPainter& p, bool fr) {
     p.drawText(QPointF(o.x() + 140, o.y() + 34), T("plan", fr));
     if (k == 0) {
       // Lateral displacement: the end moves sideways.
-      p.setPen(QPen(Red, 1.6, Qt::DashLine));
+      p.setPen(QPen(Hue_v, 1.6, Qt::DashLine));
       p.setBrush(Qt::NoBrush);
       QPainterPath c;
       c.moveTo(o + QPointF(200, 0));
       c.cubicTo(o + QPointF(120, 0), o + QPointF(40, -30), o + QPointF(0, -30));
       p.drawPath(c);
-      Arrow(p, o + QPointF(-6, 0), o + QPointF(-6, -30), Red);
+      Arrow(p, o + QPointF(-6, 0), o + QPointF(-6, -30), Hue_v);
     } else if (k == 2) {
       // Rotation in plan: the end turns about the vertical axis.
-      p.setPen(QPen(Red, 1.6, Qt::DashLine));
+      p.setPen(QPen(Hue_vp, 1.6, Qt::DashLine));
       p.drawLine(o + QPointF(-10, 12), o + QPointF(90, -22));
-      Couple(p, o, 22, true, Red);
+      Couple(p, o, 22, true, Hue_vp);
     } else {
       // Warping: the two flanges turn in plan in opposite senses.
-      p.setPen(QPen(Red, 1.6, Qt::DashLine));
+      // (both in the colour of theta', dashed and dotted apart)
+      p.setPen(QPen(Hue_tp, 1.6, Qt::DashLine));
       p.drawLine(o + QPointF(0, -11), o + QPointF(80, -36));
-      p.setPen(QPen(Blue, 1.6, Qt::DashLine));
+      p.setPen(QPen(Hue_tp, 1.6, Qt::DotLine));
       p.drawLine(o + QPointF(0, 11), o + QPointF(80, 36));
-      p.setPen(Red);
+      p.setPen(Hue_tp);
       p.drawText(o + QPointF(86, -34), fr ? "semelle 1" : "flange 1");
-      p.setPen(Blue);
       p.drawText(o + QPointF(86, 44), fr ? "semelle 2" : "flange 2");
     }
   }
@@ -328,9 +339,9 @@ void Draw_Intermediate(QPainter& p, bool fr) {
   p.drawText(QPointF(x1 - 150, y + 14), T("axisS", fr));
   // Punctual restraint at 0.4 L, above S.
   const qreal xp = x0 + 0.4 * (x1 - x0), zp = y - 18;
-  Arrow(p, QPointF(xp - 60, zp), QPointF(xp - 4, zp), Green);
-  p.setBrush(Green);
-  p.setPen(Green);
+  Arrow(p, QPointF(xp - 60, zp), QPointF(xp - 4, zp), Hue_Restraint);
+  p.setBrush(Hue_Restraint);
+  p.setPen(Hue_Restraint);
   p.drawEllipse(QPointF(xp, zp), 4, 4);
   p.setBrush(Qt::NoBrush);
   p.drawText(QPointF(xp - 150, zp - 30), T("punct", fr));
@@ -341,9 +352,9 @@ void Draw_Intermediate(QPainter& p, bool fr) {
   Elevation(p, x0, x1, yc, 30);
   for (int i = 0; i <= 10; ++i) {
     const qreal x = x0 + 20 + i * (x1 - x0 - 40) / 10;
-    Spring(p, QPointF(x, yc + 15), QPointF(x, yc + 40), Green);
+    Spring(p, QPointF(x, yc + 15), QPointF(x, yc + 40), Hue_Restraint);
   }
-  p.setPen(QPen(Green, 1.4));
+  p.setPen(QPen(Hue_Restraint, 1.4));
   p.drawLine(QPointF(x0 + 10, yc + 40), QPointF(x1 - 10, yc + 40));
   p.drawText(QPointF(x0, yc - 26), T("cont", fr));
   p.setPen(Ink);
@@ -355,9 +366,9 @@ void Draw_EndMoments(QPainter& p, bool fr) {
   Title(p, T("t4", fr));
   const qreal x0 = 80, x1 = 480, y = 100;
   Elevation(p, x0, x1, y, 30);
-  Couple(p, QPointF(x0, y), 34, true, Red);
-  Couple(p, QPointF(x1, y), 34, true, Red);
-  p.setPen(Red);
+  Couple(p, QPointF(x0, y), 34, true, Hue_Load);
+  Couple(p, QPointF(x1, y), 34, true, Hue_Load);
+  p.setPen(Hue_Load);
   p.drawText(QPointF(x0 - 70, y - 30), "M1 > 0");
   p.drawText(QPointF(x1 + 22, y - 30), "M2 > 0");
   p.setPen(Ink);
@@ -369,8 +380,8 @@ void Draw_EndMoments(QPainter& p, bool fr) {
   p.drawLine(QPointF(x0, yb), QPointF(x1, yb));
   QPolygonF m;
   m << QPointF(x0, yb) << QPointF(x0, yb + mL * sc) << QPointF(x1, yb + mR * sc) << QPointF(x1, yb);
-  p.setPen(QPen(Blue, 1.5));
-  p.setBrush(QColor(20, 80, 200, 40));
+  p.setPen(QPen(Hue_M, 1.5));
+  p.setBrush(QColor(0, 0, 0, 24));
   p.drawPolygon(m);
   p.setBrush(Qt::NoBrush);
   p.drawText(QPointF(x0 - 60, yb + mL * sc + 4), "−M1");
@@ -386,26 +397,26 @@ void Draw_Loads(QPainter& p, bool fr) {
   Title(p, T("t5", fr));
   const qreal x0 = 50, x1 = 510, y = 215, depth = 70;
   Elevation(p, x0, x1, y, depth);
-  p.setPen(QPen(Blue, 1, Qt::DashDotLine));
+  p.setPen(QPen(Hue_S, 1, Qt::DashDotLine));
   p.drawLine(QPointF(x0 - 20, y), QPointF(x1 + 20, y));
-  p.setPen(Blue);
+  p.setPen(Hue_S);
   p.drawText(QPointF(x1 - 24, y - 6), "S");
   // Point load on the top flange, z > 0: the arrow ends on its level.
   const qreal xf = x0 + 0.3 * (x1 - x0), zf = y - depth / 2;
-  Arrow(p, QPointF(xf, zf - 56), QPointF(xf, zf), Red, 10);
-  p.setPen(Red);
+  Arrow(p, QPointF(xf, zf - 56), QPointF(xf, zf), Hue_Load, 10);
+  p.setPen(Hue_Load);
   p.drawText(QPointF(xf + 8, zf - 40), "F1 < 0");
   Dimension(p, QPointF(xf - 18, y), QPointF(xf - 18, zf), "zF1 > 0", QPointF(-66, 4));
   // Distributed load on the bottom flange, z < 0: the arrows start on
   // their level.
   const qreal qa = x0 + 0.45 * (x1 - x0), qb = x0 + 0.8 * (x1 - x0), zq = y + depth / 2;
-  p.setPen(QPen(Red, 1.6));
+  p.setPen(QPen(Hue_Load, 1.6));
   p.drawLine(QPointF(qa, zq), QPointF(qb, zq));
   for (int i = 0; i <= 6; ++i) {
     const qreal x = qa + i * (qb - qa) / 6;
-    Arrow(p, QPointF(x, zq), QPointF(x, zq + 32), Red, 6);
+    Arrow(p, QPointF(x, zq), QPointF(x, zq + 32), Hue_Load, 6);
   }
-  p.setPen(Red);
+  p.setPen(Hue_Load);
   p.drawText(QPointF(qa - 52, zq + 26), "q1 < 0");
   Dimension(p, QPointF(qb + 24, y), QPointF(qb + 24, zq), "zq1 < 0", QPointF(6, 4));
   Dimension(p, QPointF(x0, zq + 40), QPointF(xf, zq + 40), "xf1·L", QPointF(-14, 16));
@@ -435,7 +446,7 @@ void Draw_Diagrams(QPainter& p, bool fr) {
     const qreal s = i / 40.0;
     m.lineTo(x0 + s * (x1 - x0), ym + 4 * 60 * s * (1 - s));
   }
-  p.setPen(QPen(Blue, 1.8));
+  p.setPen(QPen(Hue_M, 1.8));
   p.drawPath(m);
   p.drawText(QPointF(x0 + 8, ym + 50), "M");
   p.setPen(Ink);
@@ -453,10 +464,10 @@ void Draw_Diagrams(QPainter& p, bool fr) {
     v.lineTo(x, yv + 45 * std::sin(M_PI * s));
     t.lineTo(x, yv + 30 * std::sin(M_PI * s));
   }
-  p.setPen(QPen(Red, 1.8));
+  p.setPen(QPen(Hue_v, 1.8));
   p.drawPath(v);
   p.drawText(QPointF(x1 - 50, yv - 30), "v");
-  p.setPen(QPen(Green, 1.8));
+  p.setPen(QPen(Hue_t, 1.8));
   p.drawPath(t);
   p.drawText(QPointF(x1 - 30, yv - 30), "θ");
   p.setPen(Ink);

@@ -279,24 +279,38 @@ class Test_Frm_Zarvek : public QObject {
     }
   }
 
-  // Restraint lists: Free and Fixed can't be typed over; the spring item
-  // opens a typed number and shows the unit.
-  void restraintListsTakeFreeFixedOrASpring() {
+  // Restraint lists as the keyboard reaches them: a click puts the focus on
+  // the list (not on its inner line), so the keys arrive at the list. "Fixed"
+  // can't be typed over; Down chooses the spring item, which shows its unit;
+  // a spring takes no letter and no minus, a comma is the decimal separator,
+  // and Delete still edits it.
+  void restraintListsTakeKeysAsTyped() {
     Select_Page(1);
     auto* v1 = F<QComboBox>("Lst_v1");
     QLabel* unit = w_->findChild<QLabel*>("Unit_v1");
     QVERIFY(unit && !unit->isVisible());
-    v1->lineEdit()->setFocus();
-    QTest::keyClicks(v1->lineEdit(), "12");
+    QTest::mouseClick(v1->lineEdit(), Qt::LeftButton, {}, QPoint(8, v1->lineEdit()->height() / 2));
+    QWidget* focus = QApplication::focusWidget();
+    QVERIFY(focus == v1 || focus == v1->lineEdit());
+    QTest::keyClicks(focus, "abc12");
+    QTest::keyClick(focus, Qt::Key_Backspace);
     QCOMPARE(v1->currentText(), QString("Fixed"));
-    v1->setCurrentIndex(2);
-    emit v1->activated(2);
+    QCOMPARE(w_->Model().Lst_v1.index, 1);
+    QVERIFY(!unit->isVisible());
+
+    QTest::keyClick(focus, Qt::Key_Down);  // "Spring?!"
     QCOMPARE(v1->currentText(), QString("0"));
     QVERIFY(unit->isVisible());
     QCOMPARE(unit->text(), QString("kN/m"));
-    QTest::keyClicks(v1->lineEdit(), "-50");  // springs aren't negative
+    v1->lineEdit()->selectAll();
+    QTest::keyClicks(focus, "x-1,5k");  // springs aren't negative
+    QCOMPARE(v1->currentText(), Local("1.5"));
+    QTest::keyClick(focus, Qt::Key_Home);
+    QTest::keyClick(focus, Qt::Key_Delete);
+    QCOMPARE(v1->currentText(), Local(".5"));
     QCOMPARE(w_->Model().Lst_v1.index, -1);
-    QCOMPARE(Num_Of_Text(w_->Model().Lst_v1.text), 50.0);
+    QCOMPARE(Num_Of_Text(w_->Model().Lst_v1.text), 0.5);
+    QVERIFY(unit->isVisible());
   }
 
   // A validation failure shows its message, brings the page to the front and

@@ -137,6 +137,49 @@ class TestHelpWindows : public QObject {
     w->hide();
   }
 
+  // A curve or a mark of a help picture has the colour it has on the
+  // screen (colours 0xBBGGRR there): M black, v blue 0xC00000, theta black,
+  // v' red 0x0000FF, theta' green 0x008000, G blue, S green.
+  void helpPicturesSpeakTheColoursOfTheDiagrams() {
+    const QColor blue(0, 0, 0xC0), black(0, 0, 0), red(0xFF, 0, 0), green(0, 0x80, 0);
+    auto near = [](QColor a, QColor b, int tol) {
+      return std::abs(a.red() - b.red()) <= tol && std::abs(a.green() - b.green()) <= tol &&
+             std::abs(a.blue() - b.blue()) <= tol;
+    };
+    // a thin antialiased curve crosses the column x near y
+    auto crossed = [&](const QImage& img, int x, int y, QColor c) {
+      for (int dy = -3; dy <= 3; ++dy)
+        if (near(img.pixelColor(x, y + dy), c, 40)) return true;
+      return false;
+    };
+    // "Reading the diagrams": a parabola of M, sine halves of v and theta,
+    // 60, 45 and 30 pixels deep at midspan (x = 280).
+    const QImage d = Help_Picture(6, "UK", 1);
+    QVERIFY(crossed(d, 280, 90 + 60, black));
+    QVERIFY(crossed(d, 280, 250 + 45, blue));
+    QVERIFY(crossed(d, 280, 250 + 30, black));
+    // The section: the discs of G and S, 105 and 80 pixels above the base.
+    const QImage s = Help_Picture(1, "UK", 1);
+    QCOMPARE(s.pixelColor(165, 300 - 105), blue);
+    QCOMPARE(s.pixelColor(165, 300 - 80), green);
+    // The four end freedoms, one quarter of the picture each, in the colours
+    // of their mode curves, and no red outside v'.
+    const QImage e = Help_Picture(2, "FR", 1);
+    const QColor hue[4] = {blue, black, red, green};
+    for (int k = 0; k < 4; ++k) {
+      const QRect quarter((k % 2) * 280, 50 + (k / 2) * 140, 280, 140);
+      int own = 0, reds = 0;
+      for (int y = quarter.top(); y <= quarter.bottom(); ++y)
+        for (int x = quarter.left(); x <= quarter.right(); ++x) {
+          const QColor c = e.pixelColor(x, y);
+          own += near(c, hue[k], 12);
+          reds += c.red() > 150 && c.green() < 90 && c.blue() < 90;
+        }
+      QVERIFY2(own >= 10, qPrintable(QString("quarter %1: %2").arg(k).arg(own)));
+      if (k != 2) QVERIFY2(reds == 0, qPrintable(QString("quarter %1: %2").arg(k).arg(reds)));
+    }
+  }
+
 };
 
 QTEST_MAIN(TestHelpWindows)

@@ -4,7 +4,9 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QGroupBox>
+#include <QFile>
 #include <QLabel>
+#include <QMenu>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QScrollBar>
@@ -20,7 +22,9 @@
 #include "foundation/Mod_Zarvek.h"
 #include "foundation/qt/Frm_Options.h"
 #include "foundation/qt/Translate_Form.h"
+#include "diagrams/qt/Frm_EigenVector.h"
 #include "model/BeamModel.h"
+#include "report/qt/Frm_Edit.h"
 #include "section/qt/Frm_Section.h"
 #include "tools/qt/Frm_About.h"
 #include "tools/qt/Frm_Help.h"
@@ -121,6 +125,32 @@ void Check(QWidget* window, const QString& name, const std::set<QString>& data) 
   }
 }
 
+// The keyed texts (messages and further texts) of a language file as shown.
+std::set<QString> Keyed_Texts(const QString& code) {
+  std::set<QString> out;
+  QFile f(QString(ZARVEK_SOURCE_DIR) + "/data/lang/ZARVEK_" + code + ".txt");
+  if (!f.open(QIODevice::ReadOnly)) return out;
+  for (const QByteArray& line : f.readAll().split('\n')) {
+    const int mark = line.indexOf(">:");
+    if (mark >= 0) out.insert(Plain(Lang_Text(line.mid(mark + 2).trimmed().toStdString())));
+  }
+  return out;
+}
+
+// Every command of the menus and every tooltip of a window: from the language.
+void Check_Commands(QWidget* window, const QString& name, const std::set<QString>& lines) {
+  for (QMenu* menu : window->findChildren<QMenu*>())
+    for (QAction* a : menu->actions())
+      if (!a->isSeparator() && !a->menu())
+        QVERIFY2(From_Language(a->text(), lines) || Neutral(a->text()),
+                 qPrintable("untranslated command: " + name + " \"" + a->text() + "\""));
+  for (QWidget* w : window->findChildren<QWidget*>())
+    if (!w->toolTip().isEmpty())
+      QVERIFY2(From_Language(w->toolTip(), lines) || Neutral(w->toolTip()),
+               qPrintable("untranslated tooltip: " + name + " " + w->objectName() + " \"" +
+                          w->toolTip() + "\""));
+}
+
 }  // namespace
 
 class TestWindowTexts : public QObject {
@@ -182,6 +212,21 @@ class TestWindowTexts : public QObject {
       QVERIFY(b);
       b->resize(820, 640);
       Check(b, "help_" + lang, {});
+      b->hide();
+    }
+    // the commands that came after the numbered sections: report, mode table,
+    // help browser
+    std::set<QString> lines = Language_Lines();
+    lines.merge(Keyed_Texts(language));
+    {
+      Frm_Edit e(m, Frm_Edit::Context{language.toStdString(), start.path(), false});
+      Check_Commands(&e, "report_" + lang, lines);
+      Frm_EigenVector t(m);
+      Check_Commands(&t, "mode_table_" + lang, lines);
+      Frm_HelpBrowser* b = Show_Help(Help_Loads);
+      QVERIFY(b);
+      Translate_OpenWindows();  // as the options window does after a change of language
+      Check_Commands(b, "help_" + lang, lines);
       b->hide();
     }
   }
