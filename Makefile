@@ -5,7 +5,7 @@ SAN_BUILD  ?= build-sanitize
 FUZZ_BUILD ?= build-fuzz
 JOBS       ?= $(shell nproc 2>/dev/null || echo 2)
 FUZZ_SECONDS ?= 60
-DEBS      := cmake g++ make pkgconf qt6-base-dev libgl-dev libgtest-dev libbenchmark-dev fonts-liberation2
+DEBS      := cmake g++ make pkgconf qt6-base-dev libgl-dev libgtest-dev libbenchmark-dev fonts-liberation2 qt6-translations-l10n
 # libFuzzer and the sanitizer run-times of clang: for `make fuzz` only
 FUZZ_DEBS := clang libclang-rt-14-dev
 # A compiler cache, when the machine has one, makes a second build cheap.

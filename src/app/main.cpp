@@ -28,6 +28,7 @@
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
 #include "foundation/Startup.h"
+#include "foundation/qt/Qt_Translations.h"
 #include "model/qt/Frm_Zarvek.h"
 #include "tools/qt/Frm_Legal.h"
 #include "tools/qt/SplashScreen.h"
@@ -139,6 +140,8 @@ int main(int argc, char** argv) {
     Show_StartFailure(error, headless);
     return Exit_StartFailure;
   }
+  // the toolkit's own buttons and dialogs in the same language
+  Load_QtTranslations(s.Language_Code);
 
   // 9. The batch route: solve, leave the result, end.
   if (s.Direct_Mode) return Run_DirectSolve(s, headless);

@@ -56,6 +56,7 @@ const std::map<int, const char*>& English() {
       {11028, "Free"},
       {11029, "Simply supported (hinged - hinged)"},
       {11058, "Intermediate restraint"},
+      {11067, "Section given by its properties: no drawing"},
       {11068, "Shear centre not at the centroid"},
       {11077, "Maximum moment"},
       {11083, "Critical factor"},
@@ -221,7 +222,6 @@ void Edit_Results(Rich_Text& rt, const BeamModel& m, const Report_Inputs& in) {
   else if (slot == 2) kind = Remove_FirstHotKey(Caption(1, 58));
   else kind = Remove_FirstHotKey(Caption(1, 59));
   Title(rt, Cdr_Trad(1) + " - " + kind);
-  if (slot != 3) Picture(rt, in, Report_PictureKind::Section);
 
   // 7. dimensions of the shape chosen on the dimensions route
   if (slot == 2) {
@@ -255,8 +255,18 @@ void Edit_Results(Rich_Text& rt, const BeamModel& m, const Report_Inputs& in) {
   rt.WriteLine("", "Iz", m.Txt_Iz[slot], uIzt);
   rt.WriteLine("", "It", m.Txt_It[slot], uIzt);
   rt.WriteLine("", "Iw", m.Txt_Iw[slot], uIw);
-  rt.WriteLine("", "\xC3\x9Fz", m.Txt_Betaz[slot], uDim);
+  rt.WriteLine("", "\xCE\xB2z", m.Txt_Betaz[slot], uDim);  // beta z, as on the screen
   if (slot <= 2 && Num_Of_Text(m.Txt_zS[slot]) != 0) rt.WriteLine(Msg_Utf8(68), "zS", m.Txt_zS[slot], uDim);
+  // the drawing closes the section's rows; a section given by its
+  // properties has none, and says so where it would stand
+  if (slot != 3) {
+    Picture(rt, in, Report_PictureKind::Section);
+  } else {
+    rt.SetAlignment(Align_Centre);
+    rt.Send_Text(Msg_Utf8(67));
+    rt.NewParagraph();
+    rt.SetAlignment(Align_Left);
+  }
 
   // 9. lateral restraints at the ends
   struct End {

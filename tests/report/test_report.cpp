@@ -117,7 +117,7 @@ TEST(Report, SolvedProjectInOrder) {
       "\tShear modulus G\tG\t=\t80769\tMPa",
       "\tSection - IPE 300",
       "\t\tIz\t=\t603.78\tcm4",
-      "\t\t\xC3\x9Fz\t=\t0\tcm",
+      "\t\t\xCE\xB2z\t=\t0\tcm",
       "\tEnd 1 (left)",
       "\tLateral displacement v\tv\t=\tFixed\t",
       "\tTwist\t" + theta + "\t=\tFixed\t",
@@ -256,6 +256,61 @@ TEST(Report, RowsFollowTheEntries) {
     const auto lines = Lines(c.text);
     for (const auto& p : k.present) EXPECT_GE(Find_Line(lines, p), 0) << k.name << ": [" << p << "]\n" << c.text;
     for (const auto& a : k.absent) EXPECT_FALSE(Has(c.text, a)) << k.name << ": [" << a << "]";
+  }
+}
+
+// The section's drawing closes its rows on every route; a section given by
+// its properties has no drawing and the report says so in its place.
+TEST(Report, SectionDrawingAfterItsRows) {
+  struct Case {
+    const char* name;
+    void (*set)(BeamModel&);
+    bool drawn;
+  } cases[] = {
+      {"catalogue", [](BeamModel&) {}, true},
+      {"dimensions",
+       [](BeamModel& m) {
+         m.Opt_Catalogue = false;
+         m.Opt_Dimensions = true;
+       },
+       true},
+      {"properties",
+       [](BeamModel& m) {
+         m.Opt_Catalogue = false;
+         m.Opt_Properties = true;
+       },
+       false},
+  };
+  for (const Case& k : cases) {
+    BeamModel m = New_Model();
+    k.set(m);
+    Report_Inputs in;
+    in.Language_Code = "UK";
+    in.Pictures = Fake_Picture;
+    Rich_Text rt = Report_Builder();
+    Edit_Results(rt, m, in);
+    const Rich_Document d = rt.Document();
+    // paragraph of a text, and of the picture of a given width
+    auto text_at = [&](const std::string& t) {
+      for (size_t i = 0; i < d.paragraphs.size(); ++i)
+        for (const Rich_Run& r : d.paragraphs[i].runs)
+          if (r.kind == Rich_Run::Text && r.text == t) return (int)i;
+      return -1;
+    };
+    auto picture_at = [&](int width) {
+      for (size_t i = 0; i < d.paragraphs.size(); ++i)
+        for (const Rich_Run& r : d.paragraphs[i].runs)
+          if (r.kind == Rich_Run::Image && d.images[r.image].px_width == width) return (int)i;
+      return -1;
+    };
+    const int betaz = text_at("\xCE\xB2z"), end1 = text_at("End 1 (left)");
+    const int drawing = picture_at(401 + (int)Report_PictureKind::Section);
+    const int none = text_at("Section given by its properties: no drawing");
+    ASSERT_GE(betaz, 0) << k.name;
+    const int shown = k.drawn ? drawing : none;
+    EXPECT_GT(shown, betaz) << k.name;
+    EXPECT_LT(shown, end1) << k.name;
+    EXPECT_EQ(k.drawn ? none : drawing, -1) << k.name;
   }
 }
 

@@ -147,6 +147,10 @@ void Install_Windows(Frm_Zarvek& f) {
   };
 
   f.Hooks.HelpImage = [&f](int index) { Affiche_HelpImage(index, &f); };
+  // a help picture tells of the page it was asked from: another page hides it
+  QObject::connect(f.Tab_Zarvek, &QTabWidget::currentChanged, &f, [] {
+    if (Frm_Help* picture = Help_PictureWindow()) picture->hide();
+  });
 
   f.Update_Commands();
 }

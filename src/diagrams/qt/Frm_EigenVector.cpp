@@ -276,7 +276,14 @@ bool Frm_EigenVector::eventFilter(QObject* watched, QEvent* event) {
   if (watched == Grd_Eigen_) {
     switch (event->type()) {
       case QEvent::FocusIn: Menu_Edit_Copy_->setEnabled(true); break;
-      case QEvent::FocusOut: Menu_Edit_Copy_->setEnabled(false); break;
+      case QEvent::FocusOut: {
+        // Opening a menu (by a click or by Alt) takes the focus for a moment:
+        // the selection is still the one to copy.
+        const Qt::FocusReason why = static_cast<QFocusEvent*>(event)->reason();
+        if (why != Qt::PopupFocusReason && why != Qt::MenuBarFocusReason && why != Qt::ActiveWindowFocusReason)
+          Menu_Edit_Copy_->setEnabled(false);
+        break;
+      }
       case QEvent::KeyPress:
         if (static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
           Menu_Edit_Copy();

@@ -24,6 +24,7 @@
 #include "foundation/FormTexts.h"
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
+#include "foundation/qt/Qt_Translations.h"
 #include "foundation/qt/Translate_Form.h"
 #include "tools/Help.h"
 #include "tools/qt/Frm_Help.h"
@@ -316,6 +317,7 @@ void Frm_Options::Traiter_Options() {
                   QString::fromStdString(error));
       return;
     }
+    Load_QtTranslations(state_.Language_Code);
     // "Free" and "Fixed" in the new language; typed springs stay.
     for (auto member : Restraint_Lists) {
       RestraintList& l = model_.*member;

@@ -32,6 +32,7 @@
 #include "directdata/DirectData.h"
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
+#include "foundation/qt/Translate_Form.h"
 #include "model/DataEntry.h"
 #include "model/ProjectFile.h"
 #include "diagrams/qt/QtSurface.h"
@@ -90,6 +91,10 @@ Frm_Zarvek::Frm_Zarvek(StartupState& s, QWidget* parent) : QMainWindow(parent), 
   setObjectName("Frm_Zarvek");
   Message_Box = [this](const QString& text, const QString& title) {
     QMessageBox box(QMessageBox::NoIcon, title, text, QMessageBox::Ok, this);
+    box.exec();
+  };
+  Warning_Box = [this](const QString& text, const QString& title) {
+    QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok, this);
     box.exec();
   };
   Confirm_Box = [this](const QString& text) {
@@ -476,8 +481,11 @@ QWidget* Frm_Zarvek::Build_Page_Beam() {
   }
   Cmd_Dimensions = new QPushButton(QString::fromUtf8("\u2713"), td);
   Cmd_Dimensions->setObjectName("Cmd_Dimensions");
-  Cmd_Dimensions->setToolTip("Cmd_Dimensions");
-  connect(Cmd_Dimensions, &QPushButton::clicked, this, [this] { Cmd_Dimensions_Click(); });
+  connect(Cmd_Dimensions, &QPushButton::clicked, this, [this] {
+    Cmd_Dimensions_Click();
+    // the properties just computed stay in view, whichever route is chosen
+    Tab_Section->setCurrentIndex(1);
+  });
   Cmd_MoreProperties = new QPushButton(td);
   Cmd_MoreProperties->setObjectName("Cmd_MoreProperties");
   connect(Cmd_MoreProperties, &QPushButton::clicked, this, [this] {
@@ -976,7 +984,10 @@ void Frm_Zarvek::Translate_Form() {
   Cmd_Draw3D->setText(Caption(L_Cmd_Draw3D));
   Cmd_RefreshMV->setText(Cmd_RefreshForces->text());
   Cmd_RefreshEigen->setText(Cmd_RefreshForces->text());
-  Cmd_EditEigen->setText(Menu_Edit->title());
+  // a letter of its own: Alt+E stays the Edit menu's on this page too
+  Cmd_EditEigen->setText(Lang_Further("Frm_Zarvek.Cmd_EditEigen", "E&dit"));
+  Cmd_Dimensions->setToolTip(
+      Lang_Further("Frm_Zarvek.Cmd_Dimensions", "Compute the section properties of these dimensions"));
   // the coupled options carry the symbol of the quantity they let the user type
   static_cast<QAbstractButton*>(Field_Widget("Opt_G"))->setToolTip(Lbl_Trad[3]->text());
   static_cast<QAbstractButton*>(Field_Widget("Opt_Nu"))->setToolTip(Lbl_Trad[4]->text());
@@ -1684,7 +1695,8 @@ bool Frm_Zarvek::Open_Project(const std::string& name) {
   Refresh_FromModel();
   Erase(Img_Eigenmode);
   if (!r.ok) {
-    Show_Message(r.Error_Text);
+    // a damaged project: the window keeps what was read before the fault
+    if (!r.Error_Text.empty()) Warning_Box(Lang(r.Error_Text), Program_Name());
     return false;
   }
   {

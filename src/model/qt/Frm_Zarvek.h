@@ -104,6 +104,8 @@ class Frm_Zarvek : public QMainWindow {
 
   // Boxes and dialogs; replaced by tests. Message: text, title.
   std::function<void(const QString& text, const QString& title)> Message_Box;
+  // The same with an exclamation icon: a project that can't be read.
+  std::function<void(const QString& text, const QString& title)> Warning_Box;
   // OK/Cancel question with a question icon: true for OK.
   std::function<bool(const QString& text)> Confirm_Box;
   // A file name chosen by the user (action 1 open, 2 save), empty when cancelled.

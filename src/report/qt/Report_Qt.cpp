@@ -11,6 +11,7 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextLayout>
 #include <QUrl>
 #include <algorithm>
 #include <ctime>
@@ -131,15 +132,27 @@ void Fill_PageDocument(QTextDocument& doc, const Rich_Document& rich) {
   // ends inside such a group, the group starts the next page.
   const double H = doc.pageSize().height();
   auto keep = [](const QTextBlock& b) { return b.blockFormat().boolProperty(Keep_With_Next_Property); };
+  // Where a paragraph's lines stand. A line that doesn't fit at the foot of
+  // a page is moved to the next one while its block keeps its place: the
+  // block's bounding rectangle would still say the old page.
+  auto top = [&doc](const QTextBlock& b) {
+    doc.documentLayout()->blockBoundingRect(b);  // lays the block out
+    const QTextLayout* l = b.layout();
+    return l->position().y() + (l->lineCount() ? l->lineAt(0).y() : 0.0);
+  };
+  auto bottom = [&doc](const QTextBlock& b) {
+    const QRectF r = doc.documentLayout()->blockBoundingRect(b);
+    const QTextLayout* l = b.layout();
+    return l->lineCount() ? l->position().y() + l->lineAt(l->lineCount() - 1).rect().bottom() : r.bottom();
+  };
   for (QTextBlock b = doc.begin(); b.isValid(); b = b.next()) {
     if (!keep(b)) continue;
     QTextBlock last = b;
     while (last.isValid() && keep(last)) last = last.next();
     if (!last.isValid()) break;
-    QAbstractTextDocumentLayout* layout = doc.documentLayout();
-    const QRectF first = layout->blockBoundingRect(b), end = layout->blockBoundingRect(last);
-    const int pageFirst = (int)(first.top() / H), pageEnd = (int)((end.bottom() - 1) / H);
-    if (pageFirst != pageEnd && end.bottom() - first.top() < 0.8 * H) {
+    const double from = top(b), to = bottom(last);
+    const int pageFirst = (int)(from / H), pageEnd = (int)((to - 1) / H);
+    if (pageFirst != pageEnd && to - from < 0.8 * H) {
       QTextCursor c(b);
       QTextBlockFormat f = b.blockFormat();
       f.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);

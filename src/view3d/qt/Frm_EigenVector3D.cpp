@@ -24,6 +24,7 @@
 #include "diagrams/SvgWriter.h"
 #include "diagrams/qt/QtSurface.h"
 #include "foundation/Language.h"
+#include "foundation/qt/Translate_Form.h"
 #include "view3d/TriD_Model.h"
 #include "view3d/qt/TriD_Cursors.h"
 
@@ -61,6 +62,26 @@ QString Caption(int section, int line, const char* fallback) {
   const std::string& s = Section_Line(section, line);
   return s.empty() ? QString::fromUtf8(fallback) : QString::fromStdString(Cp1252_To_Utf8(s));
 }
+
+// The bars of the view, their reset buttons and the English of their
+// tooltips; the languages give the tooltips under the name of the bar.
+struct Bar_Text {
+  const char* label;
+  const char* bar;
+  const char* button;
+  const char* caption;
+  const char* tip;
+};
+const Bar_Text Bar_Tips[] = {
+    {"Ratio", "Scroll_RapDep", "Cmd_RapDep0", "0", "Displacement ratio; 0: the undeformed beam"},
+    {"Zoom", "Scroll_Zoom", "Cmd_Zoom1", "1", "Zoom; 1: back to the first size"},
+    {"X", "Scroll_RotGlob(1)", "Cmd_RotGlob0(1)", "0", "Rotation about the horizontal axis X"},
+    {"Y", "Scroll_RotGlob(2)", "Cmd_RotGlob0(2)", "0", "Rotation about the line of sight Y"},
+    {"Z", "Scroll_RotGlob(3)", "Cmd_RotGlob0(3)", "0", "Rotation about the upright axis Z"},
+    {"x", "Scroll_RotLocX", "Cmd_RotLocX0", "0", "Rotation about the beam's own axis"},
+    {"\u2194", "Scroll_X", "Cmd_ReCenter", "0", "Move across; 0: back to the centre"},
+    {"\u2195", "Scroll_Z", nullptr, nullptr, "Move up and down"},
+};
 
 }  // namespace
 
@@ -134,23 +155,8 @@ void Frm_EigenVector3D::Build_Controls() {
   grid->setContentsMargins(6, 6, 6, 6);
   grid->setVerticalSpacing(4);
 
-  struct Item {
-    const char* label;
-    const char* bar;
-    const char* button;
-    const char* caption;
-    const char* tip;
-  };
-  const Item items[Bar_Count] = {
-      {"Ratio", "Scroll_RapDep", "Cmd_RapDep0", "0", "Displacement ratio; 0: the undeformed beam"},
-      {"Zoom", "Scroll_Zoom", "Cmd_Zoom1", "1", "Zoom; 1: back to the first size"},
-      {"X", "Scroll_RotGlob(1)", "Cmd_RotGlob0(1)", "0", "Rotation about the horizontal axis X"},
-      {"Y", "Scroll_RotGlob(2)", "Cmd_RotGlob0(2)", "0", "Rotation about the line of sight Y"},
-      {"Z", "Scroll_RotGlob(3)", "Cmd_RotGlob0(3)", "0", "Rotation about the upright axis Z"},
-      {"x", "Scroll_RotLocX", "Cmd_RotLocX0", "0", "Rotation about the beam's own axis"},
-      {"\u2194", "Scroll_X", "Cmd_ReCenter", "0", "Move across; 0: back to the centre"},
-      {"\u2195", "Scroll_Z", nullptr, nullptr, "Move up and down"},
-  };
+  const auto& items = Bar_Tips;
+  static_assert(std::size(Bar_Tips) == Bar_Count);
   int r = 0;
   for (int b = 0; b < Bar_Count; ++b, ++r) {
     if (b == Bar_RotX || b == Bar_X) {
@@ -158,8 +164,9 @@ void Frm_EigenVector3D::Build_Controls() {
       gap->setFixedHeight(6);
       grid->addWidget(gap, r++, 0);
     }
-    const Item& it = items[b];
+    const Bar_Text& it = items[b];
     auto* lab = new QLabel(QString::fromUtf8(it.label), effects_);
+    lab->setObjectName(QString("Lbl_") + it.bar);
     grid->addWidget(lab, r, 0);
     auto* bar = new QScrollBar(Qt::Horizontal, effects_);
     bar->setObjectName(it.bar);
@@ -168,7 +175,6 @@ void Frm_EigenVector3D::Build_Controls() {
     bar->setSingleStep(1);
     bar->setPageStep(10);
     bar->setMinimumWidth(110);
-    bar->setToolTip(QString::fromUtf8(it.tip));
     grid->addWidget(bar, r, 1);
     bars_[b] = bar;
     connect(bar, &QScrollBar::valueChanged, this, [this, b](int v) { Scroll_Change(b, v); });
@@ -176,7 +182,6 @@ void Frm_EigenVector3D::Build_Controls() {
       auto* btn = new QPushButton(it.caption, effects_);
       btn->setObjectName(it.button);
       btn->setFixedWidth(28);
-      btn->setToolTip(QString::fromUtf8(it.tip));
       // Cmd_ReCenter stands beside both pan bars.
       if (b == Bar_X)
         grid->addWidget(btn, r, 2, 2, 1);
@@ -194,13 +199,11 @@ void Frm_EigenVector3D::Build_Controls() {
   optAll_->setObjectName("Opt_DrawAllSections");
   optAll_->setIcon(Sections_Icon(1));
   optAll_->setIconSize(QSize(72, 18));
-  optAll_->setToolTip("All cross-sections");
   optAll_->setChecked(true);
   optLight_ = new QRadioButton(effects_);
   optLight_->setObjectName("Opt_DrawLight");
   optLight_->setIcon(Sections_Icon(10));
   optLight_->setIconSize(QSize(72, 18));
-  optLight_->setToolTip("A tenth of the cross-sections: a lighter drawing");
   grid->addWidget(optAll_, r++, 0, 1, 3);
   grid->addWidget(optLight_, r++, 0, 1, 3);
   auto option = [this] {
@@ -241,6 +244,24 @@ void Frm_EigenVector3D::Translate() {
   if (auto* a = findChild<QAction*>("Menu_File_Quit")) a->setText(Caption(1, 8, "&Quit"));
   if (auto* mnu = findChild<QMenu*>("Menu_Edit")) mnu->setTitle(Caption(1, 9, "&Edit"));
   if (auto* a = findChild<QAction*>("Menu_Quid_Help")) a->setText(Caption(1, 17, "&?"));
+
+  // The texts that came after the numbered captions, and the tooltips: a bar
+  // and the button beside it say the same.
+  auto further = [](const char* name, const char* english) {
+    return Lang_Further(std::string("Frm_EigenVector3D.") + name, english);
+  };
+  if (auto* a = findChild<QAction*>("Menu_File_SaveAs"))
+    a->setText(further("Menu_File_SaveAs", "Save picture &as..."));
+  if (auto* l = findChild<QLabel*>("Lbl_Scroll_RapDep")) l->setText(further("Ratio", "Ratio"));
+  if (auto* l = findChild<QLabel*>("Lbl_Scroll_Zoom")) l->setText(further("Zoom", "Zoom"));
+  for (int b = 0; b < Bar_Count; ++b) {
+    const QString tip = further(Bar_Tips[b].bar, Bar_Tips[b].tip);
+    bars_[b]->setToolTip(tip);
+    if (Bar_Tips[b].button)
+      if (auto* btn = findChild<QPushButton*>(Bar_Tips[b].button)) btn->setToolTip(tip);
+  }
+  optAll_->setToolTip(further("Opt_DrawAllSections", "All cross-sections"));
+  optLight_->setToolTip(further("Opt_DrawLight", "A tenth of the cross-sections: a lighter drawing"));
 }
 
 Surface& Frm_EigenVector3D::Plot() { return plot_->surface(); }
@@ -388,12 +409,14 @@ bool Frm_EigenVector3D::Save_Picture(const QString& path) {
 
 void Frm_EigenVector3D::Menu_File_SaveAs() {
   QString filter;
-  const QString path = QFileDialog::getSaveFileName(this, QString(), QString(),
-                                                    "PNG picture (*.png);;SVG picture (*.svg)", &filter);
+  const QString png = Lang_Further("Frm_EigenVector3D.PNG picture", "PNG picture") + " (*.png)";
+  const QString path = QFileDialog::getSaveFileName(
+      this, QString(), QString(), png + ";;" + Lang_Further("Frm_EigenVector3D.SVG picture", "SVG picture") + " (*.svg)",
+      &filter);
   if (path.isEmpty()) return;
   QString p = path;
   if (!p.toLower().endsWith(".png") && !p.toLower().endsWith(".svg"))
-    p += filter.contains("svg") ? ".svg" : ".png";
+    p += filter.contains("*.svg") ? ".svg" : ".png";
   Save_Picture(p);
 }
 

@@ -11,6 +11,8 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRegularExpression>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTimer>
 #include <QtTest>
@@ -103,6 +105,22 @@ class Test_Main_Integration : public QObject {
     QVERIFY(w_->Model().Mode_Max > 0);
   }
 
+  // A page chosen by a click on its tab.
+  void Click_Page(int p) {
+    QTabBar* bar = w_->Tab_Zarvek->tabBar();
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(p).center());
+    QTRY_COMPARE(w_->Tab_Zarvek->currentIndex(), p);
+  }
+
+  // Tooltips that show the name of a control instead of words.
+  QStringList Control_Names_In_Tooltips() {
+    static const QRegularExpression control("^[A-Z][A-Za-z]*_[A-Za-z]");
+    QStringList bad;
+    for (QWidget* c : w_->findChildren<QWidget*>())
+      if (control.match(c->toolTip()).hasMatch()) bad << c->objectName() + ": " + c->toolTip();
+    return bad;
+  }
+
 private slots:
   // A start directory in English and the main window on it, hooked up.
   void init() {
@@ -168,6 +186,74 @@ private slots:
     QCOMPARE(w_->Model().Lst_v2.index, -1);
     QCOMPARE(Num_Of_Text(w_->Model().Lst_v2.text), 350.0);
     QCOMPARE(w_->Menu_File->title(), QString("&Fichier"));
+    QVERIFY2(Control_Names_In_Tooltips().isEmpty(), qPrintable(Control_Names_In_Tooltips().join('\n')));
+    QVERIFY(!w_->Cmd_Dimensions->toolTip().isEmpty());
+  }
+
+  // Alt+E opens the Edit menu in one stroke on every page; the mode table's
+  // button of the results page answers to a letter of its own.
+  void altEIsTheEditMenuOnEveryPage() {
+    QVERIFY2(Control_Names_In_Tooltips().isEmpty(), qPrintable(Control_Names_In_Tooltips().join('\n')));
+    for (int p = 0; p < 4; ++p) {
+      Click_Page(p);
+      QTest::keyClick(w_.get(), Qt::Key_E, Qt::AltModifier);
+      QTRY_VERIFY2(w_->Menu_Edit->isVisible(), qPrintable(QString("page %1").arg(p)));
+      QTest::keyClick(w_->Menu_Edit, Qt::Key_Escape);
+      QTRY_VERIFY(!w_->Menu_Edit->isVisible());
+    }
+    Solve();
+    int opened = 0;
+    w_->Hooks.EditEigen = [&opened] { ++opened; };
+    const QString text = w_->Cmd_EditEigen->text();
+    const int amp = text.indexOf('&');
+    QVERIFY(amp >= 0 && amp + 1 < text.size());
+    QVERIFY(text.at(amp + 1).toUpper() != QChar('E'));
+    const auto key = Qt::Key(QKeySequence::mnemonic(text)[0].key());
+    QTest::keyClick(w_.get(), key, Qt::AltModifier);
+    QTRY_COMPARE(opened, 1);
+  }
+
+  // ---- pages of the main window -------------------------------------------
+
+  // The check of the dimensions leaves their page in front, with the
+  // properties it computed in view, though the route is the catalogue's.
+  void dimensionsCheckKeepsItsPropertiesInView() {
+    QVERIFY(w_->Model().Opt_Catalogue);
+    Click_Page(0);
+    QTabBar* routes = w_->Tab_Section->tabBar();
+    QTest::mouseClick(routes, Qt::LeftButton, {}, routes->tabRect(1).center());
+    QTRY_COMPARE(w_->Tab_Section->currentIndex(), 1);
+    QTest::mouseClick(w_->Cmd_Dimensions, Qt::LeftButton);
+    QCoreApplication::processEvents();
+    QCOMPARE(w_->Tab_Section->currentIndex(), 1);
+    for (const char* f : {"Txt_Iz(2)", "Txt_It(2)", "Txt_Iw(2)"}) {
+      QVERIFY2(E(f)->isVisible() && !E(f)->visibleRegion().isEmpty(), f);
+      QVERIFY2(Num_Of_Text(E(f)->text().toStdString()) > 0, f);
+    }
+  }
+
+  // A project file cut short: the box that says so has its exclamation icon.
+  void damagedProjectBoxHasItsIcon() {
+    QFile whole(QString(ZARVEK_BIN_DIR) + "/EXAMPLE.DAT");
+    QVERIFY(whole.open(QIODevice::ReadOnly));
+    const QByteArray lines = whole.readAll();
+    QFile cut(QString::fromStdString(start_->path() + "/CUT.DAT"));
+    QVERIFY(cut.open(QIODevice::WriteOnly));
+    cut.write(lines.left(lines.size() / 3));
+    cut.close();
+    chosen_ << cut.fileName();
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    QString text;
+    bool seen = false;
+    When_Modal<QMessageBox>([&](QMessageBox* b) {
+      icon = b->icon();
+      text = b->text();
+      b->accept();
+    }, &seen);
+    QTest::keyClick(w_.get(), Qt::Key_O, Qt::ControlModifier);
+    QTRY_VERIFY(seen);
+    QCOMPARE(icon, QMessageBox::Warning);
+    QVERIFY2(text.contains("CUT.DAT"), qPrintable(text));
   }
 
   // ---- help ---------------------------------------------------------------
@@ -184,6 +270,9 @@ private slots:
     QVERIFY(p && p->isVisible());
     QCOMPARE(p->Picture_Index(), 4);
     QVERIFY(p->Img_Help->pixmap().width() > 100);
+    // another page: the picture told of the page it was asked from
+    Click_Page(2);
+    QVERIFY(!p->isVisible());
   }
 
   // ---- catalogue ----------------------------------------------------------

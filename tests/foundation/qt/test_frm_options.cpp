@@ -1,7 +1,10 @@
 // The options window: backup and Cancel, OK and the unit conversion of the
 // record, the live change of language, the hidden method, the frame.
 #include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFileDialog>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalSpy>
@@ -257,6 +260,40 @@ class TestFrmOptions : public QObject {
     QTest::keyClick(&w, Qt::Key_Escape);
     QVERIFY(!w.isVisible());
     QCOMPARE(List(w, UnitFamily::F)->currentIndex(), 1);
+  }
+
+  // The toolkit's own buttons and dialogs follow a change of language made
+  // in the window, there and back.
+  void toolkitDialogsFollowTheLanguage() {
+    Start_Model sm;
+    auto& [start, m] = sm;
+    Frm_Options w(m, start.state);
+    auto choose = [&](const char* code) {
+      w.Prepare();
+      w.show();
+      QVERIFY(QTest::qWaitForWindowExposed(&w));
+      for (int i = 0; i < w.Lst_Language->count(); ++i)
+        if (w.Lst_Language->itemText(i).startsWith(code)) w.Lst_Language->setCurrentIndex(i);
+      QTest::mouseClick(w.Cmd_OKOptions, Qt::LeftButton);
+      QCOMPARE(QString::fromStdString(start.state.Language_Code), QString(code));
+    };
+    auto cancelOfBox = [] {
+      QMessageBox box(QMessageBox::Question, "t", "q", QMessageBox::Ok | QMessageBox::Cancel);
+      return box.button(QMessageBox::Cancel)->text().remove('&');
+    };
+    auto cancelOfFileDialog = [] {
+      QFileDialog d;
+      d.setOption(QFileDialog::DontUseNativeDialog);
+      auto* bb = d.findChild<QDialogButtonBox*>();
+      return bb && bb->button(QDialogButtonBox::Cancel) ? bb->button(QDialogButtonBox::Cancel)->text().remove('&')
+                                                         : QString();
+    };
+    choose("FR");
+    QCOMPARE(cancelOfBox(), QString("Annuler"));
+    QCOMPARE(cancelOfFileDialog(), QString("Annuler"));
+    choose("UK");
+    QCOMPARE(cancelOfBox(), QString("Cancel"));
+    QCOMPARE(cancelOfFileDialog(), QString("Cancel"));
   }
 };
 

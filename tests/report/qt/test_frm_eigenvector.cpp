@@ -4,6 +4,8 @@
 #include <QClipboard>
 #include <QFile>
 #include <QHeaderView>
+#include <QMenu>
+#include <QMenuBar>
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -117,6 +119,39 @@ class Test_Frm_EigenVector : public QObject {
     // nothing selected: the clipboard is left alone
     g->clearSelection();
     w.Menu_Edit_Copy();
+    QCOMPARE(QApplication::clipboard()->text(), block);
+  }
+
+  // Edit > Copy opened with the mouse, then with Alt+E and its letter: the
+  // menu opening doesn't take the grid's block away nor grey the command.
+  void copyFromTheMenu() {
+    const BeamModel m = Sample();
+    Frm_EigenVector w(m);
+    w.show();
+    w.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&w));
+    QTableWidget* g = w.Grd_Eigen();
+    auto cellCentre = [g](int r, int c) { return g->visualItemRect(g->item(r, c)).center(); };
+    QTest::mouseClick(g->viewport(), Qt::LeftButton, {}, cellCentre(1, 1));
+    QTest::mouseClick(g->viewport(), Qt::LeftButton, Qt::ShiftModifier, cellCentre(2, 3));
+    const QString block = QStringLiteral("500.0\t7.5000E-01\t-1.0000E+00\r\n1000.0\t0\t0\r\n");
+
+    auto* bar = w.findChild<QMenuBar*>();
+    auto* edit = w.findChild<QMenu*>(QStringLiteral("Menu_Edit"));
+    QAction* copy = w.findChild<QAction*>(QStringLiteral("Menu_Edit_Copy"));
+    QApplication::clipboard()->setText(QStringLiteral("old"));
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(edit->menuAction()).center());
+    QTRY_VERIFY(edit->isVisible());
+    QVERIFY(copy->isEnabled());
+    QTest::mouseClick(edit, Qt::LeftButton, {}, edit->actionGeometry(copy).center());
+    QTRY_VERIFY(!edit->isVisible());
+    QCOMPARE(QApplication::clipboard()->text(), block);
+
+    QApplication::clipboard()->setText(QStringLiteral("old"));
+    QTest::keyClick(g, Qt::Key_E, Qt::AltModifier);
+    QTRY_VERIFY(edit->isVisible());
+    QTest::keyClick(edit, Qt::Key_C);
+    QTRY_VERIFY(!edit->isVisible());
     QCOMPARE(QApplication::clipboard()->text(), block);
   }
 
