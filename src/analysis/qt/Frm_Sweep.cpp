@@ -23,6 +23,7 @@
 #include "foundation/Mod_Zarvek.h"
 #include "foundation/Units.h"
 #include "foundation/qt/Translate_Form.h"
+#include "model/FieldTable.h"
 
 namespace zarvek {
 

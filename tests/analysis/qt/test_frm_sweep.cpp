@@ -1,5 +1,6 @@
 // Tools > Sweep driven by the keyboard and the mouse: the range typed, the
 // run, the progress, the curve's table on the clipboard, refused points.
+#include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
 #include <QGuiApplication>
@@ -71,6 +72,8 @@ class Test_Frm_Sweep : public QObject {
     f.Cmb_Field->setFocus(Qt::TabFocusReason);
     QTest::keyClicks(f.Cmb_Field, "Txt_E");
     QCOMPARE(f.Cmb_Field->currentText(), QString("Txt_E"));
+    QCOMPARE(f.Lbl_Unit[0]->text(), QString("MPa"));
+    QTest::qWait(QApplication::keyboardInputInterval() + 100);  // a new search
     QTest::keyClicks(f.Cmb_Field, "Txt_L");
     QCOMPARE(f.Cmb_Field->currentText(), QString("Txt_L"));
 
