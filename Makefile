@@ -2,10 +2,12 @@
 # Debian 12 machine: they install what is missing first.
 BUILD      ?= build
 SAN_BUILD  ?= build-sanitize
+TSAN_BUILD ?= build-tsan
 FUZZ_BUILD ?= build-fuzz
 JOBS       ?= $(shell nproc 2>/dev/null || echo 2)
 FUZZ_SECONDS ?= 60
-DEBS      := cmake g++ make pkgconf qt6-base-dev libgl-dev libgtest-dev libbenchmark-dev fonts-liberation2 qt6-translations-l10n
+DEBS      := cmake g++ make pkgconf qt6-base-dev libgl-dev libgtest-dev libbenchmark-dev fonts-liberation2 \
+             python3-dev python3-pybind11 python3-numpy python3-pytest python3-matplotlib qt6-translations-l10n
 # libFuzzer and the sanitizer run-times of clang: for `make fuzz` only
 FUZZ_DEBS := clang libclang-rt-14-dev
 # A compiler cache, when the machine has one, makes a second build cheap.
@@ -15,7 +17,7 @@ LAUNCHER  := $(if $(CCACHE),-DCMAKE_CXX_COMPILER_LAUNCHER=$(CCACHE))
 # examples): what `make run` needs, without the tests and the benchmarks.
 RUN_TARGETS := Zarvek zarvek-cli zarvek_data
 
-.PHONY: all deps deps-fuzz configure build run test test-sanitize fuzz bench clean
+.PHONY: all deps deps-fuzz configure build run test test-sanitize test-threads fuzz bench clean
 
 all: build
 
@@ -63,6 +65,14 @@ test-sanitize: deps
 	  UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1:suppressions=$(SAN_SUPP)/ubsan.supp \
 	  ctest --output-on-failure -j $(JOBS)
 
+# Solves side by side under ThreadSanitizer: the core's tests of solves on
+# several threads and of the sweep; any data race fails them.
+test-threads: deps
+	cmake -S . -B $(TSAN_BUILD) -DZARVEK_WITH_QT=OFF -DZARVEK_WITH_BENCH=OFF -DCMAKE_BUILD_TYPE=Debug \
+	  -DCMAKE_CXX_FLAGS="-fsanitize=thread -O1 -g" -DCMAKE_EXE_LINKER_FLAGS=-fsanitize=thread $(LAUNCHER)
+	cmake --build $(TSAN_BUILD) -j $(JOBS) --target test_analysis
+	TSAN_OPTIONS=halt_on_error=1 $(TSAN_BUILD)/tests/test_analysis --gtest_filter='Reentrancy.*:Sweep.*'
+
 # libFuzzer targets for the file readers, FUZZ_SECONDS each, on the seeds in
 # tests/fuzz/corpus (grown in $(FUZZ_BUILD)/corpus from run to run).
 fuzz: deps deps-fuzz
@@ -75,4 +85,4 @@ bench: build
 	$(BUILD)/bin/zarvek-bench
 
 clean:
-	rm -rf $(BUILD) $(SAN_BUILD) $(FUZZ_BUILD)
+	rm -rf $(BUILD) $(SAN_BUILD) $(TSAN_BUILD) $(FUZZ_BUILD)

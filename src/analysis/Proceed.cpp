@@ -172,6 +172,7 @@ bool Build_Problem(BeamModel& m, ProblemData& p, EffortsData& e, std::int16_t& s
 
 ProceedResult Proceed(BeamModel& m, const std::string& problemPath, SolveControl& ctl, bool ExternalMode) {
   ProceedResult r;
+  std::string problemText;
   if (ExternalMode) {
     // the problem file of the user stands as it is
     InitProcessInfo(m);
@@ -186,7 +187,10 @@ ProceedResult Proceed(BeamModel& m, const std::string& problemPath, SolveControl
       r.Message = text;
       return r;
     }
-    if (!Write_ProblemFile(problemPath, p, ProblemLabels::Proceed)) {
+    if (problemPath.empty()) {
+      // no file: the problem text goes to the solver in memory
+      problemText = Problem_Text(p, ProblemLabels::Proceed);
+    } else if (!Write_ProblemFile(problemPath, p, ProblemLabels::Proceed)) {
       r.Solve_Status = Status_RunTime;
       r.Message = Text_RunTime;
       return r;
@@ -196,7 +200,10 @@ ProceedResult Proceed(BeamModel& m, const std::string& problemPath, SolveControl
   r.Method = Method_Of(m);
   ctl.Tol = Tolerance_Of(m);
   ctl.NbIter = NbIter_Of(m);
-  Solve_Problem(problemPath, r.Method, r.Solver, ctl);
+  if (!ExternalMode && problemPath.empty())
+    Solve_ProblemText(std::move(problemText), r.Method, r.Solver, ctl);
+  else
+    Solve_Problem(problemPath, r.Method, r.Solver, ctl);
   const SolverResult& s = r.Solver;
   r.Solve_Status = s.Solve_Status;
 

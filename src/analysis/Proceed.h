@@ -71,7 +71,10 @@ struct ProceedResult {
 };
 
 // Proceed. `problemPath` is the file to write (or, in external mode, the
-// problem file chosen by the user, which is read as it stands). The solve
+// problem file chosen by the user, which is read as it stands). An empty
+// path writes no file: the problem goes to the solver in memory, with the
+// same results, and solves of different records may then run on several
+// threads at once (the language texts and Dec_Sep must not change meanwhile). The solve
 // takes its tolerance and iteration limit from the record's options into
 // `ctl`; callbacks and the stop flag of `ctl` are the caller's. On success
 // the record gets Txt_mucr, Txt_Mcr (= mucr Efforts_Mmax in the unit of

@@ -62,6 +62,8 @@ const char* Usage_Text =
     "  zarvek-cli draw FILE --what loads|section|forces|mode|3d -o OUT.png|OUT.svg [--scale K]\n"
     "                                   one diagram of a project or problem file\n"
     "  zarvek-cli report FILE.DAT -o OUT.rtf|OUT.pdf [--lang UK|FR]   results report\n"
+    "  zarvek-cli sweep FILE.DAT --field NAME --from A --to B --step S [-o OUT.csv]\n"
+    "                 [--plot OUT.svg|OUT.png] [--jobs N]   Mcr over a range of one field\n"
     "  zarvek-cli --help                this text\n"
     "\n"
     "A project is checked as the main window checks it and solved with the method,\n"
@@ -515,6 +517,7 @@ int Command_Section(const std::string& fullName) {
 
 namespace zarvek {
 int Command_Draw(const std::vector<std::string>& args);  // cli_draw.cpp
+int Command_Sweep(const std::vector<std::string>& args);  // cli_sweep.cpp
 }
 int Cli_Report(const std::vector<std::string>& args);  // cli_report.cpp
 
@@ -554,6 +557,7 @@ int main(int argc, char** argv) {
   }
   if (cmd == "draw") return zarvek::Command_Draw(args);
   if (cmd == "report") return Cli_Report(args);
+  if (cmd == "sweep") return zarvek::Command_Sweep(args);
   if (cmd == "sections" || cmd == "section") {
     for (size_t i = 1; i < args.size(); ++i)
       if (option(args[i])) return Usage_Error("unknown option " + args[i]);

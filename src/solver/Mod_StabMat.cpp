@@ -382,7 +382,24 @@ void Transform_Node(int i, double z, SymMatrix& A) {
 
 // ------------------------------------------------------------ Solve_Problem
 
-void Solve_Problem(const std::string& path, int method, SolverResult& res, SolveControl& ctl) {
+namespace {
+
+// The text of a problem file, or false when it can't be read.
+bool Read_Text(const std::string& path, std::string& text) {
+  FILE* f = std::fopen(path.c_str(), "rb");
+  if (!f) return false;
+  bool ok = true;
+  char buf[65536];
+  size_t n;
+  while ((n = std::fread(buf, 1, sizeof buf, f)) > 0) text.append(buf, n);
+  if (std::ferror(f)) ok = false;
+  std::fclose(f);
+  return ok;
+}
+
+// Everything a solve uses lives in this call and in `res` and `ctl`: two
+// solves on two threads share nothing but the read-only language texts.
+void Solve_Text(std::string text, bool opened, int method, SolverResult& res, SolveControl& ctl) {
   MethodState st;
   st.ctl = &ctl;
   res.Solve_Status = 0;
@@ -396,16 +413,6 @@ void Solve_Problem(const std::string& path, int method, SolverResult& res, Solve
   // Phases 1-4: read and check
   ProblemData P;
   {
-    std::string text;
-    bool opened = false;
-    if (FILE* f = std::fopen(path.c_str(), "rb")) {
-      opened = true;
-      char buf[65536];
-      size_t n;
-      while ((n = std::fread(buf, 1, sizeof buf, f)) > 0) text.append(buf, n);
-      if (std::ferror(f)) opened = false;
-      std::fclose(f);
-    }
     try {
       if (!opened) throw Read_Error{};
       Read_Problem(std::move(text), P, res);
@@ -533,6 +540,18 @@ void Solve_Problem(const std::string& path, int method, SolverResult& res, Solve
     res.Error_Text = "Problem in solving Mcr";
     res.Converged = false;
   }
+}
+
+}  // namespace
+
+void Solve_Problem(const std::string& path, int method, SolverResult& res, SolveControl& ctl) {
+  std::string text;
+  const bool opened = Read_Text(path, text);
+  Solve_Text(std::move(text), opened, method, res, ctl);
+}
+
+void Solve_ProblemText(std::string text, int method, SolverResult& res, SolveControl& ctl) {
+  Solve_Text(std::move(text), true, method, res, ctl);
 }
 
 // ------------------------------------------------------------------ writing

@@ -84,6 +84,10 @@ constexpr int Method_Dichotomie = 2;
 // The single entry of the solver. `res.mucr` stays as passed when the file
 // can't be read or the method number is neither 1 nor 2.
 void Solve_Problem(const std::string& path, int method, SolverResult& res, SolveControl& ctl);
+// The same on the text of a problem file held in memory: what solves running
+// side by side use, so that they share no file. The results are those of the
+// file route, to the bit, as the solver reads the same text either way.
+void Solve_ProblemText(std::string text, int method, SolverResult& res, SolveControl& ctl);
 
 // Which of the two label sets a problem file is written with.
 enum class ProblemLabels { Proceed, SaveFileZVK };

@@ -29,6 +29,7 @@
 #include <QVBoxLayout>
 
 #include "analysis/DirectSolve.h"
+#include "analysis/qt/Frm_Sweep.h"
 #include "directdata/DirectData.h"
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
@@ -205,6 +206,13 @@ void Frm_Zarvek::Build_Menus() {
     if (!Hooks.Options) return;
     // unit changes reach the section; a cancel leaves the window as it was
     if (Hooks.Options() && !m_.RefreshLocked) Cmd_Dimensions_Click();
+  });
+  // Tools > Sweep: Mcr over a range of one field, on a copy of the project
+  QAction* sweep = action(Menu_Tools, "Menu_Tools_Sweep", Lang_Further("Menu_Tools_Sweep", "S&weep..."));
+  connect(sweep, &QAction::triggered, this, [this] {
+    if (solving_) return;
+    Frm_Sweep f(m_, this);
+    f.exec();
   });
 
   Menu_Quid = menuBar()->addMenu("?");
@@ -962,6 +970,7 @@ void Frm_Zarvek::Translate_Form() {
                       Menu_Tools_External, Menu_Tools_Calculator, Menu_Tools_FullScreen,
                       Menu_Tools_Options, Menu_Quid_Help, Menu_Quid_About};
   for (int k = 0; k < 17; ++k) menus[k]->setText(Caption(L_Menu_File + k));
+  if (auto* a = findChild<QAction*>("Menu_Tools_Sweep")) a->setText(Lang_Further("Menu_Tools_Sweep", "S&weep..."));
   for (int k = 0; k < 4; ++k) Tab_Zarvek->setTabText(k, Caption(L_Tab0 + k));
   for (int k = 0; k < 12; ++k)
     if (Lbl_Trad[k]) Lbl_Trad[k]->setText(Caption(L_Lbl_Trad0 + k));

@@ -1,0 +1,163 @@
+// Tools > Sweep driven by the keyboard and the mouse: the range typed, the
+// run, the progress, the curve's table on the clipboard, refused points.
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QtTest>
+#include <cmath>
+
+#include "analysis/qt/Frm_Sweep.h"
+#include "diagrams/qt/QtSurface.h"
+#include "foundation/Language.h"
+
+using namespace zarvek;
+
+namespace {
+
+// Fork-supported IPE 300 of L cm under uniform moment, kN.cm.
+double Mcr_Uniform(double L) {
+  const double E = 21000, G = 8076.9, Iz = 603.78, It = 19.868, Iw = 126332;
+  return M_PI / L * std::sqrt(E * Iz * G * It) * std::sqrt(1 + M_PI * M_PI * E * Iw / (L * L * G * It));
+}
+
+void Type(QLineEdit* e, const QString& text) {
+  e->setFocus(Qt::TabFocusReason);
+  QTest::keyClick(e, Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClick(e, Qt::Key_Delete);
+  QTest::keyClicks(e, text);
+}
+
+void Shot(QWidget& w, const char* name) {
+  const QByteArray dir = qgetenv("ZARVEK_SHOT_DIR");
+  if (!dir.isEmpty()) w.grab().save(QString(dir) + "/" + name);
+}
+
+}  // namespace
+
+class Test_Frm_Sweep : public QObject {
+  Q_OBJECT
+
+  QTemporaryDir dir_;
+  BeamModel m_;
+
+  void Load(const char* code) {
+    QVERIFY(Load_LanguageFile(std::string(ZARVEK_BIN_DIR) + "/ZARVEK_" + code + ".MSG",
+                              dir_.path().toStdString() + "/L.TMP"));
+    Load_Messages();
+  }
+
+ private slots:
+  void initTestCase() {
+    QVERIFY(dir_.isValid());
+    Init_Default(m_, ZARVEK_BIN_DIR);  // IPE 300, 10 m, fork supports, 100 kN.m
+    Load("UK");
+  }
+
+  void spanSweepByTheKeyboard() {
+    Frm_Sweep f(m_);
+    f.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&f));
+    QCOMPARE(f.windowTitle(), QString("Sweep: Mcr against one field"));
+    QCOMPARE(f.Cmb_Field->currentText(), QString("Txt_L"));
+    QCOMPARE(f.Lbl_Unit[0]->text(), QString("m"));
+    QVERIFY(!f.Cmd_Copy->isEnabled());
+
+    // another field and back, by the keys of the list
+    f.Cmb_Field->setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(f.Cmb_Field, "Txt_E");
+    QCOMPARE(f.Cmb_Field->currentText(), QString("Txt_E"));
+    QCOMPARE(f.Lbl_Unit[0]->text(), QString("MPa"));
+    QTest::qWait(QApplication::keyboardInputInterval() + 100);  // a new search
+    QTest::keyClicks(f.Cmb_Field, "Txt_L");
+    QCOMPARE(f.Cmb_Field->currentText(), QString("Txt_L"));
+
+    // a step of zero is refused in the window, nothing runs
+    Type(f.Txt_From, "4");
+    Type(f.Txt_To, "12");
+    Type(f.Txt_Step, "0");
+    QTest::mouseClick(f.Cmd_Run, Qt::LeftButton);
+    QVERIFY(f.Lbl_Message->text().startsWith("The step must be non-zero"));
+    QVERIFY(f.Points().empty());
+
+    // 0.5 m lies below the 1 m of a 100-element beam: a refused row, the
+    // others solved
+    Type(f.Txt_From, "0.5");
+    Type(f.Txt_Step, "3.5");
+    QTest::keyClick(f.Txt_Step, Qt::Key_Return);  // Run is the default button
+    QTRY_VERIFY_WITH_TIMEOUT(f.Cmd_Copy->isEnabled(), 20000);
+    QCOMPARE(f.Prg_Sweep->maximum(), 4);
+    QCOMPARE(f.Prg_Sweep->value(), 4);
+    QCOMPARE(f.Lbl_Message->text(), QString("3 of 4 points solved"));
+    Shot(f, "sweep_en.png");
+
+    QGuiApplication::clipboard()->clear();
+    QTest::mouseClick(f.Cmd_Copy, Qt::LeftButton);
+    const QStringList rows = QGuiApplication::clipboard()->text().split('\n', Qt::SkipEmptyParts);
+    QCOMPARE(rows.size(), 5);
+    QCOMPARE(rows[0], QString("Txt_L [m],mucr,Mcr [kN.m],status,message"));
+    QVERIFY(rows[1].startsWith("0.5,,,-1,"));
+    const double spans[3] = {4, 7.5, 11};
+    for (int i = 0; i < 3; ++i) {
+      const QStringList c = rows[i + 2].split(',');
+      QCOMPARE(c[0].toDouble(), spans[i]);
+      QCOMPARE(c[3], QString("0"));
+      // kN.cm -> kN.m
+      QVERIFY2(std::fabs(std::fabs(c[2].toDouble()) / (Mcr_Uniform(spans[i] * 100) / 100) - 1) < 2e-4,
+               qPrintable(rows[i + 2]));
+    }
+
+    // the curve is drawn: blue where the line runs, not only the white ground
+    const QImage img = f.Pic_Curve->imageSurface().Image();
+    int blue = 0;
+    for (int y = 0; y < img.height(); ++y)
+      for (int x = 0; x < img.width(); ++x) {
+        const QColor c = img.pixelColor(x, y);
+        blue += c.blue() > 150 && c.red() < 80 && c.green() < 80;
+      }
+    QVERIFY(blue > 50);
+  }
+
+  void stopEndsTheRestOfTheSweep() {
+    Frm_Sweep f(m_);
+    f.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&f));
+    Type(f.Txt_From, "2");
+    Type(f.Txt_To, "300");
+    Type(f.Txt_Step, "0.05");  // 5961 points: far longer than the click
+    QTest::mouseClick(f.Cmd_Run, Qt::LeftButton);
+    QVERIFY(f.Cmd_Stop->isEnabled());
+    QVERIFY(!f.Cmd_Run->isEnabled());
+    QTest::mouseClick(f.Cmd_Stop, Qt::LeftButton);
+    QTRY_VERIFY_WITH_TIMEOUT(f.Cmd_Run->isEnabled(), 20000);
+    int stopped = 0;
+    for (const SweepPoint& p : f.Points()) stopped += p.status == Sweep_NotConverged;
+    QCOMPARE(f.Points().size(), size_t(5961));
+    QVERIFY(stopped > 0);
+  }
+
+  void frenchTexts() {
+    Load("FR");
+    Frm_Sweep f(m_);
+    f.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&f));
+    QVERIFY(f.windowTitle().startsWith("Balayage"));
+    QCOMPARE(f.Cmd_Close->text(), QString("Fermer"));
+    Type(f.Txt_From, "4");
+    Type(f.Txt_To, "12");
+    Type(f.Txt_Step, "2");
+    QTest::mouseClick(f.Cmd_Run, Qt::LeftButton);
+    QTRY_VERIFY_WITH_TIMEOUT(f.Cmd_Copy->isEnabled(), 20000);
+    QCOMPARE(f.Lbl_Message->text(), QString::fromUtf8("5 points résolus sur 5"));
+    Shot(f, "sweep_fr.png");
+    Load("UK");
+  }
+};
+
+QTEST_MAIN(Test_Frm_Sweep)
+#include "test_frm_sweep.moc"

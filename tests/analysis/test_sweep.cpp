@@ -1,0 +1,183 @@
+// Solves side by side, and the sweep of one field with its table.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+#include <string>
+#include <thread>
+#include <unistd.h>
+#include <vector>
+
+#include "analysis/Sweep.h"
+#include "foundation/Language.h"
+#include "foundation/Mod_Zarvek.h"
+
+namespace zarvek {
+namespace {
+
+// A new document: IPE 300, 10 m in 100 elements, fork supports, 100 kN.m.
+BeamModel Default_Model() {
+  BeamModel m;
+  Init_Default(m, "/tmp");
+  return m;
+}
+
+// Fork-supported span of L cm under uniform moment, in kN.cm: IPE 300,
+// E 21000 kN/cm2, G 8076.9 kN/cm2.
+double Mcr_Uniform(double L) {
+  const double E = 21000, G = 8076.9, Iz = 603.78, It = 19.868, Iw = 126332;
+  return M_PI / L * std::sqrt(E * Iz * G * It) * std::sqrt(1 + M_PI * M_PI * E * Iw / (L * L * G * It));
+}
+
+// Records that differ in span, load and method, so that two threads at once
+// never hold the same numbers.
+BeamModel Varied_Model(int i) {
+  BeamModel m = Default_Model();
+  m.Txt_L = Number_To_Text(2.0 + 0.5 * i);
+  if (i % 3 == 1) {
+    m.Chk_F1 = true;  // the mid-span force on top of the end moments
+    m.Txt_zF1 = "15";
+  }
+  if (i % 4 == 0) {
+    m.Opt_Eigen = true;
+    m.Opt_Dichotomie = false;
+  }
+  return m;
+}
+
+bool Same_Bits(double a, double b) { return std::memcmp(&a, &b, sizeof a) == 0; }
+
+TEST(Reentrancy, ThreadsGetWhatEachSolveGetsAlone) {
+  // the reference: one at a time, through a problem file as the window does
+  const int n = 24;
+  std::vector<ProceedResult> alone(n);
+  for (int i = 0; i < n; ++i) {
+    BeamModel m = Varied_Model(i);
+    SolveControl ctl;
+    const std::string file = ::testing::TempDir() + "zarvek-sweep-" + std::to_string(::getpid()) + ".ZVK";
+    alone[i] = Proceed(m, file, ctl);
+    ::unlink(file.c_str());
+    ASSERT_EQ(alone[i].Solve_Status, 0) << i << " " << alone[i].Message;
+  }
+  // eight threads, each going through every record from a different start,
+  // in memory: the same bits, mode included
+  const int threads = 8;
+  std::vector<std::vector<ProceedResult>> got(threads, std::vector<ProceedResult>(n));
+  std::vector<std::thread> pool;
+  for (int t = 0; t < threads; ++t)
+    pool.emplace_back([&, t] {
+      for (int k = 0; k < n; ++k) {
+        const int i = (k + 3 * t) % n;
+        BeamModel m = Varied_Model(i);
+        SolveControl ctl;
+        got[t][i] = Proceed(m, "", ctl);
+      }
+    });
+  for (auto& th : pool) th.join();
+  for (int t = 0; t < threads; ++t)
+    for (int i = 0; i < n; ++i) {
+      const SolverResult& a = alone[i].Solver;
+      const SolverResult& b = got[t][i].Solver;
+      ASSERT_EQ(got[t][i].Solve_Status, 0) << t << " " << i;
+      EXPECT_TRUE(Same_Bits(a.mucr, b.mucr)) << t << " " << i << ": " << a.mucr << " " << b.mucr;
+      EXPECT_EQ(a.Mode_Vector, b.Mode_Vector) << t << " " << i;
+      EXPECT_EQ(alone[i].Efforts.Efforts_M, got[t][i].Efforts.Efforts_M) << t << " " << i;
+    }
+}
+
+TEST(Sweep, ValuesCountedFromTheStep) {
+  std::vector<double> v;
+  std::string why;
+  // 0.1 added thirty times is not 3: the values are counted, the last is 3
+  ASSERT_TRUE(Sweep_Values(0, 3, 0.1, v, why));
+  ASSERT_EQ(v.size(), 31u);
+  EXPECT_EQ(v.back(), 3.0);
+  EXPECT_DOUBLE_EQ(v[7], 0.7);
+  // a step that does not divide the range stops short of the end; downwards works too
+  ASSERT_TRUE(Sweep_Values(10, 3, -3, v, why));
+  EXPECT_EQ(v, (std::vector<double>{10, 7, 4}));
+  ASSERT_TRUE(Sweep_Values(5, 5, 1, v, why));
+  EXPECT_EQ(v, std::vector<double>{5});
+  EXPECT_FALSE(Sweep_Values(0, 3, 0, v, why));
+  EXPECT_FALSE(Sweep_Values(0, 3, -1, v, why));
+  EXPECT_FALSE(Sweep_Values(0, 1e6, 1e-3, v, why, 1000));
+}
+
+TEST(Sweep, SpanFollowsTheClosedFormAndFailedPointsStayRows) {
+  Set_Msg(50, "Value out of limits");
+  const BeamModel m = Default_Model();
+  // 0.5 m and 400 m lie outside 1 m .. 300 m of a 100-element beam
+  const std::vector<double> spans = {0.5, 4, 8, 400, 12};
+  Sweep_Options opt;
+  opt.jobs = 3;
+  std::atomic<int> done{0};
+  opt.done = &done;
+  const std::vector<SweepPoint> pts = Run_Sweep(m, "Txt_L", spans, opt);
+  EXPECT_EQ(done.load(), 5);
+  ASSERT_EQ(pts.size(), 5u);
+  for (size_t i = 0; i < pts.size(); ++i) {
+    EXPECT_EQ(pts[i].value, spans[i]);
+    if (i == 0 || i == 3) {
+      EXPECT_EQ(pts[i].status, Sweep_Refused) << i;
+      EXPECT_EQ(pts[i].message, "L/N : Value out of limits") << i;  // the window's message
+      EXPECT_EQ(pts[i].Mcr, 0) << i;
+      continue;
+    }
+    ASSERT_EQ(pts[i].status, 0) << i << " " << pts[i].message;
+    // Mcr in kN.m; the default moment is 100 kN.m
+    EXPECT_NEAR(pts[i].Mcr / (Mcr_Uniform(spans[i] * 100) / 100), 1.0, 2e-4) << spans[i];
+    EXPECT_NEAR(pts[i].Mcr, pts[i].mucr * 100, 1e-9 * pts[i].Mcr);
+  }
+
+  const std::string csv = Sweep_Csv(pts, "Txt_L", "m", "kN.m");
+  std::vector<std::string> rows;
+  for (size_t b = 0, e; (e = csv.find('\n', b)) != std::string::npos; b = e + 1) rows.push_back(csv.substr(b, e - b));
+  ASSERT_EQ(rows.size(), 6u);
+  EXPECT_EQ(rows[0], "Txt_L [m],mucr,Mcr [kN.m],status,message");
+  EXPECT_EQ(rows[1], "0.5,,,-1,L/N : Value out of limits");
+  EXPECT_EQ(rows[4], "400,,,-1,L/N : Value out of limits");
+  // a solved row reads back to the numbers of the point
+  double value, mucr, Mcr;
+  int status;
+  ASSERT_EQ(std::sscanf(rows[3].c_str(), "%lf,%lf,%lf,%d", &value, &mucr, &Mcr, &status), 4);
+  EXPECT_EQ(value, 8);
+  EXPECT_EQ(mucr, pts[2].mucr);
+  EXPECT_EQ(Mcr, pts[2].Mcr);
+  EXPECT_EQ(status, 0);
+}
+
+TEST(Sweep, FieldsAndTheirRefusals) {
+  BeamModel m = Default_Model();
+  std::string why;
+  EXPECT_FALSE(Sweep_Field_OK("Txt_Lx", why));
+  EXPECT_FALSE(Sweep_Field_OK("Txt_mucr", why));  // a result, not an entry
+  EXPECT_TRUE(Sweep_Field_OK("Lst_v1", why));     // a restraint's spring
+  // the minus is not typed into an unsigned field; a signed one takes it
+  EXPECT_FALSE(Set_Field(m, "Txt_L", "-8", why));
+  EXPECT_NE(why.find('-'), std::string::npos);
+  EXPECT_TRUE(Set_Field(m, "Txt_M1", "-50", why)) << why;
+  EXPECT_EQ(Field_Unit(m, "Txt_L"), "m");
+
+  // the coupled constant follows: G from E and nu, E doubled doubles G, and
+  // Mcr of the fork beam goes with sqrt(E Iz G It) (1 + pi^2 E Iw / (L^2 G It))^0.5,
+  // whose second factor does not change when E and G change together
+  BeamModel d = Default_Model();
+  const std::string E0 = d.Txt_E;
+  ASSERT_TRUE(Set_Field(d, "Txt_E", Number_To_Text(2 * Num_Of_Text(E0)), why)) << why;
+  const std::vector<SweepPoint> one = Run_Sweep(Default_Model(), "Txt_E", {Num_Of_Text(E0), 2 * Num_Of_Text(E0)});
+  ASSERT_TRUE(one[0].ok() && one[1].ok());
+  EXPECT_NEAR(one[1].Mcr / one[0].Mcr, 2.0, 4e-4);
+
+  // a restraint's spring: a very stiff lateral spring at mid-span stands
+  // for a fixed one, which halves the span
+  BeamModel r = Default_Model();
+  r.Chk_Punctual1 = true;
+  r.Txt_xfint1 = "0.5";
+  r.Lst_ti_p1 = Restraint_Item(1);
+  const std::vector<SweepPoint> k = Run_Sweep(r, "Lst_vi_p1", {1e6});
+  ASSERT_TRUE(k[0].ok()) << k[0].message;
+  EXPECT_NEAR(k[0].Mcr / (Mcr_Uniform(500) / 100), 1.0, 1e-3);
+}
+
+}  // namespace
+}  // namespace zarvek

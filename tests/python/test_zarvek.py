@@ -1,0 +1,134 @@
+"""The Python module over the solver: physics through the field names, the
+errors a script meets, and solves side by side on threads."""
+import math
+import os
+from concurrent.futures import ThreadPoolExecutor
+
+import numpy as np
+import pytest
+
+import zarvek
+
+# The default project: IPE 300, fork supports, 100 elements, uniform moment
+# 100 kN.m; E 21000 kN/cm2, G 8076.9 kN/cm2, section constants in cm.
+E, G = 21000.0, 8076.9
+IZ, IT, IW = 603.78, 19.868, 126332.0
+
+
+def mcr_uniform(L_cm):
+    """Closed form of the fork-supported beam under uniform moment, kN.cm."""
+    return (math.pi / L_cm) * math.sqrt(E * IZ * G * IT) * math.sqrt(
+        1 + math.pi ** 2 * E * IW / (L_cm ** 2 * G * IT))
+
+
+@pytest.fixture
+def beam():
+    return zarvek.Project()
+
+
+def test_uniform_moment_closed_form_through_the_span(beam):
+    assert beam.unit("Txt_L") == "m"
+    for L in (3, 6.5, 12):
+        beam["Txt_L"] = str(L)
+        r = beam.solve()
+        assert r.status == 0 and r.converged
+        assert r.unit_M == "kN.m"
+        # kN.cm -> kN.m; 100 elements put the error far below 1e-4
+        assert abs(r.Mcr) == pytest.approx(mcr_uniform(L * 100) / 100, rel=2e-4)
+        assert abs(r.Mcr) == pytest.approx(r.mucr * 100, rel=1e-12)
+    # a number is typed as its shortest text
+    beam["Txt_L"] = 8
+    assert beam["Txt_L"] == "8"
+
+
+def test_catalogue_section_holds_the_hand_values():
+    s = zarvek.section("ipe 300")
+    assert s["name"] == "IPE 300"
+    # IPE 300: h 30 cm, b 15 cm, tf 1.07 cm, tw 0.71 cm
+    assert s["h"] == pytest.approx(30.0) and s["b"] == pytest.approx(15.0)
+    for key, hand in (("Iz", IZ), ("It", IT), ("Iw", IW)):
+        assert s[key] == pytest.approx(hand, rel=2e-3), key
+    # Iw of a doubly symmetric I: Iz (h - tf)^2 / 4
+    assert s["Iw"] == pytest.approx(s["Iz"] * (s["h"] - s["tf"]) ** 2 / 4, rel=2e-3)
+    with pytest.raises(KeyError, match="IPE 300"):
+        zarvek.section("IPE 301")
+
+
+def test_errors_name_the_field_and_keep_the_project(beam):
+    with pytest.raises(KeyError, match="Txt_L"):
+        beam["Txt_Lx"]
+    with pytest.raises(KeyError, match="Txt_L"):
+        beam["txt_l "] = "8"
+    before = beam["Txt_L"]
+    # a minus in an unsigned field; a span outside 1 m .. 300 m of 100 elements
+    for bad in ("-8", "0.5", "1e4", "abc"):
+        with pytest.raises(ValueError) as e:
+            beam["Txt_L"] = bad
+        assert str(e.value), bad
+        assert beam["Txt_L"] == before
+    with pytest.raises(TypeError):
+        beam["Txt_mucr"] = "3"  # a result, not an entry
+
+
+def test_a_failed_solve_raises_with_the_solver_status(beam):
+    # a continuous twist spring alone, no lateral stiffness at the left end:
+    # the resultant height of the springs at node 1 divides by zero
+    beam["Chk_Continuous"] = True
+    beam["Lst_v1"] = "0"
+    beam["Lst_ti_c"] = "1"
+    with pytest.raises(zarvek.SolveError) as e:
+        beam.solve()
+    assert e.value.status == 11
+    assert e.value.message
+
+
+def test_mode_is_the_half_sine(beam):
+    r = beam.solve()
+    assert r.mode.shape == (r.NB + 1, 4) == (101, 4)
+    x = np.linspace(0, 1, 101)
+    v, theta = r.mode[:, 0], r.mode[:, 1]
+    assert np.max(np.abs(r.mode)) == pytest.approx(1.0)
+    # lateral displacement and twist both follow sin(pi x / L)
+    for c in (v, theta):
+        c = c / c[50]
+        assert np.allclose(c, np.sin(np.pi * x), atol=2e-3)
+
+
+def test_thread_pool_gives_the_sequential_results(beam):
+    spans = [2 + 0.25 * i for i in range(24)]
+
+    def solve(L):
+        p = beam.copy()
+        p["Txt_L"] = str(L)
+        r = p.solve()
+        return r.mucr, r.mode.tobytes()
+
+    alone = [solve(L) for L in spans]
+    with ThreadPoolExecutor(max_workers=4) as pool:
+        together = list(pool.map(solve, spans))
+    assert together == alone
+    # the sweep of the core gives the same bits again
+    s = zarvek.sweep(beam, "Txt_L", spans, jobs=2)
+    assert list(s["mucr"]) == [a[0] for a in alone]
+    assert list(s["status"]) == [0] * len(spans)
+
+
+def test_save_and_load_keep_the_result(beam, tmp_path):
+    beam["Txt_L"] = "7.5"
+    r = beam.solve()
+    f = str(tmp_path / "SPAN.DAT")
+    beam.save(f)
+    q = zarvek.load(f)
+    assert q["Txt_L"] == "7.5"
+    assert q.solve().mucr == r.mucr
+    with pytest.raises(ValueError):
+        zarvek.load(str(tmp_path / "NONE.DAT"))
+
+
+def test_problem_file_of_the_example():
+    path = os.path.join(zarvek.home, "EXAMPLE.ZVK")
+    if not os.path.exists(path):
+        pytest.skip("no example problem file in " + zarvek.home)
+    r = zarvek.load_problem(path).solve()
+    assert r.unit_M == "daN.cm"
+    assert r.mucr > 0 and r.mode.shape == (r.NB + 1, 4)
