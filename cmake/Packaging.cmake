@@ -93,6 +93,10 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-qpa-plugins, fonts-liberation2")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_STRIP_FILES ON)
+# CPack installs what has been built: `make package` builds the programs and
+# their data first, and leaves the tests and benchmarks alone (by default the
+# install step would build everything)
+set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)
 include(CPack)
 
 # ---- the package checked as a user meets it ----------------------------------
