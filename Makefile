@@ -8,6 +8,9 @@ JOBS       ?= $(shell nproc 2>/dev/null || echo 2)
 FUZZ_SECONDS ?= 60
 DEBS      := cmake g++ make pkgconf qt6-base-dev libgl-dev libgtest-dev libbenchmark-dev fonts-liberation2 \
              python3-dev python3-pybind11 python3-numpy python3-pytest python3-matplotlib qt6-translations-l10n
+# The Debian package (`make package`) and its test: dpkg-shlibdeps, and the
+# checkers of the desktop entry, the MIME type, the manual pages and the policy
+DEBS      += dpkg-dev desktop-file-utils shared-mime-info man-db lintian
 # libFuzzer and the sanitizer run-times of clang: for `make fuzz` only
 FUZZ_DEBS := clang libclang-rt-14-dev
 # A compiler cache, when the machine has one, makes a second build cheap.
@@ -17,7 +20,7 @@ LAUNCHER  := $(if $(CCACHE),-DCMAKE_CXX_COMPILER_LAUNCHER=$(CCACHE))
 # examples): what `make run` needs, without the tests and the benchmarks.
 RUN_TARGETS := Zarvek zarvek-cli zarvek_data
 
-.PHONY: all deps deps-fuzz configure build run test test-sanitize test-threads fuzz bench clean
+.PHONY: all deps deps-fuzz configure build run test test-sanitize test-threads fuzz bench package clean
 
 all: build
 
@@ -48,6 +51,13 @@ run: configure
 
 test: build
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
+
+# The Debian package of the programs and their data, in $(BUILD):
+# zarvek_<version>_<arch>.deb. Only what the package holds is built (the
+# package target of the build would build the tests and benchmarks too).
+package: configure
+	cmake --build $(BUILD) -j $(JOBS) --target $(RUN_TARGETS) zarvek_packaging
+	cd $(BUILD) && cpack -G DEB
 
 # The whole program under AddressSanitizer and UndefinedBehaviorSanitizer:
 # the core, the windows, Zarvek, zarvek-cli and every test program, with the

@@ -11,6 +11,7 @@
 
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
+#include "foundation/Startup.h"
 #include "model/DataEntry.h"
 #include "model/ProjectFile.h"
 
@@ -23,6 +24,11 @@ std::string Program_Dir() {
   buf.resize(n);
   const auto p = buf.rfind('/');
   return p == std::string::npos ? "." : buf.substr(0, p);
+}
+
+std::string Data_Dir() {
+  const std::string dir = Installed_DataDir(Program_Dir());
+  return dir.empty() ? Program_Dir() : dir;
 }
 
 Scratch_Dir::Scratch_Dir() {

@@ -18,6 +18,10 @@ enum { Exit_Done = 0, Exit_Usage = 1, Exit_Invalid = 2, Exit_SolverFailed = 3 };
 // The folder of the running program: its start directory, where the language
 // files, the catalogue and the examples lie.
 std::string Program_Dir();
+// Where the language files and the catalogue are read: the program's own
+// folder when it holds them (a build's bin folder), else the installed data,
+// ../share/zarvek beside it.
+std::string Data_Dir();
 
 // A private folder for the problem file and the unscrambled language texts,
 // removed with everything in it on the way out. `dir` is empty when none

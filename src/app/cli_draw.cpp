@@ -43,7 +43,7 @@ const char* Draw_Usage_Line =
     "usage: zarvek-cli draw FILE --what loads|section|forces|mode|3d -o OUT.png|OUT.svg [--scale K]\n";
 
 void Load_Texts(cli::Scratch_Dir& scratch) {
-  const std::string file = cli::Program_Dir() + "/ZARVEK_UK.MSG";
+  const std::string file = cli::Data_Dir() + "/ZARVEK_UK.MSG";
   if (File_Exists(file) && !scratch.dir.empty() && Load_LanguageFile(file, scratch.dir + "/LANGUAGE.TMP"))
     Load_Messages();
   // what the pictures and the refusals print, when no language is found

@@ -89,7 +89,7 @@ int Cli_Report(const std::vector<std::string>& args) {
 
   cli::Scratch_Dir scratch;
   if (scratch.dir.empty()) return Fail(Exit_Invalid, "no scratch folder");
-  const std::string langFile = cli::Program_Dir() + "/ZARVEK_" + lang + ".MSG";
+  const std::string langFile = cli::Data_Dir() + "/ZARVEK_" + lang + ".MSG";
   if (!File_Exists(langFile)) return Fail(Exit_Invalid, "no language file " + langFile);
   if (!Load_LanguageFile(langFile, scratch.File("LANGUAGE.TMP")))
     return Fail(Exit_Invalid, "Error in reading " + langFile);

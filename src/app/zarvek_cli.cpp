@@ -6,7 +6,7 @@
 // It writes no file of its own where it runs: the problem file of a project
 // and the unscrambled language texts go to a scratch folder that is removed
 // on the way out. The language file (ZARVEK_UK.MSG) and the catalogue
-// (SECTION.DB) are looked for beside the program.
+// (SECTION.DB) are looked for beside the program, else in ../share/zarvek.
 //
 // Exit codes:
 //   0  solved: the printed Mcr is a converged critical moment
@@ -123,7 +123,7 @@ void Builtin_Messages() {
 // texts are in the Windows character set), else the built-in texts.
 bool Language_FromFile = false;
 void Load_English(Scratch_Dir& scratch) {
-  const std::string file = Program_Dir() + "/ZARVEK_UK.MSG";
+  const std::string file = cli::Data_Dir() + "/ZARVEK_UK.MSG";
   if (File_Exists(file) && !scratch.dir.empty() && Load_LanguageFile(file, scratch.File("LANGUAGE.TMP"))) {
     Load_Messages();
     Language_FromFile = true;
@@ -416,7 +416,7 @@ int Command_Solve(const std::string& file, bool json) {
 
 // ---- catalogue ---------------------------------------------------------------
 
-std::string Catalogue_File() { return Program_Dir() + "/SECTION.DB"; }
+std::string Catalogue_File() { return cli::Data_Dir() + "/SECTION.DB"; }
 
 struct Catalogue_Entry {
   std::string series;

@@ -43,7 +43,7 @@ bool Rewrite_IniFile(const std::string& File_Ini, const std::string& code) {
 }
 
 LanguageChange Change_Language(StartupState& s, const std::string& code, std::string& error) {
-  const std::string file = s.App_Path + "ZARVEK_" + code + ".MSG";
+  const std::string file = Data_File(s, "ZARVEK_" + code + ".MSG");
   if (!File_Exists(file)) {
     error = "File " + file + " not found";
     return LanguageChange::FileMissing;
@@ -55,8 +55,8 @@ LanguageChange Change_Language(StartupState& s, const std::string& code, std::st
   Load_Messages();
   s.File_Language = file;
   s.Language_Code = code;
-  s.File_Help = s.App_Path + "ZVK_" + code + ".HLP";
-  s.App_HelpFile = File_Exists(s.File_Help) ? s.File_Help : s.App_Path + "ZVK_UK.HLP";
+  s.File_Help = Data_File(s, "ZVK_" + code + ".HLP");
+  s.App_HelpFile = File_Exists(s.File_Help) ? s.File_Help : Data_File(s, "ZVK_UK.HLP");
   return Rewrite_IniFile(s.File_Ini, code) ? LanguageChange::Done : LanguageChange::NotSaved;
 }
 

@@ -227,7 +227,7 @@ void Frm_Options::After_Translate() {
 }
 
 void Frm_Options::Load_Languages() {
-  const std::vector<std::string> items = zarvek::Load_Languages(state_.App_Path, state_.File_Tmp);
+  const std::vector<std::string> items = zarvek::Available_Languages(state_);
   if (items.empty()) {
     Fatal_Error(Program_Name(), "No language files ZARVEK_*.MSG found");
     return;

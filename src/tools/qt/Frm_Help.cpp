@@ -26,7 +26,12 @@ QPointer<Frm_HelpBrowser> browser;
 QPointer<Frm_Help> picture_window;
 
 std::string Code() { return help_state ? help_state->Language_Code : std::string("UK"); }
-std::string AppPath() { return help_state ? help_state->App_Path : std::string("./"); }
+// The folder that holds help/: the start directory, or the installed data.
+std::string AppPath() {
+  if (!help_state) return std::string("./");
+  const std::string help = Data_File(*help_state, "help");
+  return help.substr(0, help.size() - 4);
+}
 
 // Caption of the help windows in the loaded language.
 QString Help_Caption() {

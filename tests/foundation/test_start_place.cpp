@@ -1,0 +1,162 @@
+// Where the program starts when it is installed: the start directory it
+// writes to, and the installed data it reads what that directory lacks.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "foundation/Language.h"
+#include "foundation/Mod_Zarvek.h"
+#include "foundation/Options.h"
+#include "foundation/Startup.h"
+
+using namespace zarvek;
+namespace fs = std::filesystem;
+
+namespace {
+
+struct Tree {
+  std::string path = fs::canonical(::mkdtemp(std::string("/tmp/zvk-place-XXXXXX").data())).string();
+  ~Tree() { std::error_code ec; fs::remove_all(path, ec); }
+  std::string operator/(const std::string& name) const { return path + "/" + name; }
+  void Write(const std::string& name, const std::string& content) const {
+    fs::create_directories(fs::path(*this / name).parent_path());
+    std::ofstream(*this / name, std::ios::binary) << content;
+  }
+  std::string Read(const std::string& name) const {
+    std::ifstream in(*this / name, std::ios::binary);
+    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  }
+  // the real data files of the build, as an installation ships them
+  void Ship(const std::string& dir, std::initializer_list<const char*> files) const {
+    fs::create_directories(*this / dir);
+    for (const char* f : files) fs::copy_file(fs::path(ZARVEK_BIN_DIR) / f, fs::path(*this / dir) / f);
+  }
+};
+
+// An unpacked package: usr/bin and usr/share/zarvek, the user's home beside it.
+struct Installed : Tree {
+  std::string bin = *this / "usr/bin", share = *this / "usr/share/zarvek", home = *this / "home";
+  Installed() {
+    fs::create_directories(bin);
+    fs::create_directories(home);
+    Ship("usr/share/zarvek", {"Zarvek.INI", "ZARVEK_UK.MSG", "ZARVEK_FR.MSG", "SECTION.DB"});
+  }
+};
+
+TEST(StartPlace, TheCurrentDirectoryOnlyWhenItHoldsTheDataAndMayBeWritten) {
+  Installed inst;
+  Tree cwd;
+  const std::string user = inst.home + "/.local/share/zarvek";
+
+  // a build's bin folder: the catalogue and a language file
+  cwd.Write("SECTION.DB", "x");
+  cwd.Write("zarvek_fr.msg", "x");
+  StartPlace p = Choose_StartPlace(cwd.path, inst.bin, "", inst.home);
+  EXPECT_EQ(p.Start_Dir, cwd.path);
+  EXPECT_EQ(p.Share_Dir, "");
+  EXPECT_EQ(p.Dialog_Dir, cwd.path);
+  EXPECT_FALSE(fs::exists(user));  // nothing made in the user's home
+
+  // the catalogue alone is not the program's data: the user's folder is made,
+  // the installed data found from the executable, the dialogs start here
+  fs::remove(cwd / "zarvek_fr.msg");
+  p = Choose_StartPlace(cwd.path + "/", inst.bin, "", inst.home);
+  EXPECT_EQ(p.Error, "");
+  EXPECT_EQ(p.Start_Dir, user);
+  EXPECT_TRUE(fs::is_directory(user));
+  EXPECT_EQ(p.Share_Dir, inst.share);
+  EXPECT_EQ(p.Dialog_Dir, cwd.path);
+
+  // started in the installed data itself: never written there
+  for (const std::string& there : {inst.share, inst.bin + "/../share/zarvek"}) {
+    p = Choose_StartPlace(there, inst.bin, "", inst.home);
+    EXPECT_EQ(p.Start_Dir, user) << there;
+    EXPECT_EQ(p.Dialog_Dir, user) << there;
+  }
+}
+
+TEST(StartPlace, TheUserFolderFollowsXdgAndAFolderThatCantBeMadeIsSaid) {
+  EXPECT_EQ(User_StartDir("/data/me/", "/home/me"), "/data/me/zarvek");
+  // a relative XDG_DATA_HOME is not valid and is ignored
+  EXPECT_EQ(User_StartDir("data", "/home/me/"), "/home/me/.local/share/zarvek");
+  EXPECT_EQ(User_StartDir("", ""), "");
+
+  Installed inst;
+  Tree cwd;
+  StartPlace p = Choose_StartPlace(cwd.path, inst.bin, inst / "xdg/deep", inst.home);
+  EXPECT_EQ(p.Start_Dir, inst / "xdg/deep/zarvek");
+  EXPECT_TRUE(fs::is_directory(p.Start_Dir));
+  struct stat st {};
+  ASSERT_EQ(::stat(p.Start_Dir.c_str(), &st), 0);
+  EXPECT_EQ(st.st_mode & 0777, 0700u);
+
+  inst.Write("file", "x");
+  p = Choose_StartPlace(cwd.path, inst.bin, inst / "file", inst.home);
+  EXPECT_EQ(p.Error, "Cannot create the directory " + (inst / "file/zarvek"));
+  p = Choose_StartPlace(cwd.path, inst.bin, "", "");
+  EXPECT_NE(p.Error, "");
+}
+
+TEST(StartPlace, ABuildTreeIsItsOwnInstalledData) {
+  Tree t;
+  t.Ship("bin", {"ZARVEK_UK.MSG", "SECTION.DB"});
+  EXPECT_EQ(Installed_DataDir(t / "bin"), t / "bin");
+  // ../share/zarvek wins when both hold the data
+  t.Ship("share/zarvek", {"ZARVEK_UK.MSG", "SECTION.DB"});
+  EXPECT_EQ(Installed_DataDir(t / "bin/"), t / "share/zarvek");
+  EXPECT_EQ(Installed_DataDir(t / "nowhere"), "");
+}
+
+// The first start of an installed program, then a change of language: the
+// user's folder gets its own .INI file, every data file is read from the
+// installed folder, and nothing is written there.
+TEST(StartPlace, FirstStartReadsTheInstalledDataAndWritesOnlyTheUserFolder) {
+  Installed inst;
+  inst.Write("usr/share/zarvek/Zarvek.INI", "LANGUAGE=FR\n");
+  const std::string user = inst / "user";
+  fs::create_directories(user);
+
+  StartupState s;
+  s.Share_Path = inst.share + "/";
+  std::string error;
+  ASSERT_TRUE(Start_Up(user, "", s, error)) << error;
+  EXPECT_EQ(s.Language_Code, "FR");
+  EXPECT_EQ(s.File_Ini, user + "/Zarvek.INI");
+  EXPECT_EQ(inst.Read("user/Zarvek.INI"), "LANGUAGE=FR\n");
+  EXPECT_EQ(s.File_Language, inst.share + "/ZARVEK_FR.MSG");
+  EXPECT_EQ(s.File_Section, inst.share + "/SECTION.DB");
+  EXPECT_EQ(s.File_Tmp, user + "/Zarvek.TMP");
+  Set_InteractivePaths(s);
+  EXPECT_EQ(s.File_Default, user + "/Zarvek.DFT");
+  EXPECT_EQ(s.File_Problem, user + "/Zarvek.ZVK");
+  // no help file anywhere: named in the installed folder
+  EXPECT_EQ(s.App_HelpFile, inst.share + "/ZVK_UK.HLP");
+
+  // both languages, each once, although the user holds a copy of one
+  inst.Ship("user", {"ZARVEK_UK.MSG"});
+  const std::vector<std::string> items = Available_Languages(s);
+  ASSERT_EQ(items.size(), 2u);
+  EXPECT_EQ(Language_Code_Of_Item(items[0]), "FR");
+  EXPECT_EQ(Language_Code_Of_Item(items[1]), "UK");
+
+  // the user's own file wins over the installed one
+  ASSERT_EQ(Change_Language(s, "UK", error), LanguageChange::Done) << error;
+  EXPECT_EQ(s.File_Language, user + "/ZARVEK_UK.MSG");
+  EXPECT_EQ(inst.Read("user/Zarvek.INI"), "LANGUAGE=UK\n");
+  EXPECT_EQ(inst.Read("usr/share/zarvek/Zarvek.INI"), "LANGUAGE=FR\n");
+  EXPECT_FALSE(fs::exists(inst.share + "/Zarvek.TMP"));
+  inst.Write("user/SECTION.DB", "own");
+  EXPECT_EQ(Data_File(s, "SECTION.DB"), user + "/SECTION.DB");
+
+  // a later start keeps the user's choice
+  StartupState again;
+  again.Share_Path = inst.share + "/";
+  ASSERT_TRUE(Start_Up(user, "", again, error)) << error;
+  EXPECT_EQ(again.Language_Code, "UK");
+}
+
+}  // namespace
