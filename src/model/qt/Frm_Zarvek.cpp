@@ -34,6 +34,7 @@
 #include "model/DataEntry.h"
 #include "model/ProjectFile.h"
 #include "diagrams/qt/QtSurface.h"
+#include "foundation/qt/Stop_Button.h"
 #include "model/qt/Zarvek_Widgets.h"
 
 namespace zarvek {
@@ -1281,6 +1282,7 @@ bool Frm_Zarvek::eventFilter(QObject* watched, QEvent* event) {
         return true;
       }
       if (watched == Cmd_StopProcess && type != QEvent::Close) return false;
+      if (Is_Click_For(Cmd_StopProcess, watched, event)) return false;
       if (type == QEvent::Close) event->ignore();
       return true;
     }

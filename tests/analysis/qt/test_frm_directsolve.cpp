@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QWindow>
 #include <QtTest>
 
 #include "analysis/qt/Frm_DirectSolve.h"
@@ -45,20 +46,32 @@ class Test_Frm_DirectSolve : public QObject {
     QCOMPARE(form.Lbl_Iteration->text(), QString("16"));
   }
 
-  // Pressed during the third evaluation: the bracket is then [0.25, 0.5]
-  // (the example buckles at 0.483), and its stable end is the result.
+  // Pressed during the third evaluation and released during the next one,
+  // through the window as the window system delivers a click: the bracket
+  // is then [0.375, 0.5] (the example buckles at 0.483), and its stable end
+  // is the result.
   void stopAtTheNextIteration() {
     Frm_DirectSolve form;
     QTimer clicker;
+    bool pressed = false;
+    QString releasedAt;
     connect(&clicker, &QTimer::timeout, [&] {
-      if (form.Lbl_Iteration->text() == "3") form.Cmd_StopProcess->click();
+      const QPoint at = form.Cmd_StopProcess->mapTo(&form, form.Cmd_StopProcess->rect().center());
+      if (!pressed && form.Lbl_Iteration->text() == "3") {
+        QTest::mousePress(form.windowHandle(), Qt::LeftButton, {}, at);
+        pressed = true;
+      } else if (pressed && releasedAt.isEmpty() && form.Lbl_Iteration->text() != "3") {
+        QTest::mouseRelease(form.windowHandle(), Qt::LeftButton, {}, at);
+        releasedAt = form.Lbl_Iteration->text();
+      }
     });
     clicker.start(0);
     const DirectSolveOutcome out = form.Form_Load(s_);
+    QCOMPARE(releasedAt, QString("4"));
     QCOMPARE(out.Result.Solve_Status, 0);
-    QCOMPARE(out.Lines[0], std::string("       0.250000"));
+    QCOMPARE(out.Lines[0], std::string("       0.375000"));
     QCOMPARE(out.Lines[3], Msg(2) + " (0)");
-    QCOMPARE(QGuiApplication::clipboard()->text(), QString("0.250000"));
+    QCOMPARE(QGuiApplication::clipboard()->text(), QString("0.375000"));
   }
 };
 
