@@ -47,15 +47,21 @@ run: configure
 test: build
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
 
-# The core and its GoogleTest programs (no windows) under AddressSanitizer
-# and UndefinedBehaviorSanitizer; any report ends the program that makes it
-# and fails its test.
+# The whole program under AddressSanitizer and UndefinedBehaviorSanitizer:
+# the core, the windows, Zarvek, zarvek-cli and every test program, with the
+# system's Qt; the window tests on the offscreen platform. Any report ends
+# the program that makes it and fails its test. The suppression files of
+# tests/sanitize hold only what lies inside Qt's own libraries.
+SAN_SUPP := $(CURDIR)/tests/sanitize
 test-sanitize: deps
 	cmake -S . -B $(SAN_BUILD) -DZARVEK_SANITIZE=ON -DCMAKE_BUILD_TYPE=Debug \
 	  -DCMAKE_CXX_FLAGS_DEBUG="-O1 -g" $(LAUNCHER)
 	cmake --build $(SAN_BUILD) -j $(JOBS)
-	cd $(SAN_BUILD) && ASAN_OPTIONS=detect_leaks=1:abort_on_error=1:strict_string_checks=1 \
-	  UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 ctest --output-on-failure -j $(JOBS)
+	cd $(SAN_BUILD) && QT_QPA_PLATFORM=offscreen \
+	  ASAN_OPTIONS=detect_leaks=1:abort_on_error=1:strict_string_checks=1 \
+	  LSAN_OPTIONS=suppressions=$(SAN_SUPP)/lsan.supp:print_suppressions=0 \
+	  UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1:suppressions=$(SAN_SUPP)/ubsan.supp \
+	  ctest --output-on-failure -j $(JOBS)
 
 # libFuzzer targets for the file readers, FUZZ_SECONDS each, on the seeds in
 # tests/fuzz/corpus (grown in $(FUZZ_BUILD)/corpus from run to run).
