@@ -269,4 +269,33 @@ TEST(ProblemFile, AFieldThatFillsItsWidthStaysApartFromItsNeighbour) {
       << t.substr(0, 600);
 }
 
+// A load at the right end belongs to the last element, whatever the mesh:
+// the lengths are summed as the loads are later laid, so that the end the
+// load is moved to is the end of the last element. The tip load of a
+// cantilever 10 m long, 15 cm above the shear centre, destabilises it as
+// much with 150 elements of 6.667 cm (whose sum in single precision passes
+// 1000 cm by 0.001 cm) as with 100 of 10 cm.
+TEST(ProblemFile, ATipLoadStaysOnTheLastElementOfAnyMesh) {
+  Set_Msg(6, "normal end");
+  auto cantilever = [](int nb, double z) {
+    ProblemData p = Fork_Beam_Uniform_Moment(nb, 1000.0, 0);
+    p.Rv[nb + 1] = p.Rt[nb + 1] = 0;                      // free tip
+    p.Rv[1] = p.Rt[1] = p.Rvp[1] = p.Rtp[1] = 1e30;       // built-in root
+    Set_Moments(p, [](double x) { return -1000.0 * (1000.0 - x); });  // -10 kN at the tip
+    p.NF = 1;
+    for (auto* v : {&p.F, &p.xF, &p.zF}) v->assign(2, 0.0);
+    p.F[1] = -1000;
+    p.xF[1] = 1000;
+    p.zF[1] = z;
+    return Solve(p, Method_Dichotomie).res;
+  };
+  const SolverResult top100 = cantilever(100, 15), top150 = cantilever(150, 15), centre150 = cantilever(150, 0);
+  ASSERT_EQ(top100.Solve_Status, 0);
+  ASSERT_EQ(top150.Solve_Status, 0);
+  ASSERT_EQ(centre150.Solve_Status, 0);
+  // a load above the shear centre lowers the critical factor
+  EXPECT_LT(top150.mucr, 0.9 * centre150.mucr);
+  EXPECT_NEAR(top150.mucr / top100.mucr, 1.0, 2e-3);
+}
+
 }  // namespace

@@ -4,11 +4,16 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QTimer>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QtTest>
 #include <cmath>
 #include <fstream>
+#include <functional>
+#include <memory>
 #include <sstream>
 
 #include "analysis/DirectSolve.h"
@@ -43,6 +48,22 @@ void Key(QWidget& form, Qt::Key key, Qt::KeyboardModifiers mods = Qt::NoModifier
   QTest::keyClick(w, key, mods);
 }
 
+// Reads and closes the first message box that comes up.
+void Answer_Box(QString* text, QMessageBox::Icon* icon) {
+  auto tries = std::make_shared<int>(0);
+  auto poll = std::make_shared<std::function<void()>>();
+  *poll = [=] {
+    if (auto* b = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+      *text = b->text();
+      *icon = b->icon();
+      b->accept();
+      return;
+    }
+    if (++*tries < 300) QTimer::singleShot(10, *poll);
+  };
+  QTimer::singleShot(0, *poll);
+}
+
 }  // namespace
 
 class Test_Frm_DirectData : public QObject {
@@ -68,6 +89,19 @@ class Test_Frm_DirectData : public QObject {
     boxes_.clear();
     dialogs_.clear();
     return f;
+  }
+
+  // A problem file of 50 elements whose element 4 (line 9) holds `L4` as
+  // its length.
+  std::string Broken_File(const char* name, const std::string& L4) {
+    const std::string path = Path(name);
+    if (!Save_FileZVK(path, New_DirectData(50))) return {};
+    std::string t = Slurp(path);
+    const size_t at = t.find("\n  4       10 ");
+    if (at == std::string::npos) return {};
+    t.replace(at, 14, "\n  4 " + L4 + " ");
+    std::ofstream(path, std::ios::binary) << t;
+    return path;
   }
 
   void Show_Tab(Frm_DirectData& f, int t, Data_Grid* g = nullptr) {
@@ -252,6 +286,96 @@ class Test_Frm_DirectData : public QObject {
     DirectDataSheet back = New_DirectData(50);
     QVERIFY(Read_FileZVK(path, back).Ok);
     QCOMPARE(Num_Of_Text(back.Grd_Restraints.TextMatrix(30, 1)), 4321.0);
+  }
+
+  // A file that can't be read: an exclamation box names it, the line where
+  // the reading stopped and what stood there; the title says the problem
+  // has no file. Save then asks for a name: nothing is ever written under
+  // "Untitled" in the working folder.
+  void unreadableFileThenSave() {
+    const std::string path = Broken_File("BROKEN.ZVK", "  1e400");
+    QVERIFY(!path.empty());
+    const QString stray = QString::fromStdString(Msg(81));
+    QFile::remove(stray);
+    QString text;
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    Answer_Box(&text, &icon);  // the real box, once the window is up
+    Frm_DirectData f(path, dir_.path().toStdString(), 50);
+    f.Choose_File = [this](int action, const std::string& offered) {
+      dialogs_.emplace_back(action, offered);
+      return answer_;
+    };
+    f.show();
+    QTRY_VERIFY(!text.isEmpty());
+    QCOMPARE(icon, QMessageBox::Warning);
+    QVERIFY2(text.contains(QString::fromStdString(path)), qPrintable(text));
+    QVERIFY2(text.contains("line 9") && text.contains("1e400"), qPrintable(text));
+    QVERIFY(f.windowTitle().endsWith(stray));
+
+    // File > Save from the keyboard, the file dialog cancelled
+    f.Show_Exclamation = [this](const std::string& t) { boxes_.push_back(t); };
+    f.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&f));
+    QTest::keyClick(&f, Qt::Key_F, Qt::AltModifier);
+    QTRY_VERIFY(f.Menu_File->isVisible());
+    QTest::keyClick(f.Menu_File, Qt::Key_S);
+    QCOMPARE(dialogs_.size(), size_t(1));
+    QCOMPARE(dialogs_[0].first, 2);
+    QCOMPARE(dialogs_[0].second, std::string("*.ZVK"));
+    QCOMPARE(boxes_, std::vector<std::string>{});
+    QVERIFY(!QFile::exists(stray));
+    QVERIFY(!QFile::exists(dir_.path() + "/" + stray));
+  }
+
+  // "1e400" can't be any value, "1e39" no length, section constant, moment or
+  // load (single precision) though a spring may be that stiff: the cell keeps
+  // its text and a box says why, after typing as after a paste.
+  void valueBeyondItsFieldInACell() {
+    auto f = Open(Msg(40));
+    QVERIFY(f);
+    Data_Grid* g = f->Grd_Elements;
+    Show_Tab(*f, 1, g);
+    const std::vector<std::string> refused{Text_OutOfRange()};
+    struct {
+      int col;
+      const char* typed;
+      const char* kept;  // the key filter writes the exponent E
+      bool box;
+    } cases[] = {{1, "1e400", "10", true}, {2, "1e39", "603.78", true}, {6, "1e39", "1E39", false}};
+    for (const auto& c : cases) {
+      boxes_.clear();
+      g->Go_To(2, c.col);
+      Type(*f, c.typed);
+      Key(*f, Qt::Key_Return);
+      QCOMPARE(g->TextMatrix(2, c.col), std::string(c.kept));
+      if (c.box) QTRY_COMPARE(boxes_, refused);
+      else QCOMPARE(boxes_, std::vector<std::string>{});
+    }
+    boxes_.clear();
+    QGuiApplication::clipboard()->setText("1e400");
+    g->Go_To(4, 4);
+    Key(*f, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(g->TextMatrix(4, 4), std::string("126332"));
+    QCOMPARE(boxes_, refused);
+  }
+
+  // Digits typed in a cell reach the file as typed: an It of 0.692 cm4
+  // is not saved as 0.69, an element of 1.005 cm not as 1.00.
+  void typedDigitsReachTheFile() {
+    auto f = Open(Msg(40));
+    QVERIFY(f);
+    Data_Grid* g = f->Grd_Elements;
+    Show_Tab(*f, 1, g);
+    g->Go_To(2, 1);
+    Type(*f, "1.005");
+    Key(*f, Qt::Key_Tab);
+    Key(*f, Qt::Key_Tab);
+    Type(*f, "0.692");
+    Key(*f, Qt::Key_Return);
+    answer_ = Path("TYPED.ZVK");
+    f->Menu_File_SaveAsAct->trigger();
+    const std::string t = Slurp(answer_);
+    QVERIFY2(t.find("\n  1    1.005      603.78       0.692 ") != std::string::npos, t.substr(0, 400).c_str());
   }
 
   // The grids saved to a problem file and solved as the main window solves
