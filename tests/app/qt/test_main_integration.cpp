@@ -12,6 +12,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScrollArea>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTimer>
@@ -26,6 +27,7 @@
 #include "diagrams/qt/QtSurface.h"
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
+#include "foundation/Options.h"
 #include "foundation/qt/Frm_Options.h"
 #include "model/qt/Frm_Zarvek.h"
 #include "report/qt/Frm_Edit.h"
@@ -207,6 +209,8 @@ private slots:
     QVERIFY(amp >= 0 && amp + 1 < text.size());
     QVERIFY(text.at(amp + 1).toUpper() != QChar('E'));
     const auto key = Qt::Key(QKeySequence::mnemonic(text)[0].key());
+    QApplication::setActiveWindow(w_.get());
+    QVERIFY(QTest::qWaitForWindowActive(w_.get()));
     QTest::keyClick(w_.get(), key, Qt::AltModifier);
     QTRY_COMPARE(opened, 1);
   }
@@ -227,6 +231,42 @@ private slots:
     for (const char* f : {"Txt_Iz(2)", "Txt_It(2)", "Txt_Iw(2)"}) {
       QVERIFY2(E(f)->isVisible() && !E(f)->visibleRegion().isEmpty(), f);
       QVERIFY2(Num_Of_Text(E(f)->text().toStdString()) > 0, f);
+    }
+  }
+
+  // The window fits a 1366 x 768 screen with a task bar: its least size
+  // leaves room for a frame (16 x 40) within 1000 x 680 in both languages,
+  // and at that size every field of every page scrolls into full view.
+  void fitsALaptopScreen() {
+    const QSize inside(1000 - 16, 680 - 40);
+    for (const char* code : {"UK", "FR"}) {
+      std::string error;
+      if (start_->state.Language_Code != code) {
+        QVERIFY(Change_Language(start_->state, code, error) != LanguageChange::LoadFailed);
+        w_->Translate_Form();
+      }
+      const QSize least = w_->minimumSizeHint().expandedTo(w_->minimumSize());
+      QVERIFY2(least.width() <= inside.width() && least.height() <= inside.height(),
+               qPrintable(QString("%1: %2 x %3").arg(code).arg(least.width()).arg(least.height())));
+      w_->resize(inside);
+      QTRY_COMPARE(w_->size(), inside);
+      for (int p = 0; p < 4; ++p) {
+        Click_Page(p);
+        auto* area = qobject_cast<QScrollArea*>(w_->Tab_Zarvek->widget(p));
+        QVERIFY(area);
+        for (QWidget* f : area->widget()->findChildren<QWidget*>()) {
+          const bool field = qobject_cast<QLineEdit*>(f) || qobject_cast<QComboBox*>(f) ||
+                             qobject_cast<QAbstractButton*>(f);
+          if (!field || !f->isVisibleTo(area->widget()) || qobject_cast<QComboBox*>(f->parentWidget())) continue;
+          QCoreApplication::processEvents();  // the page laid out in its language first
+          // the whole field, not only a line edit's cursor
+          const QPoint c = f->mapTo(area->widget(), f->rect().center());
+          area->ensureVisible(c.x(), c.y(), f->width() / 2 + 1, f->height() / 2 + 1);
+          QCoreApplication::processEvents();
+          QVERIFY2(f->visibleRegion().boundingRect() == f->rect(),
+                   qPrintable(QString("%1, page %2: %3").arg(code).arg(p).arg(f->objectName())));
+        }
+      }
     }
   }
 
