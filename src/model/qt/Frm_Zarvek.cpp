@@ -20,6 +20,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QSplitter>
 #include <QStatusBar>
@@ -118,10 +119,19 @@ Frm_Zarvek::Frm_Zarvek(StartupState& s, QWidget* parent) : QMainWindow(parent), 
 
   Tab_Zarvek = new QTabWidget(this);
   Tab_Zarvek->setObjectName("Tab_Zarvek");
-  Tab_Zarvek->addTab(Build_Page_Beam(), "Beam/Section/Steel");
-  Tab_Zarvek->addTab(Build_Page_Restraints(), "Restraints");
-  Tab_Zarvek->addTab(Build_Page_Loads(), "Loads");
-  Tab_Zarvek->addTab(Build_Page_Results(), "Results");
+  // Each page scrolls when the window is smaller than the page needs, so
+  // that the window fits a laptop's screen and every field stays reachable.
+  auto scrolled = [this](QWidget* page) {
+    auto* area = new QScrollArea(this);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setWidget(page);
+    return area;
+  };
+  Tab_Zarvek->addTab(scrolled(Build_Page_Beam()), "Beam/Section/Steel");
+  Tab_Zarvek->addTab(scrolled(Build_Page_Restraints()), "Restraints");
+  Tab_Zarvek->addTab(scrolled(Build_Page_Loads()), "Loads");
+  Tab_Zarvek->addTab(scrolled(Build_Page_Results()), "Results");
   setCentralWidget(Tab_Zarvek);
   Place_HelpButtons();
   connect(Tab_Zarvek, &QTabWidget::currentChanged, this, [this](int p) { Tab_Zarvek_Change(p); });
@@ -542,6 +552,18 @@ QWidget* Frm_Zarvek::Build_Page_Beam() {
   return page;
 }
 
+// A heading over a column of fields of the intermediate restraints: the
+// caption's own label in the first frame, a label that copies its text
+// (at each translation) in the others.
+QLabel* Frm_Zarvek::Heading(QLabel* own, int caption, QWidget* parent) {
+  QLabel* l = own ? own : new QLabel(parent);
+  l->setObjectName(QString("Lbl_Heading(%1)").arg(caption));
+  l->setWordWrap(true);
+  l->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
+  if (!own) headingCopies_.push_back({l, caption});
+  return l;
+}
+
 QWidget* Frm_Zarvek::Build_Page_Restraints() {
   auto* page = new QWidget(this);
   auto* v = new QVBoxLayout(page);
@@ -560,6 +582,7 @@ QWidget* Frm_Zarvek::Build_Page_Restraints() {
     }
     Row(g, 4, "z", Edit(Find_Field("Txt_zend" + n)->name), Unit_Label(Find_Field("Txt_zend" + n)->name));
     g->setColumnStretch(3, 1);
+    g->setRowStretch(5, 1);  // rows at their height, level with the other end's
     ends->addWidget(f);
   }
   v->addLayout(ends);
@@ -579,33 +602,38 @@ QWidget* Frm_Zarvek::Build_Page_Restraints() {
     const std::string n = std::to_string(k);
     QCheckBox* chk = Check(Find_Field("Chk_Punctual" + n)->name, QString("%1").arg(k));
     g->addWidget(chk, 0, 0, 1, 3);
-    Row(g, 1, "x/L", Edit(Find_Field("Txt_xfint" + n)->name));
-    Row(g, 2, "z", Edit(Find_Field("Txt_zint_p" + n)->name), Unit_Label(Find_Field("Txt_zint_p" + n)->name));
+    // the position and the level side by side, under the headings that name them
+    g->addWidget(Heading(k == 1 ? Lbl_Trad[7] : nullptr, 7, f), 1, 1);
+    g->addWidget(Heading(k == 1 ? Lbl_Trad[6] : nullptr, 6, f), 1, 3, 1, 2);
+    g->addWidget(Symbol("x/L", f), 2, 0, Qt::AlignRight);
+    g->addWidget(Edit(Find_Field("Txt_xfint" + n)->name), 2, 1);
+    g->addWidget(Symbol("z", f), 2, 2, Qt::AlignRight);
+    g->addWidget(Edit(Find_Field("Txt_zint_p" + n)->name), 2, 3);
+    g->addWidget(Unit_Label(Find_Field("Txt_zint_p" + n)->name), 2, 4);
     QComboBox* cv = Restraint(Find_Field("Lst_vi_p" + n)->name);
     Row(g, 3, sym[0], cv, bindings_.back().unit);
     QComboBox* ct = Restraint(Find_Field("Lst_ti_p" + n)->name);
     Row(g, 4, sym[1], ct, bindings_.back().unit);
+    g->setRowStretch(5, 1);
+    g->setColumnStretch(5, 1);
     gi->addWidget(f, 1, k - 1);
   }
   {
     QGroupBox* f = Frame(8);
     auto* g = new QGridLayout(f);
     g->addWidget(Check("Chk_Continuous", "c"), 0, 0, 1, 3);
-    Row(g, 1, "z", Edit("Txt_zint_c"), Unit_Label("Txt_zint_c"));
+    g->addWidget(Heading(nullptr, 6, f), 1, 1, 1, 2);
+    Row(g, 2, "z", Edit("Txt_zint_c"), Unit_Label("Txt_zint_c"));
     const char* lists[] = {"Lst_vi_c", "Lst_ti_c", "Lst_vpi_c"};
     for (int k = 0; k < 3; ++k) {
       QComboBox* c = Restraint(lists[k]);
-      Row(g, 2 + k, sym[k], c, bindings_.back().unit);
+      Row(g, 3 + k, sym[k], c, bindings_.back().unit);
     }
+    g->setRowStretch(6, 1);
+    g->setColumnStretch(3, 1);
     gi->addWidget(f, 1, 2);
   }
-  auto* heads = new QHBoxLayout;
-  heads->addWidget(Lbl_Trad[5]);
-  heads->addStretch(1);
-  heads->addWidget(Lbl_Trad[7]);
-  heads->addSpacing(24);
-  heads->addWidget(Lbl_Trad[6]);
-  gi->addLayout(heads, 0, 0, 1, 3);
+  gi->addWidget(Lbl_Trad[5], 0, 0, 1, 3);
   v->addWidget(inter);
   v->addStretch(1);
   return page;
@@ -974,6 +1002,7 @@ void Frm_Zarvek::Translate_Form() {
   for (int k = 0; k < 4; ++k) Tab_Zarvek->setTabText(k, Caption(L_Tab0 + k));
   for (int k = 0; k < 12; ++k)
     if (Lbl_Trad[k]) Lbl_Trad[k]->setText(Caption(L_Lbl_Trad0 + k));
+  for (const auto& [label, caption] : headingCopies_) label->setText(Lbl_Trad[caption]->text());
   for (int k = 0; k < 22; ++k)
     if (Cdr_Trad[k]) Cdr_Trad[k]->setTitle(Caption(L_Cdr_Trad0 + k));
   static_cast<QAbstractButton*>(Field_Widget("Opt_Catalogue"))->setText(Caption(L_Opt_Catalogue));
@@ -990,6 +1019,7 @@ void Frm_Zarvek::Translate_Form() {
   Cmd_RefreshForces->setText(Caption(L_Cmd_RefreshForces));
   Cmd_Proceed->setText(Caption(L_Cmd_Proceed));
   Cmd_StopProcess->setText(Caption(L_Cmd_StopProcess));
+  Cmd_StopProcess->setMinimumWidth(Cmd_StopProcess->sizeHint().width());  // the whole caption
   Cmd_Draw3D->setText(Caption(L_Cmd_Draw3D));
   Cmd_RefreshMV->setText(Cmd_RefreshForces->text());
   Cmd_RefreshEigen->setText(Cmd_RefreshForces->text());

@@ -206,6 +206,7 @@ class Frm_Zarvek : public QMainWindow {
   void Place_HelpButtons();
   QWidget* Build_Page_Beam();
   QWidget* Build_Page_Restraints();
+  QLabel* Heading(QLabel* own, int caption, QWidget* parent);
   QWidget* Build_Page_Loads();
   QWidget* Build_Page_Results();
   QGroupBox* Frame(int index);
@@ -276,6 +277,7 @@ class Frm_Zarvek : public QMainWindow {
   std::map<std::string, size_t> byName_;
   std::map<const QObject*, size_t> byWidget_;
   std::map<std::string, QLabel*> dimLabels_;
+  std::vector<std::pair<QLabel*, int>> headingCopies_;  // label, index of Lbl_Trad it copies
   std::map<std::string, QLabel*> pendingUnits_;
   QGroupBox* forcesFrame_ = nullptr;   // Cdr_Trad(17)
   QVBoxLayout* forcesHome2_ = nullptr; // inside Cdr_Trad(10)

@@ -12,6 +12,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScrollArea>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTimer>
@@ -26,6 +27,7 @@
 #include "diagrams/qt/QtSurface.h"
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
+#include "foundation/Options.h"
 #include "foundation/qt/Frm_Options.h"
 #include "model/qt/Frm_Zarvek.h"
 #include "report/qt/Frm_Edit.h"
@@ -204,12 +206,11 @@ private slots:
     Solve();
     int opened = 0;
     w_->Hooks.EditEigen = [&opened] { ++opened; };
-    const QString text = w_->Cmd_EditEigen->text();
-    const int amp = text.indexOf('&');
-    QVERIFY(amp >= 0 && amp + 1 < text.size());
-    QVERIFY(text.at(amp + 1).toUpper() != QChar('E'));
-    const auto key = Qt::Key(QKeySequence::mnemonic(text)[0].key());
-    QTest::keyClick(w_.get(), key, Qt::AltModifier);
+    const QKeyCombination key = QKeySequence::mnemonic(w_->Cmd_EditEigen->text())[0];
+    QVERIFY(key.key() != Qt::Key_E && key.key() != 0);
+    QApplication::setActiveWindow(w_.get());
+    QVERIFY(QTest::qWaitForWindowActive(w_.get()));
+    QTest::keyClick(w_.get(), key.key(), Qt::AltModifier);
     QTRY_COMPARE(opened, 1);
   }
 
@@ -226,30 +227,55 @@ private slots:
     QTest::mouseClick(w_->Cmd_Dimensions, Qt::LeftButton);
     QCoreApplication::processEvents();
     QCOMPARE(w_->Tab_Section->currentIndex(), 1);
-    for (const char* f : {"Txt_Iz(2)", "Txt_It(2)", "Txt_Iw(2)"}) {
-      QVERIFY2(E(f)->isVisible() && !E(f)->visibleRegion().isEmpty(), f);
-      QVERIFY2(Num_Of_Text(E(f)->text().toStdString()) > 0, f);
+    for (const char* f : {"Txt_Iz(2)", "Txt_It(2)", "Txt_Iw(2)"})
+      QVERIFY2(!E(f)->visibleRegion().isEmpty() && Num_Of_Text(E(f)->text().toStdString()) > 0, f);
+  }
+
+  // The window fits a 1366 x 768 screen with a task bar: its least size
+  // leaves room for a frame (16 x 40) within 1000 x 680 in both languages,
+  // and at that size every field of every page scrolls into full view.
+  void fitsALaptopScreen() {
+    const QSize inside(1000 - 16, 680 - 40);
+    for (const char* code : {"UK", "FR"}) {
+      std::string error;
+      QVERIFY(Change_Language(start_->state, code, error) != LanguageChange::LoadFailed);
+      w_->Translate_Form();
+      const QSize least = w_->minimumSizeHint().expandedTo(w_->minimumSize());
+      QVERIFY2(least.width() <= inside.width() && least.height() <= inside.height(),
+               qPrintable(QString("%1: %2 x %3").arg(code).arg(least.width()).arg(least.height())));
+      w_->resize(inside);
+      QTRY_COMPARE(w_->size(), inside);
+      for (int p = 0; p < 4; ++p) {
+        Click_Page(p);
+        auto* area = qobject_cast<QScrollArea*>(w_->Tab_Zarvek->widget(p));
+        QVERIFY(area);
+        QCoreApplication::processEvents();  // the page laid out in its language first
+        for (QWidget* f : area->widget()->findChildren<QWidget*>()) {
+          const bool field = qobject_cast<QLineEdit*>(f) || qobject_cast<QComboBox*>(f) ||
+                             qobject_cast<QAbstractButton*>(f);
+          if (!field || !f->isVisibleTo(area->widget()) || qobject_cast<QComboBox*>(f->parentWidget())) continue;
+          // the whole field, not only a line edit's cursor
+          const QPoint c = f->mapTo(area->widget(), f->rect().center());
+          area->ensureVisible(c.x(), c.y(), f->width() / 2 + 1, f->height() / 2 + 1);
+          QCoreApplication::processEvents();
+          QVERIFY2(f->visibleRegion().boundingRect() == f->rect(),
+                   qPrintable(QString("%1, page %2: %3").arg(code).arg(p).arg(f->objectName())));
+        }
+      }
     }
   }
 
   // A project file cut short: the box that says so has its exclamation icon.
   void damagedProjectBoxHasItsIcon() {
-    QFile whole(QString(ZARVEK_BIN_DIR) + "/EXAMPLE.DAT");
-    QVERIFY(whole.open(QIODevice::ReadOnly));
-    const QByteArray lines = whole.readAll();
-    QFile cut(QString::fromStdString(start_->path() + "/CUT.DAT"));
-    QVERIFY(cut.open(QIODevice::WriteOnly));
-    cut.write(lines.left(lines.size() / 3));
+    QFile whole(QString(ZARVEK_BIN_DIR) + "/EXAMPLE.DAT"), cut(start_->file("CUT.DAT"));
+    QVERIFY(whole.open(QIODevice::ReadOnly) && cut.open(QIODevice::WriteOnly));
+    cut.write(whole.read(whole.size() / 3));
     cut.close();
     chosen_ << cut.fileName();
     QMessageBox::Icon icon = QMessageBox::NoIcon;
     QString text;
     bool seen = false;
-    When_Modal<QMessageBox>([&](QMessageBox* b) {
-      icon = b->icon();
-      text = b->text();
-      b->accept();
-    }, &seen);
+    When_Modal<QMessageBox>([&](QMessageBox* b) { icon = b->icon(), text = b->text(), b->accept(); }, &seen);
     QTest::keyClick(w_.get(), Qt::Key_O, Qt::ControlModifier);
     QTRY_VERIFY(seen);
     QCOMPARE(icon, QMessageBox::Warning);

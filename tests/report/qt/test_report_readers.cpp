@@ -136,48 +136,25 @@ class Test_Report_Readers : public QObject {
     QCOMPARE(Pdf_Pictures(lo), 4);
   }
 
-  // A block's title is never left alone at the foot of a PDF page: rows
-  // before it are added one by one so that the title meets every place near
-  // the foot, and the program's report of the beam above is checked as is.
+  // No block's title is left alone at the foot of a page of the PDF (today's
+  // report of the beam above put "End moments" there).
   void titleStaysWithItsFirstRowInThePdf() {
     if (!Have("pdftotext")) QSKIP("pdftotext (poppler-utils) not installed");
-    QTemporaryDir dir;
-    // the last line of text of each page but the last
-    auto page_feet = [&dir](const Rich_Document& doc) {
-      const QString pdf = dir.filePath(QStringLiteral("t.pdf"));
-      if (!Export_Pdf(doc, pdf)) return QStringList{QStringLiteral("no PDF")};
-      QStringList pages = Pdf_Text(pdf).split(QLatin1Char('\f'));
-      while (!pages.isEmpty() && pages.last().trimmed().isEmpty()) pages.removeLast();
-      QStringList feet;
-      for (int i = 0; i + 1 < pages.size(); ++i) feet << pages[i].trimmed().split(QLatin1Char('\n')).last().trimmed();
-      return feet;
-    };
-    for (int rows = 60; rows <= 80; ++rows) {
-      Rich_Text rt = Report_Builder();
-      for (int i = 0; i < rows; ++i) rt.WriteLine("row", "x", std::to_string(i), "cm");
-      rt.NewParagraph();
-      rt.Tabulate(0.05);
-      rt.SetFont_Bold(true);
-      rt.Send_Text("Intermediate restraint 1");
-      rt.SetFont_Normal();
-      rt.Keep_With_Next();
-      rt.NewParagraph();
-      rt.WriteLine("Position x/L", "x/L", "0.5", "");
-      const QStringList feet = page_feet(rt.Document());
-      QVERIFY2(!feet.contains(QStringLiteral("Intermediate restraint 1")), qPrintable(QString::number(rows)));
-    }
     const BeamModel m = Solved_Model();
     const Rich_Document doc = Build_Report(m, "UK", Qt_ReportPictures(m));
     QStringList titles;
-    for (const Rich_Paragraph& p : doc.paragraphs) {
-      if (!p.keep_with_next) continue;
-      QString t;
-      for (const Rich_Run& r : p.runs)
-        if (r.kind == Rich_Run::Text) t += QString::fromStdString(r.text);
-      titles << t.trimmed();
-    }
+    for (const Rich_Paragraph& p : doc.paragraphs)
+      if (p.keep_with_next && !p.runs.empty()) titles << QString::fromStdString(p.runs.back().text).trimmed();
     QVERIFY(titles.contains(QStringLiteral("End moments")));
-    for (const QString& foot : page_feet(doc)) QVERIFY2(!titles.contains(foot), qPrintable(foot));
+    QTemporaryDir dir;
+    const QString pdf = dir.filePath(QStringLiteral("t.pdf"));
+    QVERIFY(Export_Pdf(doc, pdf));
+    const QStringList pages = Pdf_Text(pdf).trimmed().split(QLatin1Char('\f'));
+    QVERIFY(pages.size() >= 2);
+    for (int i = 0; i + 1 < pages.size(); ++i) {
+      const QString foot = pages[i].trimmed().split(QLatin1Char('\n')).last().trimmed();
+      QVERIFY2(!titles.contains(foot), qPrintable(foot));
+    }
   }
 
   void commandLine() {
