@@ -554,6 +554,35 @@ std::string Field(double v, int width, int decimals) {
   if (t.empty() || t[0] != ' ') t.insert(t.begin(), ' ');
   return t;
 }
+// A column of a table of the problem file: the text of the row above when
+// the value is the same. The elements of a beam mostly share their section,
+// its nodes their restraints, and a uniform moment its end moments: the
+// formatting, most of the cost of a problem text, is then done once.
+struct Column {
+  Column(int w, int d) : width(w), decimals(d) {}
+  int width, decimals;
+  bool has = false;
+  double last = 0;
+  std::string text;
+  const std::string& operator()(double v) {
+    // the same bits: -0 and 0 are written differently
+    if (!has || std::memcmp(&v, &last, sizeof v) != 0) {
+      text = Field(v, width, decimals);
+      last = v;
+      has = true;
+    }
+    return text;
+  }
+};
+// The number of a row, right-aligned in three characters: what
+// Format_Fixed(n, 3, 0) writes, without the picture formatter for the usual
+// numbers.
+std::string Row_Number(int n) {
+  if (n < 0 || n > 999) return Format_Fixed(n, 3, 0);
+  char b[4];
+  std::snprintf(b, sizeof b, "%3d", n);
+  return b;
+}
 std::string Field(const std::string& text, int width) {
   std::string t = To_DotText(text, width);
   if (t.empty() || t[0] != ' ') t.insert(t.begin(), ' ');
@@ -572,17 +601,18 @@ std::string Problem_Text(const ProblemData& p, ProblemLabels labels) {
   line(std::to_string(p.NB) + Field(Number_To_Text(p.E), 15) + Field(Number_To_Text(p.G), 15));
   line(pr ? "Elements : i  Li  Izi  Iti  Iwi  Betazi  Kti  Kvpi  Ktpi"
           : "Elements : n, L, Iz, It, Iw, Betaz, Kt, Kvp, Ktp");
+  Column cL{9, 2}, cIz{12, 2}, cIt{12, 2}, cIw{14, 1}, cBz{8, 2}, cKt{14, 2}, cKvp{14, 2}, cKtp{14, 2};
   for (int n = 1; n <= p.NB; ++n)
-    line(Format_Fixed(n, 3, 0) + Field(p.L[n], 9, 2) + Field(p.Iz[n], 12, 2) +
-         Field(p.It[n], 12, 2) + Field(p.Iw[n], 14, 1) + Field(p.Betaz[n], 8, 2) +
-         Field(p.Kt[n], 14, 2) + Field(p.Kvp[n], 14, 2) + Field(p.Ktp[n], 14, 2));
+    line(Row_Number(n) + cL(p.L[n]) + cIz(p.Iz[n]) + cIt(p.It[n]) + cIw(p.Iw[n]) +
+         cBz(p.Betaz[n]) + cKt(p.Kt[n]) + cKvp(p.Kvp[n]) + cKtp(p.Ktp[n]));
   line(pr ? "Nodes : i  Rvi  Rti  Rvpi  Rtpi  zi" : "Nodes : n, Rv, Rt, Rvp, Rtp, z");
+  Column cRv{15, 2}, cRt{15, 2}, cRvp{15, 2}, cRtp{15, 2}, cz{10, 2};
   for (int n = 1; n <= p.NN(); ++n)
-    line(Format_Fixed(n, 3, 0) + Field(p.Rv[n], 15, 2) + Field(p.Rt[n], 15, 2) +
-         Field(p.Rvp[n], 15, 2) + Field(p.Rtp[n], 15, 2) + Field(p.z[n], 10, 2));
+    line(Row_Number(n) + cRv(p.Rv[n]) + cRt(p.Rt[n]) + cRvp(p.Rvp[n]) + cRtp(p.Rtp[n]) +
+         cz(p.z[n]));
   line(pr ? "Elements : i   M1i   M2i" : "Elements : n, M1, M2");
-  for (int n = 1; n <= p.NB; ++n)
-    line(Format_Fixed(n, 3, 0) + Field(p.M1[n], 14, 1) + Field(p.M2[n], 14, 1));
+  Column cM1{14, 1}, cM2{14, 1};
+  for (int n = 1; n <= p.NB; ++n) line(Row_Number(n) + cM1(p.M1[n]) + cM2(p.M2[n]));
   line("Member Loads");
   line("NF NQ");
   line(std::to_string(p.NF) + " " + std::to_string(p.NQ));
