@@ -641,6 +641,37 @@ bool Writable(const ProblemData& p) {
   return ok;
 }
 
+// A column of a table of the problem file: the text of the row above when
+// the value is the same. The elements of a beam mostly share their section,
+// its nodes their restraints, and a uniform moment its end moments: the
+// formatting, most of the cost of a problem text, is then done once.
+struct Column {
+  Column(int w, bool s) : width(w), single(s) {}
+  int width;
+  bool single;
+  bool has = false;
+  double last = 0;
+  std::string text;
+  const std::string& operator()(double v) {
+    // the same bits: -0 and 0 are written differently
+    if (!has || std::memcmp(&v, &last, sizeof v) != 0) {
+      text = Field(v, width, single);
+      last = v;
+      has = true;
+    }
+    return text;
+  }
+};
+// The number of a row, right-aligned in three characters: what
+// Format_Fixed(n, 3, 0) writes, without the picture formatter for the usual
+// numbers.
+std::string Row_Number(int n) {
+  if (n < 0 || n > 999) return Format_Fixed(n, 3, 0);
+  char b[4];
+  std::snprintf(b, sizeof b, "%3d", n);
+  return b;
+}
+
 }  // namespace
 
 std::string Problem_Text(const ProblemData& p, ProblemLabels labels) {
@@ -653,17 +684,19 @@ std::string Problem_Text(const ProblemData& p, ProblemLabels labels) {
   line(std::to_string(p.NB) + Field(p.E, 15, Real8) + Field(p.G, 15, Real8));
   line(pr ? "Elements : i  Li  Izi  Iti  Iwi  Betazi  Kti  Kvpi  Ktpi"
           : "Elements : n, L, Iz, It, Iw, Betaz, Kt, Kvp, Ktp");
+  Column cL{9, Real4}, cIz{12, Real4}, cIt{12, Real4}, cIw{14, Real4}, cBz{8, Real4}, cKt{14, Real8},
+      cKvp{14, Real8}, cKtp{14, Real8};
   for (int n = 1; n <= p.NB; ++n)
-    line(Format_Fixed(n, 3, 0) + Field(p.L[n], 9, Real4) + Field(p.Iz[n], 12, Real4) +
-         Field(p.It[n], 12, Real4) + Field(p.Iw[n], 14, Real4) + Field(p.Betaz[n], 8, Real4) +
-         Field(p.Kt[n], 14, Real8) + Field(p.Kvp[n], 14, Real8) + Field(p.Ktp[n], 14, Real8));
+    line(Row_Number(n) + cL(p.L[n]) + cIz(p.Iz[n]) + cIt(p.It[n]) + cIw(p.Iw[n]) +
+         cBz(p.Betaz[n]) + cKt(p.Kt[n]) + cKvp(p.Kvp[n]) + cKtp(p.Ktp[n]));
   line(pr ? "Nodes : i  Rvi  Rti  Rvpi  Rtpi  zi" : "Nodes : n, Rv, Rt, Rvp, Rtp, z");
+  Column cRv{15, Real8}, cRt{15, Real8}, cRvp{15, Real8}, cRtp{15, Real8}, cz{10, Real4};
   for (int n = 1; n <= p.NN(); ++n)
-    line(Format_Fixed(n, 3, 0) + Field(p.Rv[n], 15, Real8) + Field(p.Rt[n], 15, Real8) +
-         Field(p.Rvp[n], 15, Real8) + Field(p.Rtp[n], 15, Real8) + Field(p.z[n], 10, Real4));
+    line(Row_Number(n) + cRv(p.Rv[n]) + cRt(p.Rt[n]) + cRvp(p.Rvp[n]) + cRtp(p.Rtp[n]) +
+         cz(p.z[n]));
   line(pr ? "Elements : i   M1i   M2i" : "Elements : n, M1, M2");
-  for (int n = 1; n <= p.NB; ++n)
-    line(Format_Fixed(n, 3, 0) + Field(p.M1[n], 14, Real4) + Field(p.M2[n], 14, Real4));
+  Column cM1{14, Real4}, cM2{14, Real4};
+  for (int n = 1; n <= p.NB; ++n) line(Row_Number(n) + cM1(p.M1[n]) + cM2(p.M2[n]));
   line("Member Loads");
   line("NF NQ");
   line(std::to_string(p.NF) + " " + std::to_string(p.NQ));

@@ -11,6 +11,7 @@
 #include "analysis/Sweep.h"
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
+#include "solver/Example.h"
 
 namespace zarvek {
 namespace {
@@ -83,6 +84,23 @@ TEST(Reentrancy, ThreadsGetWhatEachSolveGetsAlone) {
       EXPECT_EQ(a.Mode_Vector, b.Mode_Vector) << t << " " << i;
       EXPECT_EQ(alone[i].Efforts.Efforts_M, got[t][i].Efforts.Efforts_M) << t << " " << i;
     }
+}
+
+TEST(Reentrancy, ProblemTextFollowsEveryChangeOfAColumn) {
+  // the text of a row is reused only for the same value: moments that come
+  // back after a change are written again as they are
+  ProblemData p = Fork_Beam_Uniform_Moment(50, 1000.0, 5.0);
+  const double m1[] = {5, 5, 7, 5, 0.25};
+  for (int i = 0; i < 5; ++i) p.M1[i + 1] = m1[i];
+  p.Iz[2] = 700;
+  const std::string t = Problem_Text(p, ProblemLabels::Proceed);
+  for (const char* row : {"\n  1           5.0           5.0\n", "\n  2           5.0           5.0\n",
+                          "\n  3           7.0           5.0\n", "\n  4           5.0           5.0\n",
+                          "\n  5           0.3           5.0\n"})
+    EXPECT_NE(t.find(row), std::string::npos) << row;
+  EXPECT_NE(t.find("\n  1    20.00      603.78"), std::string::npos);
+  EXPECT_NE(t.find("\n  2    20.00      700.00"), std::string::npos);
+  EXPECT_NE(t.find("\n  3    20.00      603.78"), std::string::npos);
 }
 
 TEST(Sweep, ValuesCountedFromTheStep) {
