@@ -1663,11 +1663,13 @@ void Frm_Zarvek::Cmd_Proceed_Click() {
       Show_Message(Text_NoProblemFile());
       return;
     }
-    // the results of the last file don't stand while this one is solved
+    // the results and diagrams of the last file don't stand while this one
+    // is solved
     InitProcessInfo(m_);
     InitEffortsInfo(m_);
     Refresh_FromModel();
     Erase(Img_Eigenmode);
+    Erase(Img_Forces);
   }
   QElapsedTimer clock;
   clock.start();

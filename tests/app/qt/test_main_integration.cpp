@@ -449,11 +449,14 @@ private slots:
     QCOMPARE(icon, QMessageBox::Warning);
     QVERIFY2(text.contains(QString::fromStdString(path)) && text.contains("(112)"), qPrintable(text));
     for (const char* f : {"Txt_mucr", "Txt_Mcr", "Txt_Mmax(0)"}) QCOMPARE(E(f)->text(), QString("0"));
-    const QImage after = w_->Img_Eigenmode->imageSurface().Image();
-    bool blank = true;
-    for (int y = 0; y < after.height() && blank; y += 2)
-      for (int x = 0; x < after.width() && blank; x += 2) blank = after.pixel(x, y) == after.pixel(0, 0);
-    QVERIFY2(blank, "the mode of the first file is still drawn");
+    // neither the mode nor the forces of the first file stay drawn
+    for (SurfaceWidget* sw : {w_->Img_Eigenmode, w_->Img_Forces}) {
+      const QImage after = sw->imageSurface().Image();
+      bool blank = true;
+      for (int y = 0; y < after.height() && blank; y += 2)
+        for (int x = 0; x < after.width() && blank; x += 2) blank = after.pixel(x, y) == after.pixel(0, 0);
+      QVERIFY2(blank, qPrintable(sw->objectName()));
+    }
 
     // what a failed read leaves: no file of the user's, though a stray
     // "Untitled" may lie in the working folder
