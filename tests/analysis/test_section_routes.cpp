@@ -66,10 +66,12 @@ TEST(SectionRoutes, TheWiderFlangeInCompressionGivesTheHigherMoment) {
   const double hogging = Mcr_Of(m, "HOG.ZVK");
   EXPECT_GT(sagging, 1.2 * hogging);
 
-  // the same section upside down swaps the two
+  // the same section upside down swaps the two, up to the warping constant:
+  // Iw = d^2 I1 (1 - I1/Iz) counts the web and fillets in Iz, so that the
+  // section and its mirror differ by 1.8 % in Iw and about 0.1 % in Mcr
   BeamModel u = By_Dimensions(1, "10", "20");
   EXPECT_LT(Num_Of_Text(u.Txt_zS[2]), -0.5);
-  EXPECT_NEAR(Mcr_Of(u, "UPSIDE.ZVK") / hogging, 1.0, 1e-3);
+  EXPECT_NEAR(Mcr_Of(u, "UPSIDE.ZVK") / hogging, 1.0, 2e-3);
 }
 
 }  // namespace
