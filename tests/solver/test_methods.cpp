@@ -293,8 +293,9 @@ TEST(Factorisation, AnEnormousSpringSolvesAlikeByBothRoutes) {
       EXPECT_EQ(s.res.Solve_Status, 0) << "reference " << reference << ": " << s.res.Error_Text;
       EXPECT_NEAR(s.res.mucr / r.res.mucr, 1.0, 1e-5) << "reference " << reference;
     }
-    if (method == Method_Dichotomie)
+    if (method == Method_Dichotomie) {
       EXPECT_EQ(Solve(spring, method, 1e-6, 100, false).res.mucr, Solve(spring, method, 1e-6, 100, true).res.mucr);
+    }
   }
 }
 
