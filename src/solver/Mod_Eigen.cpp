@@ -189,11 +189,10 @@ void Eigen(SymMatrix& K, SymMatrix& B, double& mu, int NDL, int NN, double Tol, 
         for (int i = 1; i <= NDL; ++i) X[i] = ny != 0 ? Y[i] / ny : 0.0;
         const double prev = cur;
         cur = rho != 0 ? 1 / rho : 0.0;
+        lambda = rho;
         Check_FP();
         if (cur != 0 && std::fabs((cur - prev) / cur) < Tol) {
           converged = true;
-          lambda = rho;
-          Y = X;
           break;
         }
       }
@@ -204,6 +203,7 @@ void Eigen(SymMatrix& K, SymMatrix& B, double& mu, int NDL, int NN, double Tol, 
       }
     }
     st.Converged = converged;
+    if (NTRY > 1) Y = X;  // the vector whose quotient is lambda
     // 7.
     st.Status("Building eigenvector...");
     // 8.
@@ -229,7 +229,8 @@ void Eigen(SymMatrix& K, SymMatrix& B, double& mu, int NDL, int NN, double Tol, 
     // to [-a/2, b + a/2] and the top end, b + a/2, dominates with the ratio
     // a / (2 b + a) to the rest. Nothing positive left means no critical
     // factor in this direction of the loads.
-    if (NTRY >= 2 || Stop(st)) {
+    if (Stop(st)) return;  // stopped before any positive estimate: none to give
+    if (NTRY >= 2) {
       st.Error_Text = Further_Text("Eigen_NoPositiveFactor",
                                    "Problem of convergence: the vector iteration finds no positive "
                                    "critical factor (these loads may not make the beam buckle). Check "
