@@ -195,8 +195,8 @@ struct BeamModel {
   // Constants the axial terms need beyond the lateral-torsional ones, typed
   // on the properties route only (the other routes compute them): area,
   // second moment about the strong axis, and the shear centre above the
-  // centroid (zC, same sign as zS).
-  std::string Txt_A3 = "0", Txt_Iy3 = "0", Txt_zC3 = "0";
+  // centroid (zC, same sign as zS). The IPE 300 of the other slot 3 fields.
+  std::string Txt_A3 = "53.81", Txt_Iy3 = "8356", Txt_zC3 = "0";
 
   // ---- shown results -----------------------------------------------------
   std::string Lbl_Iteration = "0";
@@ -204,6 +204,7 @@ struct BeamModel {
   std::string Lbl_Comment;
   std::string Txt_mucr = "0";
   std::string Txt_Mcr = "0";
+  std::string Txt_Ncr = "0";  // mucr N in the force unit; "0" without axial force
   std::array<std::string, 2> Txt_Mmax = {"0", "0"};
   std::array<std::string, 2> Lbl_xfMmax = {"0", "0"};
   float Mcr_Factor = 0;   // last critical factor

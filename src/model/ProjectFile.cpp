@@ -432,6 +432,7 @@ const std::vector<TrailerKey> Keys = {
     {"AXIAL_A", &BeamModel::Txt_A3, true, Axial_Written},
     {"AXIAL_IY", &BeamModel::Txt_Iy3, true, Axial_Written},
     {"AXIAL_ZC", &BeamModel::Txt_zC3, true, Axial_Written},
+    {"AXIAL_NCR", &BeamModel::Txt_Ncr, true, Axial_Written},
 };
 
 const BeamModel& New_Record() {

@@ -181,6 +181,12 @@ void Read_Axial_Block(Problem_Reader& in, ProblemData& P, SolverResult& res) {
     }
     if (!in.At_End()) Fail(Axial_Block_Status);
     res.N = Nmax;
+    double Ltot = 0, Iy = 0;
+    for (int n = 1; n <= P.NB; ++n) {
+      Ltot += P.L[n];
+      if (P.N[n] > 0 && (Iy == 0 || P.Iy[n] < Iy)) Iy = P.Iy[n];
+    }
+    res.Ncr_y = Iy > 0 ? M_PI * M_PI * P.E * Iy / (Ltot * Ltot) : 0;
   } catch (const Read_Error&) {
     Fail(Axial_Block_Status);
   }
@@ -424,6 +430,7 @@ void Solve_Problem(const std::string& path, int method, SolverResult& res, Solve
   res.Error_Text.clear();
   res.Converged = false;
   res.Warnings.clear();
+  res.N = res.Ncr_y = 0;
   st.Warnings = &res.Warnings;
   st.Status(Msg(80));
   res.Solve_Status = 1;
@@ -446,10 +453,12 @@ void Solve_Problem(const std::string& path, int method, SolverResult& res, Solve
       Read_Problem(std::move(text), P, res);
     } catch (const Check_Failed& c) {
       res.Solve_Status = c.status;
-      res.Error_Text = c.status == Axial_Block_Status
-                           ? Further_Text("Axial_Block_Refused",
-                                          "The axial force block of the problem file is malformed.")
-                           : Msg(57);
+      res.Error_Text =
+          c.status == Axial_Block_Status
+              ? Further_Text("Axial_Block_Refused",
+                             "The axial force block of the problem file is malformed.")
+          : c.status == 112 ? Further_Text("No_Load", "No moment and no axial force: nothing loads the beam.")
+                            : Msg(57);
       return;
     } catch (...) {
       res.Solve_Status = 1;

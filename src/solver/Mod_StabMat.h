@@ -48,6 +48,11 @@ struct SolverResult {
   double Mmax = 0;                  // end moment of largest magnitude, signed, daN.cm
   double xMmax = 0;                 // its position as a fraction of the length
   double N = 0;                     // axial force of largest magnitude, signed, daN
+  // Under compression: pi^2 E Iy / L^2 of the whole member with the smallest
+  // Iy of the compressed elements, daN; in-plane buckling about the strong
+  // axis is not part of the model and this is its value for comparison.
+  // 0 without compression.
+  double Ncr_y = 0;
   std::vector<float> Efforts_M;     // 1..2 NB: M1, M2 of each element
   std::vector<float> Efforts_V;     // 1..2 NB: constant shear of each element, twice
   int NB = 0;

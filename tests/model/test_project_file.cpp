@@ -212,7 +212,7 @@ TEST_F(ProjectFile, TrailerOfKeyedLinesAfterTheFixedLayout) {
       axial.Txt_zC3 = "-4";
       // the lines of the fixed layout stay as they were, the keys follow
       const std::string before = Project_Text(plain), after = Project_Text(axial);
-      EXPECT_EQ(after, before + "AXIAL_N=-12.5\r\nAXIAL_A=53\r\nAXIAL_IY=8356.1\r\nAXIAL_ZC=-4\r\n");
+      EXPECT_EQ(after, before + "AXIAL_N=-12.5\r\nAXIAL_A=53\r\nAXIAL_IY=8356.1\r\nAXIAL_ZC=-4\r\nAXIAL_NCR=0\r\n");
       ASSERT_TRUE(Write_File_Atomic(File("AX.DAT"), after));
       BeamModel back = Default_Model();
       ASSERT_TRUE(Read(back, File("AX.DAT")).ok);
@@ -222,7 +222,7 @@ TEST_F(ProjectFile, TrailerOfKeyedLinesAfterTheFixedLayout) {
       // read over one that had it
       ASSERT_TRUE(Write_File_Atomic(File("AX.DAT"), before));
       ASSERT_TRUE(Read(back, File("AX.DAT")).ok);
-      EXPECT_EQ(back.Txt_N + back.Txt_A3, "00");
+      EXPECT_EQ(back.Txt_N + " " + back.Txt_A3, "0 53.81");
       // without axial force the constants are not written, whatever they hold
       axial.Txt_N = std::string("0") + sep + "0";
       EXPECT_EQ(Project_Text(axial), before);
@@ -240,7 +240,7 @@ TEST_F(ProjectFile, TrailerFromAnotherProgramVersion) {
   ASSERT_TRUE(Read(back, File("LATER.DAT")).ok);
   EXPECT_EQ(back.Txt_N + " " + back.Txt_zC3, "3.5 2");
   EXPECT_EQ(Project_Text(back), Project_Text(Default_Model()) +
-                                    "AXIAL_N=3.5\r\nAXIAL_A=0\r\nAXIAL_IY=0\r\nAXIAL_ZC=2\r\n");
+                                    "AXIAL_N=3.5\r\nAXIAL_A=53.81\r\nAXIAL_IY=8356\r\nAXIAL_ZC=2\r\nAXIAL_NCR=0\r\n");
 }
 
 TEST_F(ProjectFile, FailedSaveLeavesTheOldFile) {

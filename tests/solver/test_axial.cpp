@@ -192,10 +192,12 @@ TEST(AxialBlock, MalformedBlocksHaveTheirOwnStatusAndMessage) {
     EXPECT_EQ(r.Error_Text, Malformed) << what;
     EXPECT_EQ(r.mucr, 42) << what;
   }
-  // without moment and without force there is still nothing to buckle the beam
+  // without moment and without force nothing loads the beam: refused with
+  // the message that says so
+  Set_Further_Text("No_Load", "Nothing loads the beam.");
   SolverResult none = Read_Text(Problem_Text(Beam(s, 0, 0), ProblemLabels::Proceed));
   EXPECT_EQ(none.Solve_Status, 112);
-  EXPECT_EQ(none.Error_Text, Unreadable);
+  EXPECT_EQ(none.Error_Text, "Nothing loads the beam.");
 }
 
 }  // namespace

@@ -31,6 +31,8 @@
 #include "analysis/DirectSolve.h"
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
+#include "foundation/qt/Translate_Form.h"
+#include "model/Axial.h"
 #include "model/DataEntry.h"
 #include "model/ProjectFile.h"
 #include "diagrams/qt/QtSurface.h"
@@ -419,7 +421,13 @@ QWidget* Frm_Zarvek::Build_Page_Beam() {
     Row(g, 2, "Iw", Edit(name("Txt_Iw")), Unit_Label(name("Txt_Iw")));
     Row(g, 3, QString::fromUtf8("\u03B2z"), Edit(name("Txt_Betaz")), Unit_Label(name("Txt_Betaz")));
     if (slot < 3) Row(g, 4, "zS", Edit(name("Txt_zS")), Unit_Label(name("Txt_zS")));
-    g->setRowStretch(5, 1);
+    if (slot == 3) {
+      // what an axial force needs besides: enabled only while N is not 0
+      Row(g, 4, "A", Edit("Txt_A3"), new QLabel("cm\u00B2", this));
+      Row(g, 5, "Iy", Edit("Txt_Iy3"), Unit_Label("Txt_Iy3"));
+      Row(g, 6, "zC", Edit("Txt_zC3"), Unit_Label("Txt_zC3"));
+    }
+    g->setRowStretch(7, 1);
     g->setColumnStretch(3, 1);
     (void)parent;
     return g;
@@ -645,7 +653,11 @@ QWidget* Frm_Zarvek::Build_Page_Loads() {
   gc->addWidget(Unit_Label("Txt_CC"), 0, 2);
   gc->addWidget(Symbol("x/L", cc), 1, 0);
   gc->addWidget(Edit("Txt_xfC"), 1, 1);
-  gc->setRowStretch(2, 1);
+  // the axial force, at the centroid, compression positive
+  gc->addWidget(Symbol("N", cc), 2, 0);
+  gc->addWidget(Edit("Txt_N"), 2, 1);
+  gc->addWidget(Unit_Label("Txt_N"), 2, 2);
+  gc->setRowStretch(3, 1);
   gc->setColumnStretch(3, 1);
 
   QGroupBox* dist = Frame(15);
@@ -819,6 +831,13 @@ QWidget* Frm_Zarvek::Build_Page_Results() {
   Bind("Lbl_xfMmax(1)", xf);
   gc->addWidget(new QLabel("x/L", crit), 3, 0);
   gc->addWidget(xf, 3, 1);
+  gc->addWidget(new QLabel("Ncr", crit), 4, 0);
+  gc->addWidget(Edit("Txt_Ncr"), 4, 1);
+  gc->addWidget(Unit_Label("Txt_Ncr"), 4, 2);
+  auto* note = new QLabel(crit);
+  note->setObjectName("Lbl_AxialNote");
+  note->setWordWrap(true);
+  gc->addWidget(note, 5, 0, 1, 3);
   QFont big = bold;
   big.setPointSizeF(bold.pointSizeF() + 1);
   static_cast<QLineEdit*>(Field_Widget("Txt_Mcr"))->setFont(big);
@@ -1075,6 +1094,23 @@ void Frm_Zarvek::Update_Locks() {
   Set_Locked(edit("Txt_Nu"), m_.Opt_G);
   Set_Locked(edit("Txt_Psi"), m_.Opt_M2);
   Set_Locked(edit("Txt_M2"), m_.Opt_Psi);
+  // the properties route asks for the axial constants only while N acts
+  const bool axial = Num_Of_Text(m_.Txt_N) != 0;
+  for (const char* n : {"Txt_A3", "Txt_Iy3", "Txt_zC3"}) edit(n)->setEnabled(axial);
+  edit("Txt_N")->setToolTip(Lang_Further("Lbl_N", "Axial force N (compression +)"));
+  edit("Txt_A3")->setToolTip(Lang_Further("Lbl_AxialConstants",
+                                          "For the axial force: A, Iy, zC (shear centre above centroid)"));
+  // under compression: in-plane buckling is not modelled; its load beside
+  if (auto* note = findChild<QLabel*>("Lbl_AxialNote")) {
+    const bool compressed = N_Of(m_) > 0;
+    note->setVisible(compressed);
+    if (compressed)
+      note->setText(Lang_Further("Axial_InPlane_Note",
+                                 "In-plane buckling about the strong axis y is not part of this model: "
+                                 "pi\xB2" "EIy/L\xB2 =") +
+                    " " + QString::fromStdString(Format_Auto(Ncr_y_Of(m_) / m_.Fact_F)) + " " +
+                    static_cast<QLabel*>(findChild<QLabel*>("Unit_N"))->text());
+  }
 }
 
 void Frm_Zarvek::Update_Dim_Labels() {
@@ -1140,6 +1176,7 @@ void Frm_Zarvek::Field_Edited(const Binding& b) {
       return;
   }
   Apply_Effects(Data_Changed(m_, f.name), f.name);
+  if (std::string_view(f.name) == "Txt_N") Update_Locks();
 }
 
 void Frm_Zarvek::Option_Clicked(const Binding& b) {
@@ -1588,7 +1625,7 @@ void Frm_Zarvek::Cmd_Proceed_Click() {
     Calculer_Efforts(m_, efforts_);
     Refresh_FromModel();
     Erase(Img_Eigenmode);
-    if (Num_Of_Text(m_.Txt_Mmax[0]) == 0 && !m_.RefreshLocked) {
+    if (Num_Of_Text(m_.Txt_Mmax[0]) == 0 && N_Of(m_) == 0 && !m_.RefreshLocked) {
       Show_Message("Mmax = 0 ! - " + Msg(3));
       return;
     }
