@@ -28,7 +28,6 @@
 
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
-#include "foundation/qt/Translate_Form.h"
 
 namespace zarvek {
 
@@ -557,9 +556,9 @@ void Frm_DirectData::Translate_Form() {
   for (int t = 0; t < 5; ++t) Tab_Data->setTabText(t, line(3 + t));
   for (int i = 0; i < 5; ++i) Lbl_Trad[i]->setText(line(8 + i));
   for (int i = 0; i < 6; ++i) Cdr_Trad[i]->setTitle(line(13 + i));
-  Tab_Data->setTabText(5, Lang_Further("DirectData_AxialTab", "Axial force"));
-  Cdr_Trad[6]->setTitle(Lang_Further("DirectData_AxialFrame",
-                                     "Axial force at the centroid (compression positive)"));
+  Tab_Data->setTabText(5, Lang_Text(Further_Text("DirectData_AxialTab", "Axial force")));
+  Cdr_Trad[6]->setTitle(Lang_Text(
+      Further_Text("DirectData_AxialFrame", "Axial force at the centroid (compression positive)")));
   // copied from the main window's menus
   auto menu = [main](int j) { return Lang_Text(Section_Line(main, j)); };
   Menu_File->setTitle(menu(2));

@@ -653,11 +653,17 @@ QWidget* Frm_Zarvek::Build_Page_Loads() {
   gc->addWidget(Unit_Label("Txt_CC"), 0, 2);
   gc->addWidget(Symbol("x/L", cc), 1, 0);
   gc->addWidget(Edit("Txt_xfC"), 1, 1);
+  gc->setRowStretch(2, 1);
+
   // the axial force, at the centroid, compression positive
-  gc->addWidget(Symbol("N", cc), 2, 0);
-  gc->addWidget(Edit("Txt_N"), 2, 1);
-  gc->addWidget(Unit_Label("Txt_N"), 2, 2);
-  gc->setRowStretch(3, 1);
+  auto* axial = new QGroupBox(page);
+  axial->setObjectName("Cdr_Axial");
+  auto* ga = new QGridLayout(axial);
+  ga->addWidget(Symbol("N", axial), 0, 0);
+  ga->addWidget(Edit("Txt_N"), 0, 1);
+  ga->addWidget(Unit_Label("Txt_N"), 0, 2);
+  ga->setRowStretch(1, 1);
+  ga->setColumnStretch(3, 1);
   gc->setColumnStretch(3, 1);
 
   QGroupBox* dist = Frame(15);
@@ -754,6 +760,7 @@ QWidget* Frm_Zarvek::Build_Page_Loads() {
   top->addWidget(sup);
   top->addWidget(mom, 1);
   top->addWidget(cc, 1);
+  top->addWidget(axial, 1);
   auto* middle = new QHBoxLayout;
   middle->addWidget(pts, 1);
   middle->addWidget(dist, 1);
@@ -955,6 +962,8 @@ bool Frm_Zarvek::Form_Load() {
 
 void Frm_Zarvek::Translate_Form() {
   setWindowTitle(Caption(L_Caption));
+  if (auto* axial = findChild<QGroupBox*>("Cdr_Axial"))
+    axial->setTitle(Lang_Further("DirectData_AxialTab", "Axial force"));
   QAction* menus[] = {Menu_File->menuAction(), Menu_File_New, Menu_File_Open_Action,
                       Menu_File_Save_Action, Menu_File_SaveAs_Action,
                       Menu_File_SaveAsDefault_Action, Menu_File_Quit, Menu_Edit->menuAction(),

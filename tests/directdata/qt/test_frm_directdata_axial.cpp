@@ -72,7 +72,7 @@ class Test_Frm_DirectData_Axial : public QObject {
       f->Menu_File_Save();
       SolverResult r;
       SolveControl ctl;
-      Solve_Problem(file, Method_Dichotomie, r, ctl);
+      Solve_Problem(file, 0, r, ctl);  // read and checked, not solved
       QCOMPARE(int(r.Solve_Status), 0);
       QCOMPARE(r.N, -2000.0);
       f->Data_Changed = false;
