@@ -271,7 +271,7 @@ void Tracer_Loads(Surface& s, const BeamModel& m) {
     s.CurrentX(xL - a);
     s.CurrentY(yc - 0.3 * H);
     s.ForeColor(Colour_Red);
-    s.Print("N = " + m.Txt_N);
+    s.Print("N = " + m.Txt_N + " " + Unit_ItemText(UnitFamily::F, m.Lst_Unit_F));
   }
 
   // point loads
