@@ -5,6 +5,7 @@
 #include "analysis/Mod_Efforts.h"
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
+#include "model/Axial.h"
 #include "model/DataEntry.h"
 
 namespace zarvek {
@@ -131,6 +132,10 @@ bool Build_Problem(BeamModel& m, ProblemData& p, EffortsData& e, std::int16_t& s
     p.Betaz[n] = Betaz;
     p.Kt[n] = p.Kvp[n] = p.Ktp[n] = -1;
   }
+  if (const double N = N_Of(m); N != 0) {
+    const AxialConstants c = Axial_Constants_Of(m);
+    for (int n = 1; n <= NB; ++n) p.N[n] = N, p.A[n] = c.A, p.Iy[n] = c.Iy, p.zC[n] = c.zC;
+  }
 
   NodeSprings s;
   if (!Build_NodeSprings(m, NB, Le, s)) return fail();
@@ -224,6 +229,7 @@ ProceedResult Proceed(BeamModel& m, const std::string& problemPath, SolveControl
   }
   m.Txt_mucr = Format_Auto(s.mucr);
   m.Txt_Mcr = Format_Auto(s.mucr * r.Efforts.Efforts_Mmax / m.Fact_M);
+  m.Txt_Ncr = Format_Auto(s.mucr * s.N / m.Fact_F);
   float mx = 0;
   for (size_t i = 1; i < s.Mode_Vector.size(); ++i) mx = std::max(mx, std::fabs(s.Mode_Vector[i]));
   m.Mode_Max = mx;

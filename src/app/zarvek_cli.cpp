@@ -234,6 +234,10 @@ struct Solve_Report {
   int method = 0;
   double mucr = 0, Mcr = 0, Mmax = 0, xMmax = 0;
   std::string unit_M;
+  // axial force and its critical value in unit_F; Ncr_y (pi^2 E Iy / L^2)
+  // stands for the in-plane buckling the model leaves out under compression
+  double N = 0, Ncr = 0, Ncr_y = 0;
+  std::string unit_F;
   int NB = 0;
   std::vector<float> mode;  // 1..4 NN
   std::vector<std::string> warnings;  // the solver's exclamation boxes
@@ -264,6 +268,11 @@ void Print_Json(const Solve_Report& r, const std::string& error = std::string())
   s += ",\"Mmax\":" + Json_Number((float)r.Mmax);
   s += ",\"xMmax\":" + Json_Number(r.xMmax);
   s += ",\"unit_M\":" + Json_String(r.unit_M);
+  s += ",\"N\":" + Json_Number(r.N);
+  s += ",\"Ncr\":" + Json_Number(r.Ncr);
+  s += ",\"unit_F\":" + Json_String(r.unit_F);
+  s += std::string(",\"inplane_y_omitted\":") + (r.N > 0 ? "true" : "false");
+  s += ",\"Ncr_y\":" + Json_Number(r.Ncr_y);
   s += ",\"NB\":" + std::to_string(r.NB);
   // the mode node by node: v, theta, v', theta' at the shear centre
   s += ",\"mode\":[";
@@ -286,6 +295,15 @@ void Print_Text(const Solve_Report& r) {
   std::printf("Mcr    %s %s\n", Plain_Number(r.Mcr).c_str(), r.unit_M.c_str());
   std::printf("Mmax   %s %s\n", Plain_Number(r.Mmax).c_str(), r.unit_M.c_str());
   std::printf("x/L    %.3f\n", r.xMmax);
+  if (r.N != 0) {
+    std::printf("N      %s %s\n", Plain_Number(r.N).c_str(), r.unit_F.c_str());
+    std::printf("Ncr    %s %s\n", Plain_Number(r.Ncr).c_str(), r.unit_F.c_str());
+  }
+  if (r.N > 0)
+    std::printf("%s %s %s\n",
+                Out(Further_Text("Axial_InPlane_Note", "In-plane buckling about the strong axis y is "
+                                                       "not part of this model: pi\xB2" "EIy/L\xB2 =")).c_str(),
+                Plain_Number(r.Ncr_y).c_str(), r.unit_F.c_str());
   std::printf("%s\n", Out(r.message).c_str());
 }
 
@@ -356,6 +374,7 @@ int Solve_Project(const std::string& file, bool json, Scratch_Dir& scratch) {
   std::string why;
   const int ready = cli::Prepare_Project(file, m, e, why);
   r.unit_M = Unit_ItemText(UnitFamily::M, m.Lst_Unit_M);
+  r.unit_F = Unit_ItemText(UnitFamily::F, m.Lst_Unit_F);
   if (ready != Exit_Solved) return Fail(ready, r, json, why);
 
   if (scratch.dir.empty()) return Fail(Exit_SolverFailed, r, json, "no scratch folder for the problem file");
@@ -371,6 +390,9 @@ int Solve_Project(const std::string& file, bool json, Scratch_Dir& scratch) {
   r.Mmax = p.Efforts.Efforts_Mmax / m.Fact_M;
   r.Mcr = p.Solver.mucr * p.Efforts.Efforts_Mmax / m.Fact_M;
   r.xMmax = p.Efforts.xfMmax;
+  r.N = p.Solver.N / m.Fact_F;
+  r.Ncr = p.Solver.mucr * p.Solver.N / m.Fact_F;
+  r.Ncr_y = p.Solver.Ncr_y / m.Fact_F;
   r.NB = p.Solver.NB;
   r.mode = m.Mode_Vector;
   SolverResult s = p.Solver;
@@ -383,6 +405,7 @@ int Solve_ProblemFile(const std::string& file, bool json) {
   r.file = file;
   r.kind = "problem";
   r.unit_M = "daN.cm";
+  r.unit_F = "daN";
   r.method = Method_Dichotomie;
   SolveControl ctl;
   ctl.Tol = 0.0001;
@@ -397,6 +420,9 @@ int Solve_ProblemFile(const std::string& file, bool json) {
   r.Mmax = s.Mmax;
   r.Mcr = s.mucr * s.Mmax;
   r.xMmax = s.xMmax;
+  r.N = s.N;
+  r.Ncr = s.mucr * s.N;
+  r.Ncr_y = s.Ncr_y;
   r.NB = s.NB;
   r.mode = s.Mode_Vector;
   return Finish(r, s, json);

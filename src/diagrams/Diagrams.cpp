@@ -254,6 +254,26 @@ void Tracer_Loads(Surface& s, const BeamModel& m) {
     Draw_Moment(s, MC / Mmax, xC, yc, "D");
   }
 
+  // the axial force: an arrow on the axis at each end, pointing into the
+  // beam under compression and out of it under tension, with its value
+  if (const double N = Num(m.Txt_N); N != 0) {
+    const double a = 0.04 * W, h = 0.05 * H;
+    s.DrawWidth(2);
+    for (int side : {-1, 1}) {  // -1 left end, +1 right end
+      const double xe = side < 0 ? xL : xR;
+      const double tip = N > 0 ? xe : xe + side * a, tail = N > 0 ? xe + side * a : xe;
+      const double back = N > 0 ? side * h : -side * h;
+      s.Line(tail, yc, tip, yc, Colour_Red);
+      s.Line(tip, yc, tip + back, yc - h / 2, Colour_Red);
+      s.Line(tip, yc, tip + back, yc + h / 2, Colour_Red);
+    }
+    s.DrawWidth(1);
+    s.CurrentX(xL - a);
+    s.CurrentY(yc - 0.3 * H);
+    s.ForeColor(Colour_Red);
+    s.Print("N = " + m.Txt_N + " " + Unit_ItemText(UnitFamily::F, m.Lst_Unit_F));
+  }
+
   // point loads
   struct Point_Load {
     bool on;

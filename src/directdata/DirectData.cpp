@@ -31,6 +31,9 @@ const Column F_Cols[] = {{"N°", ""}, {"F", "(daN)"}, {"x", "(cm)"}, {"z", "(cm)
 const Column Q_Cols[] = {{"N°", ""},         {"q1", "(daN/cm)"}, {"x1", "(cm)"},
                          {"q2", "(daN/cm)"}, {"x2", "(cm)"},     {"z", "(cm)"}};
 
+const Column Axial_Cols[] = {{"N°", ""},       {"N", "(daN)"}, {"A", "(cm2)"},
+                             {"Iy", "(cm4)"}, {"zC", "(cm)"}};
+
 struct Columns {
   const Column* Cols;
   int Count;
@@ -43,6 +46,7 @@ Columns Columns_Of(Grid_Kind k) {
     case Grid_Kind::MV: return {MV_Cols, (int)std::size(MV_Cols)};
     case Grid_Kind::SpanLoadsF: return {F_Cols, (int)std::size(F_Cols)};
     case Grid_Kind::SpanLoadsQ: return {Q_Cols, (int)std::size(Q_Cols)};
+    case Grid_Kind::Axial: return {Axial_Cols, (int)std::size(Axial_Cols)};
   }
   return {MV_Cols, 0};
 }
@@ -65,7 +69,7 @@ void Set_Frame(Text_Grid& g, Grid_Kind k, int rows) {
 }
 
 const Grid_Kind All_Grids[] = {Grid_Kind::Elements, Grid_Kind::Restraints, Grid_Kind::MV, Grid_Kind::SpanLoadsF,
-                               Grid_Kind::SpanLoadsQ};
+                               Grid_Kind::SpanLoadsQ, Grid_Kind::Axial};
 
 // Texts of a problem file cut as the solver cuts them: any run of blanks,
 // tabs, commas or line ends separates two values; a label line is skipped
@@ -82,6 +86,12 @@ class Token_Reader {
     const size_t nl = s_.find('\n', p_);
     p_ = nl == std::string::npos ? s_.size() : nl + 1;
     return true;
+  }
+
+  // Only separators remain.
+  bool At_End() {
+    while (p_ < s_.size() && Is_Sep(s_[p_])) ++p_;
+    return p_ >= s_.size();
   }
 
   // The next value, as the file spells it; false at the end of the text.
@@ -135,6 +145,7 @@ Text_Grid& DirectDataSheet::Grid(Grid_Kind k) {
     case Grid_Kind::MV: return Grd_MV;
     case Grid_Kind::SpanLoadsF: return Grd_SpanLoadsF;
     case Grid_Kind::SpanLoadsQ: return Grd_SpanLoadsQ;
+    case Grid_Kind::Axial: return Grd_Axial;
   }
   return Grd_Elements;
 }
@@ -169,7 +180,8 @@ int Grid_DataRows(const DirectDataSheet& s, Grid_Kind k) {
   const int nb = std::max(Count_Of_Text(s.Txt_NB), 0);
   switch (k) {
     case Grid_Kind::Elements:
-    case Grid_Kind::MV: return nb;
+    case Grid_Kind::MV:
+    case Grid_Kind::Axial: return nb;
     case Grid_Kind::Restraints: return nb + 1;
     case Grid_Kind::SpanLoadsF: return std::max(Count_Of_Text(s.Txt_NF), 0);
     case Grid_Kind::SpanLoadsQ: return std::max(Count_Of_Text(s.Txt_NQ), 0);
@@ -190,6 +202,8 @@ void Prepare_Grid(DirectDataSheet& s, Grid_Kind k) {
     case Grid_Kind::MV: row = {"1000", "1000"}; break;
     case Grid_Kind::SpanLoadsF: row = {"-1000", Local("0.00"), "10"}; break;
     case Grid_Kind::SpanLoadsQ: row = {"-10", "0", "-10", "10", "0"}; break;
+    // no force; the constants of the section of the elements grid
+    case Grid_Kind::Axial: row = {"0", Local("53.81"), "8356", "0"}; break;
   }
   for (int r = Grid_FixedRows; r < g.Rows(); ++r)
     for (size_t c = 0; c < row.size(); ++c) g.Set_TextMatrix(r, (int)c + 1, row[c]);
@@ -361,6 +375,12 @@ ReadOutcome Read_FileZVK(const std::string& name, DirectDataSheet& s) {
   if (nf > 0 && !read_rows(s.Grd_SpanLoadsF, Grid_Kind::SpanLoadsF, nf, 3, false)) return stop(failed);
   if (nq > 0 && !skip(1)) return stop(Got::End);
   if (nq > 0 && !read_rows(s.Grd_SpanLoadsQ, Grid_Kind::SpanLoadsQ, nq, 5, false)) return stop(failed);
+  // the axial block is optional: without it the sixth grid starts as new
+  Prepare_Grid(s, Grid_Kind::Axial);
+  if (!rd.At_End()) {
+    if (!skip(1)) return stop(Got::End);
+    if (!read_rows(s.Grd_Axial, Grid_Kind::Axial, nb, 4, true)) return stop(failed);
+  }
   out.Ok = true;
   return out;
 }
@@ -435,6 +455,13 @@ void Sheet_To_Problem(const DirectDataSheet& s, ProblemData& p) {
     p.Rvp[i] = v(g, i, 3);
     p.Rtp[i] = v(g, i, 4);
     p.z[i] = v(g, i, 5);
+  }
+  for (int i = 1; i <= std::min(nb, rows(s.Grd_Axial)); ++i) {
+    const Text_Grid& g = s.Grd_Axial;
+    p.N[i] = v(g, i, 1);
+    p.A[i] = v(g, i, 2);
+    p.Iy[i] = v(g, i, 3);
+    p.zC[i] = v(g, i, 4);
   }
   for (int k = 1; k <= p.NF; ++k) {
     p.F[k] = v(s.Grd_SpanLoadsF, k, 1);

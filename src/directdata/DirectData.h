@@ -26,6 +26,9 @@ constexpr const char* DirectData_G = "807692";
 struct DirectDataSheet {
   std::string Txt_NB, Txt_E, Txt_G, Txt_NF, Txt_NQ;
   Text_Grid Grd_Elements, Grd_Restraints, Grd_MV, Grd_SpanLoadsF, Grd_SpanLoadsQ;
+  // The sixth grid: axial force and its constants, one row an element. A
+  // grid whose forces are all 0 is a problem without the axial block.
+  Text_Grid Grd_Axial;
 
   Text_Grid& Grid(Grid_Kind k);
   const Text_Grid& Grid(Grid_Kind k) const;
@@ -37,7 +40,7 @@ int Grid_Columns(Grid_Kind k);
 const char* Grid_Head(Grid_Kind k, int col);
 const char* Grid_Unit(Grid_Kind k, int col);
 
-// Number of data rows of a grid for the header fields: N, N + 1, N, NF, NQ.
+// Number of data rows of a grid for the header fields: N, N + 1, N, NF, NQ, N.
 int Grid_DataRows(const DirectDataSheet& s, Grid_Kind k);
 
 // Sizes a grid for its header field, writes its two header rows, the running

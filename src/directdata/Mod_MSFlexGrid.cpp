@@ -148,6 +148,7 @@ int Column_FilterMode(Grid_Kind kind, int col) {
     case Grid_Kind::MV: return 0;
     case Grid_Kind::SpanLoadsF: return col == 2 ? 1 : 0;          // x
     case Grid_Kind::SpanLoadsQ: return col == 2 || col == 4 ? 1 : 0;  // x1, x2
+    case Grid_Kind::Axial: return col == 2 || col == 3 ? 1 : 0;       // A, Iy; N, zC signed
   }
   return 0;
 }

@@ -129,7 +129,7 @@ Paste_Result Paste_Text(Grid_Access& g, std::string_view text,
                         const std::function<bool(int row, int col, const std::string&)>& in_Range = {});
 
 // The key filter mode of a column (Filter_NumericKey): 1 refuses "-".
-enum class Grid_Kind { Elements, Restraints, MV, SpanLoadsF, SpanLoadsQ };
+enum class Grid_Kind { Elements, Restraints, MV, SpanLoadsF, SpanLoadsQ, Axial };
 int Column_FilterMode(Grid_Kind kind, int col);
 
 // The row the cursor goes to on Enter or Down: the next one, or the same on

@@ -41,6 +41,7 @@ void InitProcessInfo(BeamModel& m) {
   m.Lbl_CurrentValue = "0";
   m.Txt_mucr = "0";
   m.Txt_Mcr = "0";
+  m.Txt_Ncr = "0";
   m.Lbl_Comment = Msg(90);
   m.Mode_Max = 0;
 }

@@ -212,6 +212,20 @@ ValidationResult IsDataLoadsOK(const BeamModel& m) {
                              {"Txt_xf3", m.Txt_xf3}};
   for (const Field& f : positions)
     if (!IsValueInLimits(f.text, f.name, 1, 0, 1, Tab_Loads, r)) return Fail(r);
+
+  // axial force: its constants are asked for only while it acts, and only
+  // on the properties route (the other routes compute them)
+  if (!IsNumValid(m.Txt_N, "Txt_N", Tab_Loads, r)) return Fail(r);
+  if (!IsValueInLimits(m.Txt_N, "Txt_N", m.Fact_F, 0, 1e10, Tab_Loads, r)) return Fail(r);
+  if (Num_Of_Text(m.Txt_N) != 0 && m.Opt_Properties) {
+    if (!IsNumValid(m.Txt_A3, "Txt_A3", Tab_Beam, r)) return Fail(r);
+    if (!IsNumValid(m.Txt_Iy3, "Txt_Iy3", Tab_Beam, r)) return Fail(r);
+    if (!IsNumValid(m.Txt_zC3, "Txt_zC3", Tab_Beam, r)) return Fail(r);
+    if (!IsValueInLimits(m.Txt_A3, "Txt_A3", 1, 0.01, 1e6, Tab_Beam, r)) return Fail(r);
+    if (!IsValueInLimits(m.Txt_Iy3, "Txt_Iy3", m.Fact_Izt, 0.0001, 1e10, Tab_Beam, r))
+      return Fail(r);
+    if (!IsValueInLimits(m.Txt_zC3, "Txt_zC3", m.Fact_Dim, 0, 150, Tab_Beam, r)) return Fail(r);
+  }
   return r;
 }
 

@@ -7,6 +7,7 @@
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
 #include "foundation/Units.h"
+#include "model/Axial.h"
 
 namespace zarvek {
 
@@ -370,6 +371,13 @@ void Edit_Results(Rich_Text& rt, const BeamModel& m, const Report_Inputs& in) {
     rt.WriteLine(Lbl_Trad(7), "xfC", m.Txt_xfC, "");
   }
 
+  // axial force at the centroid, compression positive
+  if (Num_Of_Text(m.Txt_N) != 0) {
+    Title(rt, Cp1252_To_Utf8(Further_Text("DirectData_AxialTab", "Axial force")));
+    rt.WriteLine(Cp1252_To_Utf8(Further_Text("Lbl_N", "Axial force N (compression +)")), "N", m.Txt_N,
+                 uF);
+  }
+
   // 17, 18. internal forces: keys, diagram, largest moment
   if (Report_ForcesComputed(m)) {
     Title(rt, Cdr_Trad(17));
@@ -398,6 +406,19 @@ void Edit_Results(Rich_Text& rt, const BeamModel& m, const Report_Inputs& in) {
     rt.SetFont_Bold(true);
     rt.WriteLine(Lbl_Trad(11), "Mcr", m.Txt_Mcr, uM);
     rt.SetFont_Normal();
+    if (Num_Of_Text(m.Txt_N) != 0) {
+      rt.WriteLine(Cp1252_To_Utf8(Further_Text("Lbl_Ncr", "Critical axial force Ncr")), "Ncr", m.Txt_Ncr,
+                   uF);
+      if (N_Of(m) > 0) {
+        // what the model leaves out, for comparison
+        rt.NewParagraph();
+        rt.Send_Text(Cp1252_To_Utf8(Further_Text("Axial_InPlane_Note",
+                                                 "In-plane buckling about the strong axis y is not part "
+                                                 "of this model: pi\xB2" "EIy/L\xB2 =")) +
+                     " " + Format_Auto(Ncr_y_Of(m) / m.Fact_F) + " " + uF);
+        rt.NewParagraph();
+      }
+    }
 
     // 21. the buckling mode: keys of the curves shown, then the diagram
     if (m.Mode_Max > 0) {

@@ -151,6 +151,38 @@ TEST_F(DirectData, RoundTripThroughAProblemFile) {
   Dec_Sep = '.';
 }
 
+TEST_F(DirectData, TheAxialGridTravelsInItsOptionalBlock) {
+  // a sheet without force saves as before; with one, the sixth grid comes
+  // back whole and the solver reads the force; a file without the block
+  // reads as a grid of no force
+  DirectDataSheet s = New_DirectData(50);
+  ASSERT_EQ(s.Grd_Axial.Rows(), 52);
+  EXPECT_EQ(s.Grd_Axial.TextMatrix(0, 1) + s.Grd_Axial.TextMatrix(1, 1), "N(daN)");
+  ASSERT_TRUE(Save_FileZVK(Scratch("AX0.ZVK"), s));
+  EXPECT_EQ(Slurp(Scratch("AX0.ZVK")).find("Axial"), std::string::npos);
+  for (int r = 2; r < 52; ++r) s.Grd_Axial.Set_TextMatrix(r, 1, "-2500");
+  s.Grd_Axial.Set_TextMatrix(20, 1, "1500.5");
+  s.Grd_Axial.Set_TextMatrix(20, 4, "-3.25");
+  ASSERT_TRUE(Save_FileZVK(Scratch("AX1.ZVK"), s));
+  DirectDataSheet back = New_DirectData(60);
+  ASSERT_TRUE(Read_FileZVK(Scratch("AX1.ZVK"), back).Ok);
+  ASSERT_EQ(back.Grd_Axial.Rows(), 52);
+  for (int r = 2; r < 52; ++r)
+    for (int c = 1; c <= 4; ++c)
+      EXPECT_EQ(Num_Of_Text(back.Grd_Axial.TextMatrix(r, c)), Num_Of_Text(s.Grd_Axial.TextMatrix(r, c)));
+  ProblemData p;
+  Sheet_To_Problem(back, p);
+  EXPECT_EQ(p.N[19], 1500.5);
+  EXPECT_EQ(p.zC[19], -3.25);
+  EXPECT_FLOAT_EQ(p.A[1], 53.81f);
+  ASSERT_TRUE(Read_FileZVK(Scratch("AX0.ZVK"), back).Ok);
+  EXPECT_EQ(back.Grd_Axial.TextMatrix(20, 1), "0");
+  // a block cut short is a failed read
+  const std::string text = Slurp(Scratch("AX1.ZVK"));
+  Put(Scratch("AX2.ZVK"), text.substr(0, text.find("\n 30 ", text.find("Axial"))));
+  EXPECT_FALSE(Read_FileZVK(Scratch("AX2.ZVK"), back).Ok);
+}
+
 TEST_F(DirectData, AnEmptiedCellIsNotSaved) {
   DirectDataSheet s = New_DirectData(50);
   s.Grd_MV.Set_Cursor(10, 1);

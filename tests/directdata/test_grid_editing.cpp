@@ -126,6 +126,7 @@ TEST(Grid, KeyFiltersRefuseTheMinusWhereAValueCantBeNegative) {
       {Grid_Kind::MV, "++"},
       {Grid_Kind::SpanLoadsF, "+-+"},     // F x z
       {Grid_Kind::SpanLoadsQ, "+-+-+"},   // q1 x1 q2 x2 z
+      {Grid_Kind::Axial, "+--+"},         // N (tension negative) A Iy zC
   };
   Dec_Sep = ',';
   for (const auto& c : cases) {

@@ -79,7 +79,6 @@ TEST(ProblemFile, EachCheckHasItsStatusAndItsWidenedLimit) {
       {"restraint", [](ProblemData& p) { p.Rvp[4] = -0.5; }, 110},
       // -1 (written -1.00) is the rigid code, not a negative stiffness
       {"rigid codes", [](ProblemData& p) { p.Kvp[3] = -1, p.Rtp[4] = -1; }, 0},
-      {"no moment", [](ProblemData& p) { Set_Moments(p, [](double) { return 0.0; }); }, 112},
   };
   for (const Case& c : cases) {
     ProblemData p = Beam();

@@ -44,7 +44,7 @@ constexpr const char* Font_Family = "Liberation Sans";
 constexpr const char* Problem_Ext = ".ZVK";
 
 const Grid_Kind Kinds[] = {Grid_Kind::Elements, Grid_Kind::Restraints, Grid_Kind::MV, Grid_Kind::SpanLoadsF,
-                           Grid_Kind::SpanLoadsQ};
+                           Grid_Kind::SpanLoadsQ, Grid_Kind::Axial};
 
 // Paints "N°" on the corner above the running numbers.
 class Corner_Painter : public QObject {
@@ -471,11 +471,12 @@ Frm_DirectData::Frm_DirectData(const std::string& file_External, const std::stri
   Tab_Data->addTab(general, "General");
 
   // tabs 1 to 4: the grids
-  const char* grid_names[] = {"Grd_Elements", "Grd_Restraints", "Grd_MV", "Grd_SpanLoadsF", "Grd_SpanLoadsQ"};
+  const char* grid_names[] = {"Grd_Elements", "Grd_Restraints", "Grd_MV", "Grd_SpanLoadsF", "Grd_SpanLoadsQ",
+                              "Grd_Axial"};
   const char* frames[] = {"Elements", "Restraints at the nodes", "End moments of the elements", "Point loads",
-                          "Distributed loads"};
-  Data_Grid** grids[] = {&Grd_Elements, &Grd_Restraints, &Grd_MV, &Grd_SpanLoadsF, &Grd_SpanLoadsQ};
-  for (int i = 0; i < 5; ++i) {
+                          "Distributed loads", "Axial force at the centroid (compression positive)"};
+  Data_Grid** grids[] = {&Grd_Elements, &Grd_Restraints, &Grd_MV, &Grd_SpanLoadsF, &Grd_SpanLoadsQ, &Grd_Axial};
+  for (int i = 0; i < 6; ++i) {
     Cdr_Trad[i + 1] = new QGroupBox(frames[i]);
     Cdr_Trad[i + 1]->setObjectName(QString("Cdr_Trad(%1)").arg(i + 1));
     auto* g = new Data_Grid(Kinds[i], Cdr_Trad[i + 1]);
@@ -505,6 +506,10 @@ Frm_DirectData::Frm_DirectData(const std::string& file_External, const std::stri
   ll->addWidget(Cdr_Trad[4], 4);
   ll->addWidget(Cdr_Trad[5], 6);
   Tab_Data->addTab(loads, tabs[3]);
+  auto* axial = new QWidget;
+  auto* al = new QVBoxLayout(axial);
+  al->addWidget(Cdr_Trad[6]);
+  Tab_Data->addTab(axial, "Axial force");
   connect(Tab_Data, &QTabWidget::currentChanged, this, [this](int t) { Tab_Changed(t); });
 
   Lbl_SelectedMatrix = new QLabel(this);
@@ -575,6 +580,9 @@ void Frm_DirectData::Translate_Form() {
   for (int t = 0; t < 5; ++t) Tab_Data->setTabText(t, line(3 + t));
   for (int i = 0; i < 5; ++i) Lbl_Trad[i]->setText(line(8 + i));
   for (int i = 0; i < 6; ++i) Cdr_Trad[i]->setTitle(line(13 + i));
+  Tab_Data->setTabText(5, Lang_Text(Further_Text("DirectData_AxialTab", "Axial force")));
+  Cdr_Trad[6]->setTitle(Lang_Text(
+      Further_Text("DirectData_AxialFrame", "Axial force at the centroid (compression positive)")));
   // copied from the main window's menus
   auto menu = [main](int j) { return Lang_Text(Section_Line(main, j)); };
   Menu_File->setTitle(menu(2));
@@ -612,6 +620,7 @@ Data_Grid* Frm_DirectData::Grid(Grid_Kind k) const {
     case Grid_Kind::MV: return Grd_MV;
     case Grid_Kind::SpanLoadsF: return Grd_SpanLoadsF;
     case Grid_Kind::SpanLoadsQ: return Grd_SpanLoadsQ;
+    case Grid_Kind::Axial: return Grd_Axial;
   }
   return nullptr;
 }
@@ -622,6 +631,7 @@ Data_Grid* Frm_DirectData::Current_Grid() const {
     case 2: return Grd_Restraints;
     case 3: return Grd_MV;
     case 4: return last_Grid_ == Grd_SpanLoadsQ ? Grd_SpanLoadsQ : Grd_SpanLoadsF;
+    case 5: return Grd_Axial;
     default: return nullptr;
   }
 }
@@ -743,7 +753,7 @@ bool Frm_DirectData::Save_To(const std::string& name) {
   if (Find_NonNumericCell(s, bad)) {
     // an emptied or mistyped cell, or "1e400": nothing is written
     Show_Exclamation(bad.Out_Of_Range ? Text_OutOfRange() : Msg(43));
-    const int tab = 1 + std::min((int)bad.Grid, 3);
+    const int tab = bad.Grid == Grid_Kind::Axial ? 5 : 1 + std::min((int)bad.Grid, 3);
     tab_Locked_ = true;
     Tab_Data->setCurrentIndex(tab);
     tab_Previous_ = tab;

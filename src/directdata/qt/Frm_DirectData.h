@@ -164,7 +164,7 @@ class Frm_DirectData : public QDialog {
   QAction* Menu_Quid_Help = nullptr;
 
   QTabWidget* Tab_Data = nullptr;
-  std::array<QGroupBox*, 6> Cdr_Trad{};
+  std::array<QGroupBox*, 7> Cdr_Trad{};
   std::array<QLabel*, 5> Lbl_Trad{};
   QLineEdit* Txt_NB = nullptr;
   QLineEdit* Txt_E = nullptr;
@@ -176,6 +176,7 @@ class Frm_DirectData : public QDialog {
   Data_Grid* Grd_MV = nullptr;
   Data_Grid* Grd_SpanLoadsF = nullptr;
   Data_Grid* Grd_SpanLoadsQ = nullptr;
+  Data_Grid* Grd_Axial = nullptr;  // tab 5: axial force and its constants
   QLabel* Lbl_SelectedMatrix = nullptr;
 
   bool NF_Changed = false;

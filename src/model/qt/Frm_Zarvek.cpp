@@ -35,6 +35,7 @@
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
 #include "foundation/qt/Translate_Form.h"
+#include "model/Axial.h"
 #include "model/DataEntry.h"
 #include "model/ProjectFile.h"
 #include "diagrams/qt/QtSurface.h"
@@ -446,7 +447,13 @@ QWidget* Frm_Zarvek::Build_Page_Beam() {
     Row(g, 2, "Iw", Edit(name("Txt_Iw")), Unit_Label(name("Txt_Iw")));
     Row(g, 3, QString::fromUtf8("\u03B2z"), Edit(name("Txt_Betaz")), Unit_Label(name("Txt_Betaz")));
     if (slot < 3) Row(g, 4, "zS", Edit(name("Txt_zS")), Unit_Label(name("Txt_zS")));
-    g->setRowStretch(5, 1);
+    if (slot == 3) {
+      // what an axial force needs besides: enabled only while N is not 0
+      Row(g, 4, "A", Edit("Txt_A3"), new QLabel("cm\u00B2", this));
+      Row(g, 5, "Iy", Edit("Txt_Iy3"), Unit_Label("Txt_Iy3"));
+      Row(g, 6, "zC", Edit("Txt_zC3"), Unit_Label("Txt_zC3"));
+    }
+    g->setRowStretch(7, 1);
     g->setColumnStretch(3, 1);
     (void)parent;
     return g;
@@ -697,6 +704,16 @@ QWidget* Frm_Zarvek::Build_Page_Loads() {
   gc->addWidget(Symbol("x/L", cc), 1, 0);
   gc->addWidget(Edit("Txt_xfC"), 1, 1);
   gc->setRowStretch(2, 1);
+
+  // the axial force, at the centroid, compression positive
+  auto* axial = new QGroupBox(page);
+  axial->setObjectName("Cdr_Axial");
+  auto* ga = new QGridLayout(axial);
+  ga->addWidget(Symbol("N", axial), 0, 0);
+  ga->addWidget(Edit("Txt_N"), 0, 1);
+  ga->addWidget(Unit_Label("Txt_N"), 0, 2);
+  ga->setRowStretch(1, 1);
+  ga->setColumnStretch(3, 1);
   gc->setColumnStretch(3, 1);
 
   QGroupBox* dist = Frame(15);
@@ -794,6 +811,7 @@ QWidget* Frm_Zarvek::Build_Page_Loads() {
   top->addWidget(sup);
   top->addWidget(mom, 1);
   top->addWidget(cc, 1);
+  top->addWidget(axial, 1);
   auto* middle = new QHBoxLayout;
   middle->addWidget(pts, 1);
   middle->addWidget(dist, 1);
@@ -871,6 +889,13 @@ QWidget* Frm_Zarvek::Build_Page_Results() {
   Bind("Lbl_xfMmax(1)", xf);
   gc->addWidget(new QLabel("x/L", crit), 3, 0);
   gc->addWidget(xf, 3, 1);
+  gc->addWidget(new QLabel("Ncr", crit), 4, 0);
+  gc->addWidget(Edit("Txt_Ncr"), 4, 1);
+  gc->addWidget(Unit_Label("Txt_Ncr"), 4, 2);
+  auto* note = new QLabel(crit);
+  note->setObjectName("Lbl_AxialNote");
+  note->setWordWrap(true);
+  gc->addWidget(note, 5, 0, 1, 3);
   QFont big = bold;
   big.setPointSizeF(bold.pointSizeF() + 1);
   static_cast<QLineEdit*>(Field_Widget("Txt_Mcr"))->setFont(big);
@@ -991,6 +1016,8 @@ bool Frm_Zarvek::Form_Load() {
 
 void Frm_Zarvek::Translate_Form() {
   setWindowTitle(Caption(L_Caption));
+  if (auto* axial = findChild<QGroupBox*>("Cdr_Axial"))
+    axial->setTitle(Lang_Further("DirectData_AxialTab", "Axial force"));
   QAction* menus[] = {Menu_File->menuAction(), Menu_File_New, Menu_File_Open_Action,
                       Menu_File_Save_Action, Menu_File_SaveAs_Action,
                       Menu_File_SaveAsDefault_Action, Menu_File_Quit, Menu_Edit->menuAction(),
@@ -1136,6 +1163,23 @@ void Frm_Zarvek::Update_Locks() {
   Set_Locked(edit("Txt_Nu"), m_.Opt_G);
   Set_Locked(edit("Txt_Psi"), m_.Opt_M2);
   Set_Locked(edit("Txt_M2"), m_.Opt_Psi);
+  // the properties route asks for the axial constants only while N acts
+  const bool axial = Num_Of_Text(m_.Txt_N) != 0;
+  for (const char* n : {"Txt_A3", "Txt_Iy3", "Txt_zC3"}) edit(n)->setEnabled(axial);
+  edit("Txt_N")->setToolTip(Lang_Further("Lbl_N", "Axial force N (compression +)"));
+  edit("Txt_A3")->setToolTip(Lang_Further("Lbl_AxialConstants",
+                                          "For the axial force: A, Iy, zC (shear centre above centroid)"));
+  // under compression: in-plane buckling is not modelled; its load beside
+  if (auto* note = findChild<QLabel*>("Lbl_AxialNote")) {
+    const bool compressed = N_Of(m_) > 0;
+    note->setVisible(compressed);
+    if (compressed)
+      note->setText(Lang_Further("Axial_InPlane_Note",
+                                 "In-plane buckling about the strong axis y is not part of this model: "
+                                 "pi\xB2" "EIy/L\xB2 =") +
+                    " " + QString::fromStdString(Format_Auto(Ncr_y_Of(m_) / m_.Fact_F)) + " " +
+                    static_cast<QLabel*>(findChild<QLabel*>("Unit_N"))->text());
+  }
 }
 
 void Frm_Zarvek::Update_Dim_Labels() {
@@ -1201,6 +1245,7 @@ void Frm_Zarvek::Field_Edited(const Binding& b) {
       return;
   }
   Apply_Effects(Data_Changed(m_, f.name), f.name);
+  if (std::string_view(f.name) == "Txt_N") Update_Locks();
 }
 
 void Frm_Zarvek::Option_Clicked(const Binding& b) {
@@ -1653,7 +1698,7 @@ void Frm_Zarvek::Cmd_Proceed_Click() {
     Calculer_Efforts(m_, efforts_);
     Refresh_FromModel();
     Erase(Img_Eigenmode);
-    if (Num_Of_Text(m_.Txt_Mmax[0]) == 0 && !m_.RefreshLocked) {
+    if (Num_Of_Text(m_.Txt_Mmax[0]) == 0 && N_Of(m_) == 0 && !m_.RefreshLocked) {
       Show_Message("Mmax = 0 ! - " + Msg(3));
       return;
     }
