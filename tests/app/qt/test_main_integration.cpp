@@ -23,6 +23,7 @@
 
 #include "analysis/DirectSolve.h"
 #include "app/qt/Install_Windows.h"
+#include "when_modal.h"
 #include "diagrams/qt/Frm_EigenVector.h"
 #include "diagrams/qt/QtSurface.h"
 #include "foundation/Language.h"
@@ -52,23 +53,6 @@ double Mcr_Uniform(double L, double E, double G, double Iz, double It, double Iw
 
 // The shipped example: an IPE 300 of 10 m on forks under 100 kN.m.
 double Mucr_Example() { return Mcr_Uniform(1000, 2.1e6, 807690, 603.78, 19.868, 126332) / 1e6; }
-
-// Acts on the modal window of type T once it is up (the next event-loop
-// turns), then lets the caller's exec() return. Fails the flag if none came.
-template <class T>
-void When_Modal(std::function<void(T*)> act, bool* seen) {
-  auto tries = std::make_shared<int>(0);
-  auto poll = std::make_shared<std::function<void()>>();
-  *poll = [act, seen, tries, poll] {
-    if (auto* w = qobject_cast<T*>(QApplication::activeModalWidget())) {
-      *seen = true;
-      act(w);
-      return;
-    }
-    if (++*tries < 200) QTimer::singleShot(10, *poll);
-  };
-  QTimer::singleShot(0, *poll);
-}
 
 // Closes every message box that comes up (the warning of the external mode).
 void Close_Boxes(QStringList* texts) {
