@@ -7,6 +7,7 @@
 #include <cmath>
 #include <fcntl.h>
 #include <filesystem>
+#include <functional>
 #include <fstream>
 #include <numbers>
 #include <sstream>
@@ -14,6 +15,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
+
+#include "model/ProjectFile.h"
 
 namespace app_test {
 
@@ -49,6 +52,17 @@ struct TempDir {
   ~TempDir() { std::error_code ec; fs::remove_all(path, ec); }
   std::string operator/(const std::string& name) const { return path + "/" + name; }
 };
+
+// The built-in beam (IPE 300 of 10 m under 100 kN.m, fork supports),
+// changed by `change` and saved as a project file.
+inline std::string Save(const TempDir& files, const std::string& name,
+                        const std::function<void(zarvek::BeamModel&)>& change = {}) {
+  zarvek::BeamModel m;
+  zarvek::Init_Default(m, "/tmp");
+  if (change) change(m);
+  EXPECT_TRUE(zarvek::Save_FileDAT(m, files / name));
+  return files / name;
+}
 
 // A start directory holding a copy of what the installation supplies.
 struct StartDir : TempDir {

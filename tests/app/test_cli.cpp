@@ -5,7 +5,6 @@
 #include <functional>
 
 #include "app_support.h"
-#include "model/ProjectFile.h"
 #include "solver/Example.h"
 
 using namespace app_test;
@@ -26,16 +25,6 @@ double Json_Value(const std::string& json, const std::string& key) {
   return std::strtod(json.c_str() + p + key.size() + 3, nullptr);
 }
 
-// The built-in beam, the example (IPE 300 of 10 m, 100 kN.m, fork supports),
-// changed by `change` and saved as a project file.
-std::string Save(const TempDir& files, const std::string& name,
-                 const std::function<void(zarvek::BeamModel&)>& change = {}) {
-  zarvek::BeamModel m;
-  zarvek::Init_Default(m, "/tmp");
-  if (change) change(m);
-  EXPECT_TRUE(zarvek::Save_FileDAT(m, files / name));
-  return files / name;
-}
 
 TEST(Cli, CommandLineAndUnknownFiles) {
   RunResult h = Cli({"--help"});
@@ -111,7 +100,6 @@ TEST(Cli, SectionCatalogue) {
   ASSERT_EQ(one.exit_code, 0) << one.err;
   EXPECT_NE(one.out.find("603.78"), std::string::npos) << one.out;  // Iz, cm4
   EXPECT_NE(one.out.find("19.868"), std::string::npos) << one.out;  // It
-  EXPECT_EQ(Cli({"section", "IPE 301"}).exit_code, 2);
 }
 
 }  // namespace

@@ -7,7 +7,6 @@
 #include <map>
 
 #include "app_support.h"
-#include "model/ProjectFile.h"
 #include "solver/Example.h"
 
 using namespace app_test;
@@ -21,16 +20,6 @@ RunResult Cli(const std::vector<std::string>& args, const std::string& program =
 
 bool Has(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
-// The built-in beam (IPE 300 of 10 m under 100 kN.m, fork supports),
-// changed by `change` and saved as a project.
-std::string Save(const TempDir& files, const std::string& name,
-                 const std::function<void(zarvek::BeamModel&)>& change = {}) {
-  zarvek::BeamModel m;
-  zarvek::Init_Default(m, "/tmp");
-  if (change) change(m);
-  EXPECT_TRUE(zarvek::Save_FileDAT(m, files / name));
-  return files / name;
-}
 
 TEST(CliCommandLine, OptionsAndFilesThatAreNotFilesNameThemselves) {
   RunResult o = Cli({"solve", "--bogus", "X.DAT"});

@@ -4,7 +4,6 @@
 #include <functional>
 
 #include "app_support.h"
-#include "model/ProjectFile.h"
 #include "solver/Example.h"
 
 using namespace app_test;
@@ -18,15 +17,6 @@ RunResult Draw(const std::vector<std::string>& args) {
   RunResult r = Run_Zarvek(dir.path, a, "zarvek-cli");
   EXPECT_TRUE(fs::is_empty(dir.path)) << "a file was left where the program ran";
   return r;
-}
-
-std::string Save(const TempDir& files, const std::string& name,
-                 const std::function<void(zarvek::BeamModel&)>& change = {}) {
-  zarvek::BeamModel m;
-  zarvek::Init_Default(m, "/tmp");
-  if (change) change(m);
-  EXPECT_TRUE(zarvek::Save_FileDAT(m, files / name));
-  return files / name;
 }
 
 // Width and height of a PNG file from its header; 0 x 0 when it is none.

@@ -23,6 +23,7 @@
 
 #include "analysis/DirectSolve.h"
 #include "app/qt/Install_Windows.h"
+#include "when_modal.h"
 #include "diagrams/qt/Frm_EigenVector.h"
 #include "diagrams/qt/QtSurface.h"
 #include "foundation/Language.h"
@@ -34,7 +35,6 @@
 #include "section/qt/Frm_Section.h"
 #include "tools/qt/Frm_Help.h"
 #include "tools/qt/start_dir.h"
-#include "tools/qt/Frm_Properties.h"
 #include "directdata/DirectData.h"
 #include "directdata/qt/Frm_DirectData.h"
 #include "solver/Example.h"
@@ -53,23 +53,6 @@ double Mcr_Uniform(double L, double E, double G, double Iz, double It, double Iw
 
 // The shipped example: an IPE 300 of 10 m on forks under 100 kN.m.
 double Mucr_Example() { return Mcr_Uniform(1000, 2.1e6, 807690, 603.78, 19.868, 126332) / 1e6; }
-
-// Acts on the modal window of type T once it is up (the next event-loop
-// turns), then lets the caller's exec() return. Fails the flag if none came.
-template <class T>
-void When_Modal(std::function<void(T*)> act, bool* seen) {
-  auto tries = std::make_shared<int>(0);
-  auto poll = std::make_shared<std::function<void()>>();
-  *poll = [act, seen, tries, poll] {
-    if (auto* w = qobject_cast<T*>(QApplication::activeModalWidget())) {
-      *seen = true;
-      act(w);
-      return;
-    }
-    if (++*tries < 200) QTimer::singleShot(10, *poll);
-  };
-  QTimer::singleShot(0, *poll);
-}
 
 // Closes every message box that comes up (the warning of the external mode).
 void Close_Boxes(QStringList* texts) {
@@ -317,24 +300,6 @@ private slots:
     QCOMPARE(E("Lbl_SelectedProfile")->text().simplified(), QString("IPE 200"));
     const double iz = Num_Of_Text(E("Txt_Iz(1)")->text().toStdString());
     QVERIFY2(std::fabs(iz / 142.4 - 1) < 2e-3, qPrintable(E("Txt_Iz(1)")->text()));
-  }
-
-  // ---- the other companions ---------------------------------------------
-
-  // More properties of the IPE 300 of the dimensions route: its area by hand,
-  // two flanges 150 x 10.7, the web (300 - 2 x 10.7) x 7.1 and four root
-  // fillets (1 - pi/4) 15^2: 53.81 cm2.
-  void propertiesShowTheArea() {
-    const double area = 2 * 15 * 1.07 + (30 - 2 * 1.07) * 0.71 + 4 * (1 - pi / 4) * 1.5 * 1.5;
-    double shown = 0;
-    bool seen = false;
-    When_Modal<Frm_Properties>([&shown](Frm_Properties* p) {
-      shown = Num_Of_Text(p->Lbl_Value[0]->text().toStdString());
-      p->Cmd_OK->click();
-    }, &seen);
-    w_->Cmd_MoreProperties->click();
-    QVERIFY(seen);
-    QVERIFY2(std::fabs(shown / area - 1) < 1e-4, qPrintable(QString::number(shown)));
   }
 
   // ---- external problem file --------------------------------------------

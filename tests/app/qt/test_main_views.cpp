@@ -16,6 +16,7 @@
 #include <memory>
 
 #include "app/qt/Install_Windows.h"
+#include "when_modal.h"
 #include "diagrams/qt/QtSurface.h"
 #include "foundation/Mod_Zarvek.h"
 #include "foundation/qt/Frm_Options.h"
@@ -28,23 +29,6 @@ using namespace zarvek;
 namespace {
 
 constexpr double pi = 3.14159265358979;
-
-// Acts on the modal window of type T once it is up, from the event loop that
-// its exec() runs.
-template <class T>
-void When_Modal(std::function<void(T*)> act, bool* seen) {
-  auto tries = std::make_shared<int>(0);
-  auto poll = std::make_shared<std::function<void()>>();
-  *poll = [act, seen, tries, poll] {
-    if (auto* w = qobject_cast<T*>(QApplication::activeModalWidget())) {
-      *seen = true;
-      act(w);
-      return;
-    }
-    if (++*tries < 200) QTimer::singleShot(10, *poll);
-  };
-  QTimer::singleShot(0, *poll);
-}
 
 // Picture elements of exactly that colour (0xBBGGRR) in a rectangle of the
 // surface, in its scale units.

@@ -156,20 +156,6 @@ class TestFrmOptions : public QObject {
     QVERIFY(units.at(0).at(0).value<UnitIndices>() == old);
   }
 
-  void restraintStatesKeepTheirTextWhenUnitsChange() {
-    Start_Model sm;
-    auto& [start, m] = sm;
-    m.Lst_v2 = RestraintList{-1, "1000", true};
-    Frm_Options w(m, start.state);
-    w.Prepare();
-    List(w, UnitFamily::v)->setCurrentIndex(1);  // kN/m -> daN/cm
-    w.Cmd_OKOptions->click();
-    QCOMPARE(m.Lst_v1.index, 1);
-    QCOMPARE(m.Lst_v1.text, std::string("Fixed"));
-    // 1000 kN/m = 1000 daN/cm (1 kN/m = 100 daN / 100 cm)
-    QCOMPARE(Num_Of_Text(m.Lst_v2.text), 1000.0);
-  }
-
   // OK on another language retranslates the open windows of the program;
   // what the change writes and reloads is proved without windows.
   void languageSwitchRetranslatesOpenWindows() {
