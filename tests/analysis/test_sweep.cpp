@@ -94,13 +94,16 @@ TEST(Reentrancy, ProblemTextFollowsEveryChangeOfAColumn) {
   for (int i = 0; i < 5; ++i) p.M1[i + 1] = m1[i];
   p.Iz[2] = 700;
   const std::string t = Problem_Text(p, ProblemLabels::Proceed);
-  for (const char* row : {"\n  1           5.0           5.0\n", "\n  2           5.0           5.0\n",
-                          "\n  3           7.0           5.0\n", "\n  4           5.0           5.0\n",
-                          "\n  5           0.3           5.0\n"})
+  // each value right-aligned in its field, with the digits it holds
+  auto f = [](const std::string& v, size_t w) { return std::string(w - v.size(), ' ') + v; };
+  const std::pair<int, const char*> rows[] = {{1, "5"}, {2, "5"}, {3, "7"}, {4, "5"}, {5, "0.25"}};
+  for (auto [n, m] : rows) {
+    const std::string row = "\n  " + std::to_string(n) + f(m, 14) + f("5", 14) + "\n";
     EXPECT_NE(t.find(row), std::string::npos) << row;
-  EXPECT_NE(t.find("\n  1    20.00      603.78"), std::string::npos);
-  EXPECT_NE(t.find("\n  2    20.00      700.00"), std::string::npos);
-  EXPECT_NE(t.find("\n  3    20.00      603.78"), std::string::npos);
+  }
+  EXPECT_NE(t.find("\n  1" + f("20", 9) + f("603.78", 12)), std::string::npos);
+  EXPECT_NE(t.find("\n  2" + f("20", 9) + f("700", 12)), std::string::npos);
+  EXPECT_NE(t.find("\n  3" + f("20", 9) + f("603.78", 12)), std::string::npos);
 }
 
 TEST(Sweep, ValuesCountedFromTheStep) {
