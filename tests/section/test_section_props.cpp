@@ -43,8 +43,6 @@ TEST(SectionMono, DoublySymmetricSections) {
   const double table[] = {53.81, 8356, 603.8, 557.1, 628.4, 80.5, 125.2, 125.9e3};
   for (int i = 0; i < 8; ++i) EXPECT_NEAR(got[i], table[i], 0.005 * table[i]) << i;
   EXPECT_NEAR(p.It, 20.12, 0.015 * 20.12);  // the rectangle sum runs 1.3 % low
-  EXPECT_EQ(Format_Auto(p.Iz), "603.78");
-  EXPECT_EQ(Format_Auto(p.It), "19.868");
   // HEB 300 tables: Iy 25170, Iw 1688e3.
   SectionProps q = Compute(HEB300, 0);
   EXPECT_NEAR(q.Iy, 25170, 0.005 * 25170);

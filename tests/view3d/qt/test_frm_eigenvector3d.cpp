@@ -15,7 +15,6 @@
 #include "diagrams/qt/QtSurface.h"
 #include "foundation/Language.h"
 #include "view3d/qt/Frm_EigenVector3D.h"
-#include "view3d/qt/TriD_Cursors.h"
 #include "view3d/qt/TriD_Picture.h"
 
 using namespace zarvek;
@@ -208,17 +207,6 @@ class Test_Frm_EigenVector3D : public QObject {
     QCOMPARE(texts[0].x1, 1834.0);
     QCOMPARE(texts[0].y1, 1000.0);
     QVERIFY(!Cmd_Draw3D_Click(nullptr, fork_, rec, true));  // external mode: ignored
-  }
-
-  void cursorsAreTheProgramsOwn() {
-    std::vector<QImage> seen;
-    for (TriD_Cursor k : {TriD_Cursor::RotX, TriD_Cursor::RotY, TriD_Cursor::RotZ, TriD_Cursor::TransXY}) {
-      const QCursor c = TriD_QCursor(k);
-      QCOMPARE(c.hotSpot(), QPoint(16, 16));
-      const QImage img = c.pixmap().toImage();
-      for (const QImage& other : seen) QVERIFY(other != img);  // four different pictures
-      seen.push_back(img);
-    }
   }
 
   void pictureFileOfTheCommandLine() {
