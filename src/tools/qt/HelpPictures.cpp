@@ -173,7 +173,8 @@ void Draw_Section(QPainter& p) {
   const qreal lg = 368;
   qreal y = 80;
   p.setPen(Ink);
-  for (const Word& w : {Word{"flange1", "flange 1 (top)"}, Word{"flange2", "flange 2 (bottom)"}, Word{"web", "web"}}) {
+  for (const Word& w :
+       {Word{"flange1", "flange 1 (top)"}, Word{"flange2", "flange 2 (bottom)"}, Word{"web", "web"}}) {
     p.drawText(QPointF(lg, y), T(w.name, w.english));
     y += 20;
   }
@@ -184,7 +185,8 @@ void Draw_Section(QPainter& p) {
   p.drawText(QPointF(lg, y + 20), T("S", "S shear centre"));
   p.setPen(Ink);
   QRectF note(lg, 240, W - lg - 8, 100);
-  p.drawText(note, Qt::TextWordWrap, T("zG", "zG: G above the base") + "\n" + T("zS", "zS: S above G (+ upward)"));
+  p.drawText(note, Qt::TextWordWrap,
+             T("zG", "zG: G above the base") + "\n" + T("zS", "zS: S above G (+ upward)"));
 }
 
 // ---- 2: end restraints --------------------------------------------------
@@ -356,8 +358,10 @@ void Draw_EndMoments(QPainter& p) {
   p.drawText(QPointF(x0 - 60, yb + mL * sc + 4), "−M1");
   p.drawText(QPointF(x1 + 8, yb + mR * sc + 4), "M2");
   p.setPen(Ink);
-  p.drawText(QRectF(0, 282, W, 20), Qt::AlignHCenter, T("mdiag", "bending moment: {minus}M1 at the left end, M2 at the right"));
-  p.drawText(QRectF(0, 304, W, 20), Qt::AlignHCenter, T("psi", "{psi} = {minus}(smaller end value) / (larger one)"));
+  p.drawText(QRectF(0, 282, W, 20), Qt::AlignHCenter,
+             T("mdiag", "bending moment: {minus}M1 at the left end, M2 at the right"));
+  p.drawText(QRectF(0, 304, W, 20), Qt::AlignHCenter,
+             T("psi", "{psi} = {minus}(smaller end value) / (larger one)"));
   p.drawText(QRectF(0, 326, W, 20), Qt::AlignHCenter, T("uni", "M1 = {minus}M2: uniform moment, {psi} = 1"));
 }
 
@@ -391,8 +395,9 @@ void Draw_Loads(QPainter& p) {
   Dimension(p, QPointF(x0, zq + 40), QPointF(xf, zq + 40), "xf1·L", QPointF(-14, 16));
   p.setPen(Ink);
   qreal t = 40;
-  for (const Word& w : {Word{"down", "F < 0, q < 0: downward"}, Word{"zl", "zF, zq: level above S (+ upward)"},
-                        Word{"destab", "a downward load above S lowers Mcr"}}) {
+  for (const Word& w :
+       {Word{"down", "F < 0, q < 0: downward"}, Word{"zl", "zF, zq: level above S (+ upward)"},
+        Word{"destab", "a downward load above S lowers Mcr"}}) {
     p.drawText(QRectF(0, t, W, 20), Qt::AlignHCenter, T(w.name, w.english));
     t += 20;
   }
@@ -420,7 +425,8 @@ void Draw_Diagrams(QPainter& p) {
   p.drawPath(m);
   p.drawText(QPointF(x0 + 8, ym + 50), "M");
   p.setPen(Ink);
-  p.drawText(QRectF(0, ym + 74, W, 20), Qt::AlignHCenter, T("mplus", "+ drawn downward: sagging moment, bottom fibre in tension"));
+  p.drawText(QRectF(0, ym + 74, W, 20), Qt::AlignHCenter,
+             T("mplus", "+ drawn downward: sagging moment, bottom fibre in tension"));
   // Mode: v and theta of a fork-supported beam.
   const qreal yv = 250;
   p.setPen(QPen(Grey, 1));
@@ -441,7 +447,9 @@ void Draw_Diagrams(QPainter& p) {
   p.drawPath(t);
   p.drawText(QPointF(x1 - 30, yv - 30), "θ");
   p.setPen(Ink);
-  p.drawText(QRectF(0, yv + 56, W, 20), Qt::AlignHCenter, T("mode", "mode: each curve scaled so that its largest value is 1") + "   " + T("Mcr", "Mcr = {mu}cr {times} Mmax"));
+  p.drawText(QRectF(0, yv + 56, W, 20), Qt::AlignHCenter,
+             T("mode", "mode: each curve scaled so that its largest value is 1") + "   " +
+                 T("Mcr", "Mcr = {mu}cr {times} Mmax"));
 }
 
 }  // namespace
