@@ -249,7 +249,9 @@ void Frm_Sweep::Copy() {
 void Frm_Sweep::Save() {
   if (points_.empty()) return;
   const QString name = QFileDialog::getSaveFileName(this, Tr("Sweep_Save", "&Save...").remove('&'), QString(),
-                                                    "CSV (*.csv);;SVG (*.svg);;PNG (*.png)");
+                                                    Tr("File_Filter_Csv", "CSV files") + " (*.csv);;" +
+                                                        Tr("File_Filter_Svg", "SVG pictures") + " (*.svg);;" +
+                                                        Tr("File_Filter_Png", "PNG pictures") + " (*.png)");
   if (name.isEmpty()) return;
   const std::string file = name.toLocal8Bit().toStdString();
   bool ok = false;

@@ -263,7 +263,7 @@ bool Frm_EigenVector::Save_Csv(const QString& path, QString* error) const {
 
 void Frm_EigenVector::Menu_File_SaveCsv() {
   QFileDialog dlg(this, Menu_File_SaveCsv_->text().remove(QLatin1Char('&')), QString::fromStdString(dir_),
-                  QStringLiteral("CSV (*.csv *.CSV)"));
+                  Lang_Further("File_Filter_Csv", "CSV files") + " (*.csv *.CSV)");
   dlg.setAcceptMode(QFileDialog::AcceptSave);
   dlg.setDefaultSuffix(QStringLiteral("csv"));
   if (dlg.exec() != QDialog::Accepted || dlg.selectedFiles().isEmpty()) return;

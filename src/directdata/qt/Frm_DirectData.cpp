@@ -534,7 +534,8 @@ Frm_DirectData::Frm_DirectData(const std::string& file_External, const std::stri
   Choose_File = [this](int action, const std::string& proposed) -> std::string {
     QFileDialog d(this);
     d.setDirectory(Q(dir_Data_));
-    d.setNameFilter(QString("*") + Problem_Ext + " *" + QString(Problem_Ext).toLower());
+    d.setNameFilter(Lang_Text(Further_Text("File_Filter_Problem", "Problem files")) + " (*" + Problem_Ext + " *" +
+                    QString(Problem_Ext).toLower() + ")");
     d.setDefaultSuffix(QString(Problem_Ext).mid(1));
     d.setAcceptMode(action == 1 ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     d.setFileMode(action == 1 ? QFileDialog::ExistingFile : QFileDialog::AnyFile);

@@ -179,7 +179,7 @@ bool Frm_Edit::Save_Pdf(const QString& path, QString* error) const { return Expo
 
 void Frm_Edit::Menu_File_SaveAs() {
   QFileDialog dlg(this, Menu_File_SaveAs_->text().remove(QLatin1Char('&')), Q(ctx_.Dir_Data),
-                  QStringLiteral("Rich Text (*.RTF *.rtf)"));
+                  Lang_Further("File_Filter_Rtf", "Rich Text documents") + " (*.RTF *.rtf)");
   dlg.setAcceptMode(QFileDialog::AcceptSave);
   dlg.setDefaultSuffix(QStringLiteral("RTF"));
   if (dlg.exec() != QDialog::Accepted || dlg.selectedFiles().isEmpty()) return;
@@ -191,7 +191,7 @@ void Frm_Edit::Menu_File_SaveAs() {
 
 void Frm_Edit::Menu_File_ExportPdf() {
   QFileDialog dlg(this, Menu_File_ExportPdf_->text().remove(QLatin1Char('&')), Q(ctx_.Dir_Data),
-                  QStringLiteral("PDF (*.pdf *.PDF)"));
+                  Lang_Further("File_Filter_Pdf", "PDF documents") + " (*.pdf *.PDF)");
   dlg.setAcceptMode(QFileDialog::AcceptSave);
   dlg.setDefaultSuffix(QStringLiteral("pdf"));
   if (dlg.exec() != QDialog::Accepted || dlg.selectedFiles().isEmpty()) return;

@@ -61,7 +61,7 @@ void Help_Attach(const StartupState& state) { help_state = &state; }
 QVariant Help_TextBrowser::loadResource(int type, const QUrl& name) {
   if (type == QTextDocument::ImageResource && name.scheme() == "picture") {
     const int index = name.path().toInt();
-    return Help_Picture(index, Code(), devicePixelRatioF() > 1 ? devicePixelRatioF() * 1.0 : 2.0);
+    return Help_Picture(index, devicePixelRatioF() > 1 ? devicePixelRatioF() * 1.0 : 2.0);
   }
   return QTextBrowser::loadResource(type, name);
 }
@@ -197,7 +197,7 @@ Frm_Help::Frm_Help(QWidget* parent) : QDialog(parent) {
 void Frm_Help::Set_Picture(int index) {
   index_ = index;
   const qreal dpr = devicePixelRatioF() > 1 ? devicePixelRatioF() : 2.0;
-  Img_Help->setPixmap(QPixmap::fromImage(Help_Picture(index, Code(), dpr)));
+  Img_Help->setPixmap(QPixmap::fromImage(Help_Picture(index, dpr)));
 }
 
 void Frm_Help::After_Translate() {

@@ -3,9 +3,11 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QtMath>
-#include <map>
+#include <string>
+#include <utility>
 
 #include "diagrams/Diagrams.h"
+#include "foundation/qt/Translate_Form.h"
 #include "tools/Help.h"
 
 namespace zarvek {
@@ -14,61 +16,25 @@ namespace {
 
 constexpr int W = 560, H = 360;
 
-// Texts of the pictures: English first, French second.
-struct Pair {
-  const char* uk;
-  const char* fr;
+// The texts of the pictures come from the loaded language (further texts
+// "Help_<name>"), the English text of the call being the fallback. The
+// language files are Windows-1252, which has no Greek: they write the
+// symbols as {theta}, {psi}, {mu}, {prime}, {minus} and {times}, put back
+// here as the letters and signs of the diagrams.
+QString T(const char* name, const char* english) {
+  QString s = Lang_Further(std::string("Help_") + name, english);
+  static const std::pair<const char*, const char16_t*> symbols[] = {
+      {"{theta}", u"\u03B8"}, {"{psi}", u"\u03C8"},   {"{mu}", u"\u03BC"},
+      {"{prime}", u"\u2032"}, {"{minus}", u"\u2212"}, {"{times}", u"\u00D7"}};
+  for (const auto& [mark, symbol] : symbols) s.replace(QLatin1String(mark), QString::fromUtf16(symbol));
+  return s;
+}
+
+// A text of a picture with its key and English text.
+struct Word {
+  const char* name;
+  const char* english;
 };
-
-const std::map<std::string, Pair>& Words() {
-  static const std::map<std::string, Pair> w = {
-      {"t1", {"Section: dimensions and levels", "Section : dimensions et niveaux"}},
-      {"flange1", {"flange 1 (top)", "semelle 1 (haut)"}},
-      {"flange2", {"flange 2 (bottom)", "semelle 2 (bas)"}},
-      {"web", {"web", "âme"}},
-      {"G", {"G centroid", "G centre de gravité"}},
-      {"S", {"S shear centre", "S centre de cisaillement"}},
-      {"zG", {"zG: G above the base", "zG : G au-dessus de la base"}},
-      {"zS", {"zS: S above G (+ upward)", "zS : S au-dessus de G (+ vers le haut)"}},
-      {"t2", {"End restraints: four degrees of freedom", "Appuis d'extrémité : quatre degrés de liberté"}},
-      {"v", {"v: lateral displacement", "v : déplacement latéral"}},
-      {"t", {"θ: twist about the axis", "θ : rotation de torsion"}},
-      {"vp", {"v′: rotation in plan", "v′ : rotation en plan"}},
-      {"tp", {"θ′: warping of the flanges", "θ′ : gauchissement des semelles"}},
-      {"plan", {"plan view", "vue en plan"}},
-      {"sect", {"section", "section"}},
-      {"states", {"Free, Fixed, or a spring stiffness", "Libre, Bloqué, ou une raideur de ressort"}},
-      {"t3", {"Intermediate restraints", "Maintiens intermédiaires"}},
-      {"punct", {"punctual restraint at x = xf·L", "maintien ponctuel en x = xf·L"}},
-      {"cont", {"continuous restraint along the span", "maintien continu sur la portée"}},
-      {"zr", {"z: level above S (+ upward)", "z : niveau au-dessus de S (+ vers le haut)"}},
-      {"axisS", {"axis of shear centres", "axe des centres de cisaillement"}},
-      {"t4", {"End moments and ψ", "Moments d'extrémité et ψ"}},
-      {"msign", {"M1, M2 > 0: anticlockwise couples", "M1, M2 > 0 : couples anti-horaires"}},
-      {"mdiag", {"bending moment: −M1 at the left end, M2 at the right", "moment fléchissant : −M1 à gauche, M2 à droite"}},
-      {"psi", {"ψ = −(smaller end value) / (larger one)", "ψ = −(valeur la plus faible) / (la plus forte)"}},
-      {"uni", {"M1 = −M2: uniform moment, ψ = 1", "M1 = −M2 : moment uniforme, ψ = 1"}},
-      {"t5", {"Loads and their heights", "Charges et leurs niveaux"}},
-      {"down", {"F < 0, q < 0: downward", "F < 0, q < 0 : vers le bas"}},
-      {"zl", {"zF, zq: level above S (+ upward)", "zF, zq : niveau au-dessus de S (+ vers le haut)"}},
-      {"destab", {"a downward load above S lowers Mcr", "une charge descendante au-dessus de S réduit Mcr"}},
-      {"pos", {"positions as fractions of L", "positions en fractions de L"}},
-      {"t6", {"Reading the diagrams", "Lecture des diagrammes"}},
-      {"mplus", {"+ drawn downward: sagging moment, bottom fibre in tension",
-                 "+ dessiné vers le bas : moment positif, fibre inférieure tendue"}},
-      {"mode", {"mode: each curve scaled so that its largest value is 1",
-                "mode : chaque courbe ramenée à une valeur maximale de 1"}},
-      {"Mcr", {"Mcr = μcr × Mmax", "Mcr = μcr × Mmax"}},
-  };
-  return w;
-}
-
-QString T(const std::string& key, bool fr) {
-  const auto& w = Words();
-  auto it = w.find(key);
-  if (it == w.end()) return QString::fromStdString(key);
-  return QString::fromUtf8(fr ? it->second.fr : it->second.uk);
-}
 
 const QColor Steel(70, 110, 170), Ink(30, 30, 30), Grey(120, 120, 120), Paper(250, 250, 246);
 
@@ -133,8 +99,8 @@ void Title(QPainter& p, const QString& t) {
 }
 
 // ---- 1: section ---------------------------------------------------------
-void Draw_Section(QPainter& p, bool fr) {
-  Title(p, T("t1", fr));
+void Draw_Section(QPainter& p) {
+  Title(p, T("t1", "Section: dimensions and levels"));
   const qreal cx = 165, top = 60, h = 240, b1 = 130, b2 = 170, tf1 = 16, tf2 = 20, tw = 10,
               r = 12;
   const qreal base = top + h;
@@ -207,18 +173,20 @@ void Draw_Section(QPainter& p, bool fr) {
   const qreal lg = 368;
   qreal y = 80;
   p.setPen(Ink);
-  for (const char* k : {"flange1", "flange2", "web"}) {
-    p.drawText(QPointF(lg, y), T(k, fr));
+  for (const Word& w :
+       {Word{"flange1", "flange 1 (top)"}, Word{"flange2", "flange 2 (bottom)"}, Word{"web", "web"}}) {
+    p.drawText(QPointF(lg, y), T(w.name, w.english));
     y += 20;
   }
   y += 10;
   p.setPen(Hue_G);
-  p.drawText(QPointF(lg, y), T("G", fr));
+  p.drawText(QPointF(lg, y), T("G", "G centroid"));
   p.setPen(Hue_S);
-  p.drawText(QPointF(lg, y + 20), T("S", fr));
+  p.drawText(QPointF(lg, y + 20), T("S", "S shear centre"));
   p.setPen(Ink);
   QRectF note(lg, 240, W - lg - 8, 100);
-  p.drawText(note, Qt::TextWordWrap, T("zG", fr) + "\n" + T("zS", fr));
+  p.drawText(note, Qt::TextWordWrap,
+             T("zG", "zG: G above the base") + "\n" + T("zS", "zS: S above G (+ upward)"));
 }
 
 // ---- 2: end restraints --------------------------------------------------
@@ -231,10 +199,13 @@ void Plan_Beam(QPainter& p, QPointF o, qreal len, qreal width) {
   p.drawLine(QPointF(o.x() - 8, o.y()), QPointF(o.x() + len + 8, o.y()));
 }
 
-void Draw_EndRestraints(QPainter& p, bool fr) {
-  Title(p, T("t2", fr));
+void Draw_EndRestraints(QPainter& p) {
+  Title(p, T("t2", "End restraints: four degrees of freedom"));
   const qreal colW = W / 2.0;
-  const char* keys[4] = {"v", "t", "vp", "tp"};
+  const Word words[4] = {{"v", "v: lateral displacement"},
+                         {"t", "{theta}: twist about the axis"},
+                         {"vp", "v{prime}: rotation in plan"},
+                         {"tp", "{theta}{prime}: warping of the flanges"}};
   const QColor hue[4] = {Hue_v, Hue_t, Hue_vp, Hue_tp};
   for (int k = 0; k < 4; ++k) {
     const qreal x0 = (k % 2) * colW + 20, y0 = 50 + (k / 2) * 140;
@@ -243,7 +214,7 @@ void Draw_EndRestraints(QPainter& p, bool fr) {
     f.setBold(true);
     p.save();
     p.setFont(f);
-    p.drawText(QPointF(x0, y0 + 12), T(keys[k], fr));
+    p.drawText(QPointF(x0, y0 + 12), T(words[k].name, words[k].english));
     p.restore();
     const QPointF o(x0 + 20, y0 + 70);
     if (k == 1) {
@@ -263,12 +234,12 @@ void Draw_EndRestraints(QPainter& p, bool fr) {
       }
       Couple(p, c, 52, true, Hue_t);
       p.setPen(Grey);
-      p.drawText(QPointF(x0 + 180, y0 + 76), T("sect", fr));
+      p.drawText(QPointF(x0 + 180, y0 + 76), T("sect", "section"));
       continue;
     }
     Plan_Beam(p, o, 200, 22);
     p.setPen(Grey);
-    p.drawText(QPointF(o.x() + 140, o.y() + 34), T("plan", fr));
+    p.drawText(QPointF(o.x() + 140, o.y() + 34), T("plan", "plan view"));
     if (k == 0) {
       // Lateral displacement: the end moves sideways.
       p.setPen(QPen(Hue_v, 1.6, Qt::DashLine));
@@ -291,12 +262,12 @@ void Draw_EndRestraints(QPainter& p, bool fr) {
       p.setPen(QPen(Hue_tp, 1.6, Qt::DotLine));
       p.drawLine(o + QPointF(0, 11), o + QPointF(80, 36));
       p.setPen(Hue_tp);
-      p.drawText(o + QPointF(86, -34), fr ? "semelle 1" : "flange 1");
-      p.drawText(o + QPointF(86, 44), fr ? "semelle 2" : "flange 2");
+      p.drawText(o + QPointF(86, -34), T("warp1", "flange 1"));
+      p.drawText(o + QPointF(86, 44), T("warp2", "flange 2"));
     }
   }
   p.setPen(Ink);
-  p.drawText(QRectF(0, H - 26, W, 20), Qt::AlignHCenter, T("states", fr));
+  p.drawText(QRectF(0, H - 26, W, 20), Qt::AlignHCenter, T("states", "Free, Fixed, or a spring stiffness"));
 }
 
 // ---- 3: intermediate restraints ----------------------------------------
@@ -329,14 +300,14 @@ void Spring(QPainter& p, QPointF a, QPointF b, const QColor& c) {
   p.drawPolyline(z);
 }
 
-void Draw_Intermediate(QPainter& p, bool fr) {
-  Title(p, T("t3", fr));
+void Draw_Intermediate(QPainter& p) {
+  Title(p, T("t3", "Intermediate restraints"));
   const qreal x0 = 50, x1 = 510, y = 150, depth = 50;
   Elevation(p, x0, x1, y, depth);
   p.setPen(QPen(Grey, 1, Qt::DashDotLine));
   p.drawLine(QPointF(x0 - 20, y), QPointF(x1 + 20, y));
   p.setPen(Grey);
-  p.drawText(QPointF(x1 - 150, y + 14), T("axisS", fr));
+  p.drawText(QPointF(x1 - 150, y + 14), T("axisS", "axis of shear centres"));
   // Punctual restraint at 0.4 L, above S.
   const qreal xp = x0 + 0.4 * (x1 - x0), zp = y - 18;
   Arrow(p, QPointF(xp - 60, zp), QPointF(xp - 4, zp), Hue_Restraint);
@@ -344,7 +315,7 @@ void Draw_Intermediate(QPainter& p, bool fr) {
   p.setPen(Hue_Restraint);
   p.drawEllipse(QPointF(xp, zp), 4, 4);
   p.setBrush(Qt::NoBrush);
-  p.drawText(QPointF(xp - 150, zp - 30), T("punct", fr));
+  p.drawText(QPointF(xp - 150, zp - 30), T("punct", "punctual restraint at x = xf\xB7L"));
   Dimension(p, QPointF(xp + 16, y), QPointF(xp + 16, zp), "z", QPointF(6, 4));
   Dimension(p, QPointF(x0, y + 50), QPointF(xp, y + 50), "xf·L", QPointF(-10, 14));
   // Continuous restraint along the span, under the beam.
@@ -356,14 +327,14 @@ void Draw_Intermediate(QPainter& p, bool fr) {
   }
   p.setPen(QPen(Hue_Restraint, 1.4));
   p.drawLine(QPointF(x0 + 10, yc + 40), QPointF(x1 - 10, yc + 40));
-  p.drawText(QPointF(x0, yc - 26), T("cont", fr));
+  p.drawText(QPointF(x0, yc - 26), T("cont", "continuous restraint along the span"));
   p.setPen(Ink);
-  p.drawText(QRectF(0, 222, W, 20), Qt::AlignHCenter, T("zr", fr));
+  p.drawText(QRectF(0, 222, W, 20), Qt::AlignHCenter, T("zr", "z: level above S (+ upward)"));
 }
 
 // ---- 4: end moments -----------------------------------------------------
-void Draw_EndMoments(QPainter& p, bool fr) {
-  Title(p, T("t4", fr));
+void Draw_EndMoments(QPainter& p) {
+  Title(p, T("t4", "End moments and {psi}"));
   const qreal x0 = 80, x1 = 480, y = 100;
   Elevation(p, x0, x1, y, 30);
   Couple(p, QPointF(x0, y), 34, true, Hue_Load);
@@ -372,7 +343,7 @@ void Draw_EndMoments(QPainter& p, bool fr) {
   p.drawText(QPointF(x0 - 70, y - 30), "M1 > 0");
   p.drawText(QPointF(x1 + 22, y - 30), "M2 > 0");
   p.setPen(Ink);
-  p.drawText(QRectF(0, 150, W, 20), Qt::AlignHCenter, T("msign", fr));
+  p.drawText(QRectF(0, 150, W, 20), Qt::AlignHCenter, T("msign", "M1, M2 > 0: anticlockwise couples"));
   // Bending moment with M1 = -50, M2 = 100 (drawn downward when positive).
   const qreal yb = 220, sc = 0.5;
   const qreal mL = 50, mR = 100;  // -M1, M2
@@ -387,14 +358,16 @@ void Draw_EndMoments(QPainter& p, bool fr) {
   p.drawText(QPointF(x0 - 60, yb + mL * sc + 4), "−M1");
   p.drawText(QPointF(x1 + 8, yb + mR * sc + 4), "M2");
   p.setPen(Ink);
-  p.drawText(QRectF(0, 282, W, 20), Qt::AlignHCenter, T("mdiag", fr));
-  p.drawText(QRectF(0, 304, W, 20), Qt::AlignHCenter, T("psi", fr));
-  p.drawText(QRectF(0, 326, W, 20), Qt::AlignHCenter, T("uni", fr));
+  p.drawText(QRectF(0, 282, W, 20), Qt::AlignHCenter,
+             T("mdiag", "bending moment: {minus}M1 at the left end, M2 at the right"));
+  p.drawText(QRectF(0, 304, W, 20), Qt::AlignHCenter,
+             T("psi", "{psi} = {minus}(smaller end value) / (larger one)"));
+  p.drawText(QRectF(0, 326, W, 20), Qt::AlignHCenter, T("uni", "M1 = {minus}M2: uniform moment, {psi} = 1"));
 }
 
 // ---- 5: loads -----------------------------------------------------------
-void Draw_Loads(QPainter& p, bool fr) {
-  Title(p, T("t5", fr));
+void Draw_Loads(QPainter& p) {
+  Title(p, T("t5", "Loads and their heights"));
   const qreal x0 = 50, x1 = 510, y = 215, depth = 70;
   Elevation(p, x0, x1, y, depth);
   p.setPen(QPen(Hue_S, 1, Qt::DashDotLine));
@@ -422,16 +395,18 @@ void Draw_Loads(QPainter& p, bool fr) {
   Dimension(p, QPointF(x0, zq + 40), QPointF(xf, zq + 40), "xf1·L", QPointF(-14, 16));
   p.setPen(Ink);
   qreal t = 40;
-  for (const char* k : {"down", "zl", "destab"}) {
-    p.drawText(QRectF(0, t, W, 20), Qt::AlignHCenter, T(k, fr));
+  for (const Word& w :
+       {Word{"down", "F < 0, q < 0: downward"}, Word{"zl", "zF, zq: level above S (+ upward)"},
+        Word{"destab", "a downward load above S lowers Mcr"}}) {
+    p.drawText(QRectF(0, t, W, 20), Qt::AlignHCenter, T(w.name, w.english));
     t += 20;
   }
-  p.drawText(QRectF(0, H - 24, W, 20), Qt::AlignHCenter, T("pos", fr));
+  p.drawText(QRectF(0, H - 24, W, 20), Qt::AlignHCenter, T("pos", "positions as fractions of L"));
 }
 
 // ---- 6: diagrams --------------------------------------------------------
-void Draw_Diagrams(QPainter& p, bool fr) {
-  Title(p, T("t6", fr));
+void Draw_Diagrams(QPainter& p) {
+  Title(p, T("t6", "Reading the diagrams"));
   const qreal x0 = 60, x1 = 500;
   // Moment under a downward uniform load: a parabola drawn below the axis.
   const qreal ym = 90;
@@ -450,7 +425,8 @@ void Draw_Diagrams(QPainter& p, bool fr) {
   p.drawPath(m);
   p.drawText(QPointF(x0 + 8, ym + 50), "M");
   p.setPen(Ink);
-  p.drawText(QRectF(0, ym + 74, W, 20), Qt::AlignHCenter, T("mplus", fr));
+  p.drawText(QRectF(0, ym + 74, W, 20), Qt::AlignHCenter,
+             T("mplus", "+ drawn downward: sagging moment, bottom fibre in tension"));
   // Mode: v and theta of a fork-supported beam.
   const qreal yv = 250;
   p.setPen(QPen(Grey, 1));
@@ -471,16 +447,17 @@ void Draw_Diagrams(QPainter& p, bool fr) {
   p.drawPath(t);
   p.drawText(QPointF(x1 - 30, yv - 30), "θ");
   p.setPen(Ink);
-  p.drawText(QRectF(0, yv + 56, W, 20), Qt::AlignHCenter, T("mode", fr) + "   " + T("Mcr", fr));
+  p.drawText(QRectF(0, yv + 56, W, 20), Qt::AlignHCenter,
+             T("mode", "mode: each curve scaled so that its largest value is 1") + "   " +
+                 T("Mcr", "Mcr = {mu}cr {times} Mmax"));
 }
 
 }  // namespace
 
 QSize Help_PictureSize() { return QSize(W, H); }
 
-QImage Help_Picture(int index, const std::string& code, qreal dpr) {
+QImage Help_Picture(int index, qreal dpr) {
   if (index < 1 || index > Help_PictureCount) return QImage();
-  const bool fr = code == "FR";
   QImage img(QSize(W, H) * dpr, QImage::Format_ARGB32_Premultiplied);
   img.setDevicePixelRatio(dpr);
   img.fill(Paper);
@@ -491,12 +468,12 @@ QImage Help_Picture(int index, const std::string& code, qreal dpr) {
   f.setPixelSize(13);
   p.setFont(f);
   switch (index) {
-    case 1: Draw_Section(p, fr); break;
-    case 2: Draw_EndRestraints(p, fr); break;
-    case 3: Draw_Intermediate(p, fr); break;
-    case 4: Draw_EndMoments(p, fr); break;
-    case 5: Draw_Loads(p, fr); break;
-    case 6: Draw_Diagrams(p, fr); break;
+    case 1: Draw_Section(p); break;
+    case 2: Draw_EndRestraints(p); break;
+    case 3: Draw_Intermediate(p); break;
+    case 4: Draw_EndMoments(p); break;
+    case 5: Draw_Loads(p); break;
+    case 6: Draw_Diagrams(p); break;
   }
   p.setPen(QPen(Grey, 1));
   p.setBrush(Qt::NoBrush);
