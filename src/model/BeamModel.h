@@ -197,6 +197,16 @@ struct BeamModel {
   std::string Txt_q11 = "-10", Txt_q12 = "-10", Txt_xq11 = "0", Txt_xq12 = "1", Txt_zq1 = "0";
   std::string Txt_q21 = "-10", Txt_q22 = "-10", Txt_xq21 = "0", Txt_xq22 = "1", Txt_zq2 = "0";
 
+  // ---- axial force --------------------------------------------------------
+  // N at the centroid, constant along the beam, compression positive, in the
+  // force unit. The critical factor multiplies it together with the moments.
+  std::string Txt_N = "0";
+  // Constants the axial terms need beyond the lateral-torsional ones, typed
+  // on the properties route only (the other routes compute them): area,
+  // second moment about the strong axis, and the shear centre above the
+  // centroid (zC, same sign as zS).
+  std::string Txt_A3 = "0", Txt_Iy3 = "0", Txt_zC3 = "0";
+
   // ---- shown results -----------------------------------------------------
   std::string Lbl_Iteration = "0";
   std::string Lbl_CurrentValue = "0";

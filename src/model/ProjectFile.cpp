@@ -157,6 +157,9 @@ class Reader {
 
   bool Boolean() { return Number() != 0; }
 
+  // Everything after the lines read so far.
+  std::string_view Rest() const { return std::string_view(s_).substr(std::min(p_, s_.size())); }
+
   // A text item: blanks skipped; a quoted text runs to the closing quote,
   // otherwise the item ends at a comma or the line end.
   std::string Item() {
@@ -420,7 +423,50 @@ void Read_Sequence(Reader& r, BeamModel& m, const std::string& startDir) {
   }
 }
 
+// ---------------------------------------------------------------- trailer
+
+bool Axial_Written(const BeamModel& m) { return Num_Of_Text(m.Txt_N) != 0; }
+
+const std::vector<TrailerKey> Keys = {
+    {"AXIAL_N", &BeamModel::Txt_N, true, Axial_Written},
+    {"AXIAL_A", &BeamModel::Txt_A3, true, Axial_Written},
+    {"AXIAL_IY", &BeamModel::Txt_Iy3, true, Axial_Written},
+    {"AXIAL_ZC", &BeamModel::Txt_zC3, true, Axial_Written},
+};
+
+const BeamModel& New_Record() {
+  static const BeamModel fresh;
+  return fresh;
+}
+
+void Write_Trailer(Writer& w, const BeamModel& m) {
+  for (const TrailerKey& k : Keys) {
+    const std::string& v = m.*k.Member;
+    if (k.Written ? !k.Written(m) : v == New_Record().*k.Member) continue;
+    std::string text = k.Number ? To_DotText(Trim(v), 0) : v;
+    // one line per key whatever the text holds
+    std::replace_if(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    w.T(std::string(k.Key) + "=" + text);
+  }
+}
+
+void Read_Trailer(std::string_view rest, BeamModel& m) {
+  for (const TrailerKey& k : Keys) m.*k.Member = New_Record().*k.Member;
+  while (!rest.empty()) {
+    size_t e = rest.find_first_of("\r\n");
+    std::string_view line = rest.substr(0, e);
+    rest = e == std::string_view::npos ? std::string_view{} : rest.substr(e + 1);
+    const size_t eq = line.find('=');
+    if (eq == std::string_view::npos) continue;
+    const std::string_view key = line.substr(0, eq), value = line.substr(eq + 1);
+    for (const TrailerKey& k : Keys)
+      if (key == k.Key) m.*k.Member = k.Number ? To_LocalText(value) : std::string(value);
+  }
+}
+
 }  // namespace
+
+const std::vector<TrailerKey>& Trailer_Keys() { return Keys; }
 
 std::string Project_Text(const BeamModel& m) {
   Writer w;
@@ -558,6 +604,7 @@ std::string Project_Text(const BeamModel& m) {
       o << To_DotText(Single_Text(at(m.Restraint_Level, (size_t)i)), 18) << "\r\n";
     }
   }
+  Write_Trailer(w, m);
   return w.Text();
 }
 
@@ -577,6 +624,7 @@ FileReadResult Read_FileDAT(BeamModel& m, const std::string& name, const std::st
     in.close();
     Reader r(std::move(text));
     Read_Sequence(r, m, startDir);
+    Read_Trailer(r.Rest(), m);
   } catch (const ReadFailure&) {
     m.RefreshLocked = false;
     m.File_Loading = false;

@@ -47,6 +47,24 @@ std::string Project_Text(const BeamModel& m);
 // the file could not be written.
 bool Save_FileDAT(const BeamModel& m, const std::string& name);
 
+// The trailer: after everything the fixed layout holds, zero or more lines
+// KEY=value (CR LF). A file without a trailer reads as before, every key
+// then taking the value of a new record; a study whose keys all stand at
+// their defaults is written byte for byte as before the trailer existed, and
+// a program that stops after the mode lines never sees it. Reading ignores
+// unknown keys and lines that are not KEY=value (a file of a later program
+// still opens; what it alone knew is not written back). Number values are
+// the texts as typed, in the file's units, with a point.
+struct TrailerKey {
+  const char* Key;
+  std::string BeamModel::*Member;
+  bool Number;  // a number text: "." in the file, the locale's mark in the record
+  // When the line is written; nullptr: when the text differs from a new record's.
+  bool (*Written)(const BeamModel&) = nullptr;
+};
+// Every key, in the order written. Adding a key is one line of this table.
+const std::vector<TrailerKey>& Trailer_Keys();
+
 // The first state of the model when the main window loads, without the
 // window: nu and M2 are the typed fields; the default file is read when it
 // exists (File_Current := Msg(10)), otherwise the built-in defaults are taken

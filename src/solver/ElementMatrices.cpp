@@ -109,6 +109,27 @@ void Apply_Links(const std::array<double, 9>& Link, ElemMatrix& Ke) {
   }
 }
 
+void Add_Axial_Kg(double L, double N, double i0sq, double zC, ElemMatrix& Kg) {
+  // Integral of the product of the slopes of two cubic Hermite shapes over
+  // the element, for (w1, w1', w2, w2'): the classic string matrix.
+  const double g[4][4] = {{6 / (5 * L), 0.1, -6 / (5 * L), 0.1},
+                          {0.1, 2 * L / 15, -0.1, -L / 30},
+                          {-6 / (5 * L), -0.1, 6 / (5 * L), -0.1},
+                          {0.1, -L / 30, -0.1, 2 * L / 15}};
+  const int v[4] = {v1, p1, v2, p2}, t[4] = {t1, w1, t2, w2};
+  // Kg enters as K + mu Kg: a compression takes stiffness away.
+  const double cv = -N, ct = -N * i0sq, cx = -N * zC;
+  for (int a = 0; a < 4; ++a) {
+    for (int b = a; b < 4; ++b) {
+      At(Kg, v[a], v[b]) += cv * g[a][b];
+      At(Kg, t[a], t[b]) += ct * g[a][b];
+    }
+    // 2 zC v' theta': each (v, theta) pair once, the packed store is symmetric
+    if (cx != 0)
+      for (int b = 0; b < 4; ++b) At(Kg, v[a], t[b]) += cx * g[a][b];
+  }
+}
+
 float Primitive(double xa, double xb, int p, double c0, double c1, double c2, double c3,
                 double c4, double c5, double c6) {
   auto P = [&](double x) {

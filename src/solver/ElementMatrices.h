@@ -42,6 +42,14 @@ struct ElementLoads {
 void Build_Kg(double L, double Betaz, double z0, double M1, double M2, double& V1, double& V2,
               const ElementLoads& loads, ElemMatrix& Kg);
 
+// Geometric stiffness of an axial force N at the centroid (compression
+// positive), added to Kg (which enters as K + mu Kg): -N times the element
+// integral of
+//   v'^2 + 2 zC v' theta' + i0^2 theta'^2,
+// with zC the shear centre above the centroid and i0^2 = (Iy + Iz)/A + zC^2
+// the polar radius of gyration about the shear centre (docs/axial-force.md).
+void Add_Axial_Kg(double L, double N, double i0sq, double zC, ElemMatrix& Kg);
+
 // P(xb) - P(xa), P(x) = x^p (c0 + c1 x + ... + c6 x^6), in single precision.
 float Primitive(double xa, double xb, int p, double c0, double c1, double c2, double c3,
                 double c4, double c5, double c6);

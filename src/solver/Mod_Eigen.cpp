@@ -38,7 +38,9 @@ double Norm(const std::vector<double>& x, int n) {
 void Eigen(SymMatrix& K, SymMatrix& B, double& mu, int NDL, int NN, double Tol, int NbIter,
            std::vector<double>& Phi, bool& failed, MethodState& st) {
   failed = true;
-  const int ICMAX = 20 * NN;
+  // room for the whole band of the beam (26 terms a node): moments and load
+  // heights fill at most 19 of them, an axial force all
+  const int ICMAX = 26 * NN;
   // 1. the non-zero terms of KG, negated, in the order of the packed storage
   std::vector<int> ICr, ICc;
   std::vector<double> BV;

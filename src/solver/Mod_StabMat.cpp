@@ -24,10 +24,17 @@ void ProblemData::Resize(int nb, int nf, int nq) {
   NF = nf;
   NQ = nq;
   const int nn = nb + 1;
-  for (auto* v : {&L, &Iz, &It, &Iw, &Betaz, &M1, &M2, &Kt, &Kvp, &Ktp}) v->assign(nb + 1, 0.0);
+  for (auto* v : {&L, &Iz, &It, &Iw, &Betaz, &M1, &M2, &Kt, &Kvp, &Ktp, &N, &A, &Iy, &zC})
+    v->assign(nb + 1, 0.0);
   for (auto* v : {&Rv, &Rt, &Rvp, &Rtp, &z}) v->assign(nn + 1, 0.0);
   for (auto* v : {&F, &xF, &zF}) v->assign(nf + 1, 0.0);
   for (auto* v : {&q1, &x1, &q2, &x2, &zq}) v->assign(nq + 1, 0.0);
+}
+
+bool ProblemData::Has_Axial() const {
+  for (size_t e = 1; e < N.size(); ++e)
+    if (N[e] != 0) return true;
+  return false;
 }
 
 // ------------------------------------------------------------------ reading
@@ -38,6 +45,8 @@ struct Read_Error {};
 struct Check_Failed {
   std::int16_t status;
 };
+// The status of a malformed axial force block.
+constexpr std::int16_t Axial_Block_Status = 121;
 
 // Free-format reader: numbers are separated by any run of blanks, tabs,
 // commas or line ends; a label line is skipped whatever it says.
@@ -68,6 +77,12 @@ class Problem_Reader {
     while (p < n && s[p] != '\n' && sep_[(unsigned char)s[p]]) ++p;
     p_ = (p < n && s[p] == '\n') ? p + 1 : p;
     return v;
+  }
+
+  // Only separators remain.
+  bool At_End() {
+    while (p_ < s_.size() && sep_[(unsigned char)s_[p_]]) ++p_;
+    return p_ >= s_.size();
   }
 
   int Integer() {
@@ -139,6 +154,37 @@ class Problem_Reader {
 };
 
 void Fail(std::int16_t status) { throw Check_Failed{status}; }
+
+// The optional axial force block after the span loads: a title line, then
+// one line per element: n, N, A, Iy, zC. Nothing after the span loads is a
+// beam without axial force; anything else that does not make a whole block
+// within its limits is refused with a status of its own.
+void Read_Axial_Block(Problem_Reader& in, ProblemData& P, SolverResult& res) {
+  if (in.At_End()) return;
+  try {
+    in.Skip_Line();
+    double Nmax = 0;
+    for (int n = 1; n <= P.NB; ++n) {
+      const int idx = in.Integer();
+      const double N = (float)in.Number(), A = (float)in.Number(), Iy = (float)in.Number(),
+                   zC = (float)in.Number();
+      if (idx != n) Fail(Axial_Block_Status);
+      if (!(std::fabs(N) <= 1.0001e10) || !(std::fabs(zC) <= 150.015)) Fail(Axial_Block_Status);
+      // the constants count only where a force acts
+      if (N != 0 && (!(0.009999 <= A && A <= 1.0001e6) || !(9.999e-5 <= Iy && Iy <= 1.0001e10)))
+        Fail(Axial_Block_Status);
+      P.N[n] = N;
+      P.A[n] = A;
+      P.Iy[n] = Iy;
+      P.zC[n] = zC;
+      if (std::fabs(N) > std::fabs(Nmax)) Nmax = N;
+    }
+    if (!in.At_End()) Fail(Axial_Block_Status);
+    res.N = Nmax;
+  } catch (const Read_Error&) {
+    Fail(Axial_Block_Status);
+  }
+}
 
 // Reads and checks a problem file. Fills the moment arrays of the result on
 // the way. Throws Read_Error or Check_Failed.
@@ -228,7 +274,6 @@ void Read_Problem(std::string text, ProblemData& P, SolverResult& res) {
       nodeMax = n + 1;
     }
   }
-  if (Mmax == 0) Fail(112);
   float before = 0;
   for (int n = 1; n < nodeMax; ++n) before += (float)P.L[n];
   res.Mmax = Mmax;
@@ -273,6 +318,8 @@ void Read_Problem(std::string text, ProblemData& P, SolverResult& res) {
       P.zq[k] = z;
     }
   }
+  Read_Axial_Block(in, P, res);
+  if (Mmax == 0 && res.N == 0) Fail(112);
 }
 
 // ------------------------------------------------------------ distribution
@@ -399,7 +446,10 @@ void Solve_Problem(const std::string& path, int method, SolverResult& res, Solve
       Read_Problem(std::move(text), P, res);
     } catch (const Check_Failed& c) {
       res.Solve_Status = c.status;
-      res.Error_Text = Msg(57);
+      res.Error_Text = c.status == Axial_Block_Status
+                           ? Further_Text("Axial_Block_Refused",
+                                          "The axial force block of the problem file is malformed.")
+                           : Msg(57);
       return;
     } catch (...) {
       res.Solve_Status = 1;
@@ -454,6 +504,8 @@ void Solve_Problem(const std::string& path, int method, SolverResult& res, Solve
       }
       double V1 = 0, V2 = 0;
       Build_Kg(P.L[e], P.Betaz[e], 0.0, P.M1[e], P.M2[e], V1, V2, ld, Kg);
+      if (P.N[e] != 0)
+        Add_Axial_Kg(P.L[e], P.N[e], (P.Iy[e] + P.Iz[e]) / P.A[e] + P.zC[e] * P.zC[e], P.zC[e], Kg);
       Add_Element(e, Kg, KG);
     }
     // 7. restraint heights, then the restraints themselves
@@ -577,6 +629,12 @@ std::string Problem_Text(const ProblemData& p, ProblemLabels labels) {
     for (int k = 1; k <= p.NQ; ++k)
       line(Field(p.q1[k], 12, 3) + Field(p.x1[k], 10, 2) + Field(p.q2[k], 12, 3) +
            Field(p.x2[k], 10, 2) + Field(p.zq[k], 10, 2));
+  }
+  if (p.Has_Axial()) {
+    line(pr ? "Axial force : i  Ni  Ai  Iyi  zCi" : "Axial force : n, N, A, Iy, zC");
+    for (int n = 1; n <= p.NB; ++n)
+      line(Format_Fixed(n, 3, 0) + Field(p.N[n], 14, 1) + Field(p.A[n], 12, 2) +
+           Field(p.Iy[n], 12, 2) + Field(p.zC[n], 10, 2));
   }
   return s;
 }

@@ -28,6 +28,12 @@ struct ProblemData {
   int NF = 0, NQ = 0;
   std::vector<double> F, xF, zF;
   std::vector<double> q1, x1, q2, x2, zq;
+  // elements 1..NB: axial force at the centroid (daN, compression positive)
+  // and the constants its terms need: area (cm2), strong-axis second moment
+  // (cm4), shear centre above the centroid (cm). The block is optional in
+  // the file and written only when some N is not 0.
+  std::vector<double> N, A, Iy, zC;
+  bool Has_Axial() const;
 
   int NN() const { return NB + 1; }
   int NDL() const { return 4 * (NB + 1); }
@@ -41,6 +47,7 @@ struct SolverResult {
   std::vector<float> Mode_Vector;   // 1..4 NN: v, theta, v', theta' per node, max |.| = 1
   double Mmax = 0;                  // end moment of largest magnitude, signed, daN.cm
   double xMmax = 0;                 // its position as a fraction of the length
+  double N = 0;                     // axial force of largest magnitude, signed, daN
   std::vector<float> Efforts_M;     // 1..2 NB: M1, M2 of each element
   std::vector<float> Efforts_V;     // 1..2 NB: constant shear of each element, twice
   int NB = 0;

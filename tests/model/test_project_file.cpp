@@ -199,6 +199,50 @@ TEST_F(ProjectFile, ForeignAndDamagedFiles) {
   }
 }
 
+TEST_F(ProjectFile, TrailerOfKeyedLinesAfterTheFixedLayout) {
+  for (char sep : {'.', ','}) {
+    Dec_Sep = sep;
+    for (bool mode : {true, false}) {
+      BeamModel plain = Study(sep);
+      if (!mode) InitProcessInfo(plain);
+      BeamModel axial = plain;
+      axial.Txt_N = std::string("-12") + sep + "5";
+      axial.Txt_A3 = "53";
+      axial.Txt_Iy3 = std::string("8356") + sep + "1";
+      axial.Txt_zC3 = "-4";
+      // the lines of the fixed layout stay as they were, the keys follow
+      const std::string before = Project_Text(plain), after = Project_Text(axial);
+      EXPECT_EQ(after, before + "AXIAL_N=-12.5\r\nAXIAL_A=53\r\nAXIAL_IY=8356.1\r\nAXIAL_ZC=-4\r\n");
+      ASSERT_TRUE(Write_File_Atomic(File("AX.DAT"), after));
+      BeamModel back = Default_Model();
+      ASSERT_TRUE(Read(back, File("AX.DAT")).ok);
+      EXPECT_EQ(back.Txt_N + back.Txt_A3 + back.Txt_Iy3 + back.Txt_zC3,
+                axial.Txt_N + "53" + axial.Txt_Iy3 + "-4");
+      // a file without a trailer gives a record without axial force, even
+      // read over one that had it
+      ASSERT_TRUE(Write_File_Atomic(File("AX.DAT"), before));
+      ASSERT_TRUE(Read(back, File("AX.DAT")).ok);
+      EXPECT_EQ(back.Txt_N + back.Txt_A3, "00");
+      // without axial force the constants are not written, whatever they hold
+      axial.Txt_N = std::string("0") + sep + "0";
+      EXPECT_EQ(Project_Text(axial), before);
+    }
+  }
+}
+
+TEST_F(ProjectFile, TrailerFromAnotherProgramVersion) {
+  // keys this program does not know, stray lines and a last line without its
+  // line end do not stop the reading
+  const std::string text = Project_Text(Default_Model()) +
+                           "GRADE_OF_A_LATER_VERSION=S 355\r\n\r\nnot a key\nAXIAL_N=3.5\r\nAXIAL_ZC=2";
+  ASSERT_TRUE(Write_File_Atomic(File("LATER.DAT"), text));
+  BeamModel back = Default_Model();
+  ASSERT_TRUE(Read(back, File("LATER.DAT")).ok);
+  EXPECT_EQ(back.Txt_N + " " + back.Txt_zC3, "3.5 2");
+  EXPECT_EQ(Project_Text(back), Project_Text(Default_Model()) +
+                                    "AXIAL_N=3.5\r\nAXIAL_A=0\r\nAXIAL_IY=0\r\nAXIAL_ZC=2\r\n");
+}
+
 TEST_F(ProjectFile, FailedSaveLeavesTheOldFile) {
   const std::string name = File("KEEP.DAT");
   ASSERT_TRUE(Save_FileDAT(Default_Model(), name));
