@@ -56,10 +56,12 @@ double Table66_Kc(const BeamModel& m, const EffortsData& e, std::string& shape) 
   const int supports = Support_Case(m);
   switch (Single_Load(m, k)) {
     case Single::Moments: {
-      // a straight diagram: psi from its end values
-      const size_t n = e.Efforts_M.size();
-      if (n < 3) return 0;
-      const double a = e.Efforts_M[1], b = e.Efforts_M[n - 1];
+      // a straight diagram: psi from its end values (M(0) = -M1, M(L) = M2 on
+      // a beam pinned in its plane; a propped end keeps M2/2 of the far
+      // moment; a cantilever carries M2 throughout)
+      const double M1 = Value_Of(m.Txt_M1, 1), M2 = Value_Of(m.Txt_M2, 1);
+      const double a = supports == 1 ? -M1 : supports == 2 ? -M2 / 2 : M2, b = M2;
+      if (supports == 4) return 0;
       const double big = std::fabs(a) >= std::fabs(b) ? a : b, small = std::fabs(a) >= std::fabs(b) ? b : a;
       if (big == 0) return 0;
       const double psi = small / big;
