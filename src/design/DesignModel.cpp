@@ -47,7 +47,7 @@ Single Single_Load(const BeamModel& m, int& index) {
 
 }  // namespace
 
-double Table66_Kc(const BeamModel& m, const EffortsData& e, std::string& shape) {
+double Table66_Kc(const BeamModel& m, std::string& shape) {
   shape.clear();
   // the table is for the moment diagram between two lateral restraints: the
   // ends only
@@ -151,7 +151,7 @@ LtbInput Design_Input(const BeamModel& m, const EffortsData& e, double Mcr) {
   in.useF = m.Chk_fmod;
   in.Mcr = Mcr;
   in.MEd = e.Efforts_Mmax;
-  in.kc = Table66_Kc(m, e, in.kcShape);
+  in.kc = Table66_Kc(m, in.kcShape);
   return in;
 }
 
@@ -276,7 +276,7 @@ std::vector<DesignLine> Design_Lines(const DesignRun& d, const BeamModel& m) {
     add("f", Fixed(r.f, 3));
     add("\u03c7LT,mod", Fixed(r.chiLTmod, 3));
   }
-  add("Mb,Rd = \u03c7LT Wy fy / \u03b3M1", moment(r.MbRd), uM);
+  add(r.useF ? "Mb,Rd = \u03c7LT,mod Wy fy / \u03b3M1" : "Mb,Rd = \u03c7LT Wy fy / \u03b3M1", moment(r.MbRd), uM);
   add("MEd", moment(std::fabs(r.MEd)), uM);
   add("MEd / Mb,Rd", Fixed(r.utilisation, 3));
   return out;

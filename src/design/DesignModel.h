@@ -17,7 +17,7 @@ namespace zarvek {
 // Table 6.6 of the moment diagram of the record's loads: kc > 0 with the
 // shape named ("psi = -0.5", "q, pinned ends", ...), or 0 when the loads make
 // none of its shapes or the span has intermediate lateral restraints.
-double Table66_Kc(const BeamModel& m, const EffortsData& e, std::string& shape);
+double Table66_Kc(const BeamModel& m, std::string& shape);
 
 // The method the record asks for (the "by section" item resolved: rolled
 // sections 6.3.2.3, welded ones 6.3.2.2).
