@@ -1,6 +1,8 @@
 #include "design/DesignModel.h"
 
 #include <cmath>
+#include <filesystem>
+#include <unistd.h>
 
 #include "analysis/Proceed.h"
 #include "foundation/Language.h"
@@ -218,7 +220,26 @@ DesignRun Run_Design(const BeamModel& m, const EffortsData& e, double Mcr,
   return d;
 }
 
+DesignRun Design_Of_Record(const BeamModel& m) {
+  if (Num_Of_Text(m.Txt_mucr) == 0 || !(m.Mcr_Factor > 0)) return DesignRun{};
+  BeamModel c = m;
+  EffortsData e;
+  Calculer_Efforts(c, e);
+  const double Mcr = m.Mcr_Factor * std::fabs((double)e.Efforts_Mmax);
+  std::error_code ec;
+  const auto path = std::filesystem::temp_directory_path(ec) /
+                    ("zarvek-design-" + std::to_string(::getpid()) + ".ZVK");
+  SolveControl ctl;
+  ctl.Tol = Tolerance_Of(m);
+  ctl.NbIter = NbIter_Of(m);
+  DesignRun d = Run_Design(c, e, Mcr, path.string(), ctl);
+  std::filesystem::remove(path, ec);
+  return d;
+}
+
 // ---- texts ------------------------------------------------------------------
+
+std::string Design_Title() { return T("Design_Title", "Design check (EN 1993-1-1, 6.3.2)"); }
 
 std::vector<DesignLine> Design_Lines(const DesignRun& d, const BeamModel& m) {
   std::vector<DesignLine> out;
@@ -315,6 +336,30 @@ std::string Design_Note(const DesignRun& d) {
   s += r.utilisation <= 1 ? T("Design_OK", "the buckling resistance is sufficient.")
                           : T("Design_NotOK", "the buckling resistance is NOT sufficient.");
   return s;
+}
+
+void Report_Design(Rich_Text& rt, const DesignRun& d, const BeamModel& m) {
+  if (!d.run) return;
+  rt.NewParagraph();
+  rt.Tabulate(0.05);
+  rt.SetFont_Bold(true);
+  rt.SetFont_Underline(true);
+  rt.Send_Text(Design_Title());
+  rt.SetFont_Normal();
+  rt.Keep_With_Next();
+  rt.NewParagraph();
+  for (const DesignLine& l : Design_Lines(d, m)) {
+    rt.Tabulate(0.1);
+    rt.Send_Text(l.label);
+    rt.Tabulate(0.6);
+    rt.Send_Text(l.unit.empty() ? l.value : l.value + " " + l.unit);
+    rt.NewParagraph();
+  }
+  rt.Tabulate(0.1);
+  rt.SetFont_Bold(true);
+  rt.Send_Text(Design_Note(d));
+  rt.SetFont_Normal();
+  rt.NewParagraph();
 }
 
 }  // namespace zarvek

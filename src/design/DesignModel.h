@@ -10,6 +10,7 @@
 #include "analysis/Calculer_Efforts.h"
 #include "design/LtbCheck.h"
 #include "model/BeamModel.h"
+#include "report/RichText.h"
 #include "solver/Mod_StabMat.h"
 
 namespace zarvek {
@@ -56,7 +57,15 @@ struct DesignRun {
 DesignRun Run_Design(const BeamModel& m, const EffortsData& e, double Mcr,
                      const std::string& problemPath, const SolveControl& ctl);
 
+// The check of a record whose results stand (Txt_mucr not 0): the internal
+// forces again, Mcr from the last critical factor, the further solves in a
+// problem file of the temporary folder. Not run otherwise.
+DesignRun Design_Of_Record(const BeamModel& m);
+
 // ---- texts ------------------------------------------------------------------
+
+// The title of the check: "Design check" in the loaded language.
+std::string Design_Title();
 
 // One line of the check: a label, a value text and its unit ("" for none).
 struct DesignLine {
@@ -69,5 +78,9 @@ struct DesignLine {
 std::vector<DesignLine> Design_Lines(const DesignRun& d, const BeamModel& m);
 // The closing statement: the reason nothing was computed, or the verdict.
 std::string Design_Note(const DesignRun& d);
+
+// The block of the report: title, the lines, the note. Nothing when the
+// check was not run.
+void Report_Design(Rich_Text& rt, const DesignRun& d, const BeamModel& m);
 
 }  // namespace zarvek
