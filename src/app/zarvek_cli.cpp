@@ -31,6 +31,7 @@
 #include <vector>
 
 #include "cli_common.h"
+#include "cli_design.h"
 #include "analysis/Calculer_Efforts.h"
 #include "analysis/Proceed.h"
 #include "foundation/Language.h"
@@ -56,7 +57,9 @@ enum Exit_Code { Exit_Solved = 0, Exit_Usage = 1, Exit_Invalid = 2, Exit_SolverF
 const char* Usage_Text =
     "Usage:\n"
     "  zarvek-cli solve FILE [--json]   critical moment of a project (.DAT, .DFT)\n"
-    "                                   or of a problem file (.ZVK)\n"
+    "                                   or of a problem file (.ZVK); for a project\n"
+    "                                   also its lateral-torsional buckling check\n"
+    "  zarvek-cli check FILE [--json]   that check alone (EN 1993-1-1, 6.3.2)\n"
     "  zarvek-cli sections              list the section catalogue\n"
     "  zarvek-cli section NAME          properties of a catalogue section, e.g. \"IPE 300\"\n"
     "  zarvek-cli draw FILE --what loads|section|forces|mode|3d -o OUT.png|OUT.svg [--scale K]\n"
@@ -242,11 +245,19 @@ struct Solve_Report {
   std::vector<float> mode;  // 1..4 NN
   std::vector<std::string> warnings;  // the solver's exclamation boxes
   bool solved = false;      // a solve ran: its figures are printed
+  // the design check of a project: JSON member, text block; check_only
+  // prints nothing else
+  std::string design_json, design_text;
+  bool check_only = false;
 };
 
 void Print_Json(const Solve_Report& r, const std::string& error = std::string()) {
   std::string s = "{";
   s += "\"file\":" + Json_String(r.file);
+  if (r.check_only && error.empty()) {
+    std::printf("%s,\"unit_M\":%s,%s}\n", s.c_str(), Json_String(r.unit_M).c_str(), r.design_json.c_str());
+    return;
+  }
   s += ",\"kind\":" + Json_String(r.kind);
   s += ",\"status\":" + std::to_string(r.status);
   if (!error.empty() && !r.solved) {
@@ -286,11 +297,17 @@ void Print_Json(const Solve_Report& r, const std::string& error = std::string())
     }
     s += "]";
   }
-  s += "]}";
+  s += "]";
+  if (!r.design_json.empty()) s += "," + r.design_json;
+  s += "}";
   std::printf("%s\n", s.c_str());
 }
 
 void Print_Text(const Solve_Report& r) {
+  if (r.check_only) {
+    std::printf("%s", r.design_text.c_str());
+    return;
+  }
   std::printf("mucr   %s\n", Plain_Number(r.mucr).c_str());
   std::printf("Mcr    %s %s\n", Plain_Number(r.Mcr).c_str(), r.unit_M.c_str());
   std::printf("Mmax   %s %s\n", Plain_Number(r.Mmax).c_str(), r.unit_M.c_str());
@@ -305,6 +322,7 @@ void Print_Text(const Solve_Report& r) {
                                                        "not part of this model: pi\xB2" "EIy/L\xB2 =")).c_str(),
                 Plain_Number(r.Ncr_y).c_str(), r.unit_F.c_str());
   std::printf("%s\n", Out(r.message).c_str());
+  if (!r.design_text.empty()) std::printf("\n%s", r.design_text.c_str());
 }
 
 // Fails with `code`: the text on standard error, and as a JSON object too
@@ -365,9 +383,10 @@ void Connect_Stop(SolveControl& ctl) {
 
 // ---- solve -----------------------------------------------------------------
 
-int Solve_Project(const std::string& file, bool json, Scratch_Dir& scratch) {
+int Solve_Project(const std::string& file, bool json, Scratch_Dir& scratch, bool checkOnly = false) {
   Solve_Report r;
   r.file = file;
+  r.check_only = checkOnly;
   r.kind = "project";
   BeamModel m;
   EffortsData e;
@@ -397,6 +416,13 @@ int Solve_Project(const std::string& file, bool json, Scratch_Dir& scratch) {
   r.mode = m.Mode_Vector;
   SolverResult s = p.Solver;
   s.Solve_Status = p.Solve_Status;
+  {
+    // the design check, with its further solves when C1 is needed
+    const double Mcr = Usable(s, r.stopped) ? p.Solver.mucr * std::fabs((double)p.Efforts.Efforts_Mmax) : 0;
+    const DesignRun d = Run_Design(m, p.Efforts, Mcr, problem, ctl);
+    r.design_json = cli::Design_Json(d, m);
+    r.design_text = cli::Design_Text(d, m);
+  }
   return Finish(r, s, json);
 }
 
@@ -426,6 +452,18 @@ int Solve_ProblemFile(const std::string& file, bool json) {
   r.NB = s.NB;
   r.mode = s.Mode_Vector;
   return Finish(r, s, json);
+}
+
+int Command_Check(const std::string& file, bool json) {
+  Scratch_Dir scratch;
+  Load_English(scratch);
+  Solve_Report r;
+  r.file = file;
+  std::string why;
+  if (!cli::Input_File_OK(file, why)) return Fail(Exit_Invalid, r, json, why);
+  if (!Has_Extension(file, ".DAT") && !Has_Extension(file, ".DFT"))
+    return Fail(Exit_Invalid, r, json, "the check needs a project (.DAT): " + file);
+  return Solve_Project(file, json, scratch, true);
 }
 
 int Command_Solve(const std::string& file, bool json) {
@@ -566,7 +604,7 @@ int main(int argc, char** argv) {
   // not be taken for a file name.
   const auto option = [](const std::string& a) { return a.size() > 1 && a[0] == '-'; };
   if (option(cmd)) return Usage_Error("unknown option " + cmd);
-  if (cmd == "solve") {
+  if (cmd == "solve" || cmd == "check") {
     bool json = false;
     std::vector<std::string> files;
     for (size_t i = 1; i < args.size(); ++i) {
@@ -577,9 +615,9 @@ int main(int argc, char** argv) {
       else
         files.push_back(args[i]);
     }
-    if (files.empty()) return Usage_Error("solve needs a FILE");
-    if (files.size() > 1) return Usage_Error("solve takes one FILE");
-    return Command_Solve(files[0], json);
+    if (files.empty()) return Usage_Error(cmd + " needs a FILE");
+    if (files.size() > 1) return Usage_Error(cmd + " takes one FILE");
+    return cmd == "check" ? Command_Check(files[0], json) : Command_Solve(files[0], json);
   }
   if (cmd == "draw") return zarvek::Command_Draw(args);
   if (cmd == "report") return Cli_Report(args);

@@ -147,6 +147,15 @@ struct BeamModel {
   bool Opt_Nu = true;   // Txt_Nu typed, Txt_G derived
   bool Opt_G = false;   // Txt_G typed, Txt_Nu derived
 
+  // ---- design check of lateral-torsional buckling (src/design) ------------
+  int Lst_Grade = 2;               // S235 S275 S355 S420 S450 S460; 6: fy typed
+  std::string Txt_fy = "355";      // unit of Lst_Unit_EG; read when Lst_Grade = 6
+  std::string Txt_GammaM1 = "1";
+  int Lst_LtbMethod = 0;           // 0 by section: rolled 6.3.2.3, welded 6.3.2.2;
+                                   // 1 general case; 2 rolled or equivalent welded
+  bool Chk_fmod = true;            // modification factor f (rolled method)
+  bool Chk_Welded = false;         // dimensions route: a welded section
+
   // ---- end restraints ----------------------------------------------------
   RestraintList Lst_v1 = RestraintList{1, "Fixed"}, Lst_t1 = RestraintList{1, "Fixed"};
   RestraintList Lst_vp1 = RestraintList{0, "Free"}, Lst_tp1 = RestraintList{0, "Free"};

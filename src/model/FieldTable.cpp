@@ -70,6 +70,13 @@ const auto Table = std::to_array<FieldDef>({
     TEXT(Txt_Nu, None_Unit, 0, F::Unsigned, R::Nu, false),
     OPTION(Opt_Nu, 0, R::None),
     OPTION(Opt_G, 0, R::None),
+    // design check of lateral-torsional buckling
+    ZF("Lst_Grade", K::Choice, None_Unit, 0, F::None, R::Process, false, m.Lst_Grade),
+    TEXT(Txt_fy, u(U::EG), 0, F::Unsigned, R::Process, false),
+    TEXT(Txt_GammaM1, None_Unit, 0, F::Unsigned, R::Process, false),
+    ZF("Lst_LtbMethod", K::Choice, None_Unit, 0, F::None, R::Process, false, m.Lst_LtbMethod),
+    CHECK(Chk_fmod, 0, R::Process),
+    CHECK(Chk_Welded, 0, R::Process),
 
     // ---- page 1: restraints
     LIST(Lst_v1, u(U::v), 1, R::Process),

@@ -433,17 +433,47 @@ const std::vector<TrailerKey> Keys = {
     {"AXIAL_IY", &BeamModel::Txt_Iy3, true, Axial_Written},
     {"AXIAL_ZC", &BeamModel::Txt_zC3, true, Axial_Written},
     {"AXIAL_NCR", &BeamModel::Txt_Ncr, true, Axial_Written},
+    // the design check of lateral-torsional buckling
+    {"DESIGN_GRADE", nullptr, false, nullptr, &BeamModel::Lst_Grade},
+    {"DESIGN_FY", &BeamModel::Txt_fy, true},
+    {"DESIGN_GAMMA_M1", &BeamModel::Txt_GammaM1, true},
+    {"DESIGN_METHOD", nullptr, false, nullptr, &BeamModel::Lst_LtbMethod},
+    {"DESIGN_F", nullptr, false, nullptr, nullptr, &BeamModel::Chk_fmod},
+    {"DESIGN_WELDED", nullptr, false, nullptr, nullptr, &BeamModel::Chk_Welded},
 };
+
+// The text of a key in a record, and setting it from the file's text (a
+// list index out of its range or a word leaves the new record's value).
+std::string Key_Text(const TrailerKey& k, const BeamModel& m) {
+  if (k.Choice) return std::to_string(m.*k.Choice);
+  if (k.Flag) return m.*k.Flag ? "1" : "0";
+  return m.*k.Member;
+}
+void Set_Key(const TrailerKey& k, BeamModel& m, std::string_view value);
 
 const BeamModel& New_Record() {
   static const BeamModel fresh;
   return fresh;
 }
 
+void Set_Key(const TrailerKey& k, BeamModel& m, std::string_view value) {
+  if (k.Choice || k.Flag) {
+    const std::string v(Trim(std::string(value)));
+    char* end = nullptr;
+    const long n = std::strtol(v.c_str(), &end, 10);
+    if (v.empty() || *end != 0) return;
+    if (k.Flag && (n == 0 || n == 1)) m.*k.Flag = n == 1;
+    const long items = k.Choice == &BeamModel::Lst_LtbMethod ? 3 : 7;  // method; grade or fy typed
+    if (k.Choice && n >= 0 && n < items) m.*k.Choice = (int)n;
+    return;
+  }
+  m.*k.Member = k.Number ? To_LocalText(value) : std::string(value);
+}
+
 void Write_Trailer(Writer& w, const BeamModel& m) {
   for (const TrailerKey& k : Keys) {
-    const std::string& v = m.*k.Member;
-    if (k.Written ? !k.Written(m) : v == New_Record().*k.Member) continue;
+    const std::string v = Key_Text(k, m);
+    if (k.Written ? !k.Written(m) : v == Key_Text(k, New_Record())) continue;
     std::string text = k.Number ? To_DotText(Trim(v), 0) : v;
     // one line per key whatever the text holds
     std::replace_if(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
@@ -452,7 +482,7 @@ void Write_Trailer(Writer& w, const BeamModel& m) {
 }
 
 void Read_Trailer(std::string_view rest, BeamModel& m) {
-  for (const TrailerKey& k : Keys) m.*k.Member = New_Record().*k.Member;
+  for (const TrailerKey& k : Keys) Set_Key(k, m, Key_Text(k, New_Record()));
   while (!rest.empty()) {
     size_t e = rest.find_first_of("\r\n");
     std::string_view line = rest.substr(0, e);
@@ -461,7 +491,7 @@ void Read_Trailer(std::string_view rest, BeamModel& m) {
     if (eq == std::string_view::npos) continue;
     const std::string_view key = line.substr(0, eq), value = line.substr(eq + 1);
     for (const TrailerKey& k : Keys)
-      if (key == k.Key) m.*k.Member = k.Number ? To_LocalText(value) : std::string(value);
+      if (key == k.Key) Set_Key(k, m, value);
   }
 }
 

@@ -61,6 +61,10 @@ struct TrailerKey {
   bool Number;  // a number text: "." in the file, the locale's mark in the record
   // When the line is written; nullptr: when the text differs from a new record's.
   bool (*Written)(const BeamModel&) = nullptr;
+  // A list or a check box instead of a text (Member then nullptr): the item
+  // index or 1/0 as the value.
+  int BeamModel::*Choice = nullptr;
+  bool BeamModel::*Flag = nullptr;
 };
 // Every key, in the order written. Adding a key is one line of this table.
 const std::vector<TrailerKey>& Trailer_Keys();

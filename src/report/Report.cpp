@@ -434,6 +434,8 @@ void Edit_Results(Rich_Text& rt, const BeamModel& m, const Report_Inputs& in) {
     }
   }
 
+  if (in.After_Results) in.After_Results(rt);
+
   // 22. closing line
   rt.NewParagraph();
   rt.Send_Text("___________________");

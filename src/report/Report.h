@@ -32,6 +32,9 @@ struct Report_Inputs {
   std::string Language_Code = "UK";  // "UK" writes the date month first
   std::tm When{};                    // date and time of the header
   Report_PictureSource Pictures;     // may be empty: no pictures
+  // Blocks of other subsystems written after the results, before the
+  // closing line (the design check); may be empty.
+  std::function<void(Rich_Text&)> After_Results;
 };
 
 // The colours of the keys of the diagrams (0xBBGGRR): M black and V blue;

@@ -41,6 +41,9 @@
 #include "diagrams/qt/QtSurface.h"
 #include "foundation/qt/Stop_Button.h"
 #include "model/qt/Zarvek_Widgets.h"
+#include "design/DesignModel.h"
+#include "design/qt/Design_Frame.h"
+#include "foundation/qt/Translate_Form.h"
 
 namespace zarvek {
 
@@ -554,7 +557,8 @@ QWidget* Frm_Zarvek::Build_Page_Beam() {
 
   grid->addWidget(beam, 0, 0);
   grid->addWidget(steel, 0, 1);
-  grid->addWidget(section, 1, 0, 1, 2);
+  grid->addWidget(Build_Design_Inputs(), 0, 2);
+  grid->addWidget(section, 1, 0, 1, 3);
   grid->setRowStretch(1, 1);
   return page;
 }
@@ -972,9 +976,60 @@ QWidget* Frm_Zarvek::Build_Page_Results() {
   grid->addWidget(crit, 0, 1);
   grid->addWidget(home3, 1, 0, 1, 2);
   grid->addWidget(mode, 2, 0, 1, 2);
+  designFrame_ = new Design_Frame(page);
+  designFrame_->setMinimumWidth(designFrame_->fontMetrics().horizontalAdvance(QString(52, QChar('0'))));
+  grid->addWidget(designFrame_, 0, 2, 3, 1);
   grid->setRowStretch(1, 2);
   grid->setRowStretch(2, 3);
   return page;
+}
+
+// The inputs of the design check: steel grade or a typed fy, gammaM1, the
+// method, f, and whether a section of the dimensions route is welded.
+QGroupBox* Frm_Zarvek::Build_Design_Inputs() {
+  designInputs_ = new QGroupBox(this);
+  designInputs_->setObjectName("Cdr_DesignInputs");
+  auto* g = new QGridLayout(designInputs_);
+  auto* grade = new QComboBox(this);
+  for (int k = 0; k <= Grade_Typed; ++k) grade->addItem(Grade_Name(k));
+  auto* method = new QComboBox(this);
+  for (int k = 0; k < 3; ++k) method->addItem("");
+  for (auto [name, box] : {std::pair{"Lst_Grade", grade}, std::pair{"Lst_LtbMethod", method}}) {
+    Bind(name, box);
+    const size_t i = bindings_.size() - 1;
+    connect(box, qOverload<int>(&QComboBox::activated), this, [this, i] { Field_Edited(bindings_[i]); });
+  }
+  for (auto& l : designLabels_) l = new QLabel(designInputs_);
+  g->addWidget(designLabels_[0], 0, 0);
+  g->addWidget(grade, 0, 1);
+  g->addWidget(Symbol("fy", designInputs_), 1, 0);
+  g->addWidget(Edit("Txt_fy"), 1, 1);
+  g->addWidget(Unit_Label("Txt_fy"), 1, 2);
+  g->addWidget(Symbol(QString::fromUtf8("\u03B3M1"), designInputs_), 2, 0);
+  g->addWidget(Edit("Txt_GammaM1"), 2, 1);
+  g->addWidget(designLabels_[1], 3, 0);
+  g->addWidget(method, 3, 1, 1, 2);
+  g->addWidget(Check("Chk_fmod", "f"), 4, 0, 1, 3);
+  g->addWidget(Check("Chk_Welded", ""), 5, 0, 1, 3);
+  g->setColumnStretch(1, 1);
+  return designInputs_;
+}
+
+void Frm_Zarvek::Translate_Design() {
+  designInputs_->setTitle(QString::fromStdString(Design_Title()));
+  designLabels_[0]->setText(Lang_Further("Lst_Grade", "Steel grade"));
+  designLabels_[1]->setText(Lang_Further("Lst_LtbMethod", "Method"));
+  auto* grade = static_cast<QComboBox*>(Field_Widget("Lst_Grade"));
+  grade->setItemText(Grade_Typed, Lang_Further("Lst_Grade_Typed", "fy typed"));
+  auto* method = static_cast<QComboBox*>(Field_Widget("Lst_LtbMethod"));
+  method->setItemText(0, Lang_Further("Lst_LtbMethod_0", "By section: rolled 6.3.2.3, welded 6.3.2.2"));
+  method->setItemText(1, Lang_Further("Lst_LtbMethod_1", "6.3.2.2 general case"));
+  method->setItemText(2, Lang_Further("Lst_LtbMethod_2", "6.3.2.3 rolled or equivalent welded"));
+  static_cast<QCheckBox*>(Field_Widget("Chk_fmod"))
+      ->setText(Lang_Further("Chk_fmod", "Modification factor f (6.3.2.3)"));
+  static_cast<QCheckBox*>(Field_Widget("Chk_Welded"))
+      ->setText(Lang_Further("Chk_Welded", "Welded section (dimensions route)"));
+  designFrame_->After_Translate();
 }
 
 // ============================================================== load, captions
@@ -1032,6 +1087,7 @@ void Frm_Zarvek::Translate_Form() {
   for (const auto& [label, caption] : headingCopies_) label->setText(Lbl_Trad[caption]->text());
   for (int k = 0; k < 22; ++k)
     if (Cdr_Trad[k]) Cdr_Trad[k]->setTitle(Caption(L_Cdr_Trad0 + k));
+  Translate_Design();
   static_cast<QAbstractButton*>(Field_Widget("Opt_Catalogue"))->setText(Caption(L_Opt_Catalogue));
   static_cast<QAbstractButton*>(Field_Widget("Opt_Dimensions"))->setText(Caption(L_Opt_Dimensions));
   static_cast<QAbstractButton*>(Field_Widget("Opt_Properties"))->setText(Caption(L_Opt_Properties));
@@ -1526,6 +1582,17 @@ void Frm_Zarvek::Menu_Tools_External_Click() {
 }
 
 void Frm_Zarvek::Update_Commands() {
+  if (externalMode_ || Num_Of_Text(m_.Txt_mucr) == 0) designFrame_->Clear();
+  {
+    // a grade shows its fy of Table 3.1 for the thicker flange (the typed
+    // value stays in the record for the "fy typed" item)
+    auto* fy = static_cast<QLineEdit*>(Field_Widget("Txt_fy"));
+    Set_Locked(fy, m_.Lst_Grade != Grade_Typed);
+    if (m_.Lst_Grade != Grade_Typed) {
+      const double v = Fy_Of(m_);
+      fy->setText(v > 0 ? Lang(Format_Auto(v * 10 / m_.Fact_EG)) : QString("?"));
+    }
+  }
   Menu_Tools_Options->setEnabled(bool(Hooks.Options));
   Menu_Tools_Calculator->setEnabled(bool(Hooks.Calculator));
   Menu_Tools_External->setEnabled(bool(Hooks.DirectData));
@@ -1749,6 +1816,12 @@ void Frm_Zarvek::Cmd_Proceed_Click() {
   }
   // the text of the run stands in the comment line
   m_.Lbl_Comment = lastRun_.Message;
+  if (!externalMode_) {
+    // the design check, with its two further solves when C1 is needed
+    const bool usable = !lastRun_.Stopped && lastRun_.Solver.Converged;
+    const double Mcr = usable ? lastRun_.Solver.mucr * std::fabs((double)efforts_.Efforts_Mmax) : 0;
+    designFrame_->Show(Run_Design(m_, efforts_, Mcr, Problem_Path(), ctl_), m_);
+  }
   Refresh_FromModel();
   // the mesh of the problem file, not the element count of the main window
   if (externalMode_) st_.NB = lastRun_.Solver.NB;

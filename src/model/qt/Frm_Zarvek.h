@@ -46,6 +46,7 @@ class QVBoxLayout;
 namespace zarvek {
 
 class Shape_Picture;
+class Design_Frame;
 class SurfaceWidget;
 
 class Frm_Zarvek : public QMainWindow {
@@ -209,6 +210,12 @@ class Frm_Zarvek : public QMainWindow {
   QLabel* Heading(QLabel* own, int caption, QWidget* parent);
   QWidget* Build_Page_Loads();
   QWidget* Build_Page_Results();
+  // the design check: its inputs on the beam page, its frame of results
+  QGroupBox* Build_Design_Inputs();
+  void Translate_Design();
+  Design_Frame* designFrame_ = nullptr;
+  QGroupBox* designInputs_ = nullptr;
+  QLabel* designLabels_[4] = {};
   QGroupBox* Frame(int index);
   QLineEdit* Edit(const char* name);
   QComboBox* Restraint(const char* name);

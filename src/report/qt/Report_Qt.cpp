@@ -1,5 +1,7 @@
 #include "report/qt/Report_Qt.h"
 
+#include "design/DesignModel.h"
+
 #include <QAbstractTextDocumentLayout>
 #include <QBuffer>
 #include <QDateTime>
@@ -255,6 +257,7 @@ Rich_Document Build_Report(const BeamModel& m, const std::string& Language_Code,
   const std::time_t now = std::time(nullptr);
   localtime_r(&now, &in.When);
   in.Pictures = pictures;
+  in.After_Results = [&m](Rich_Text& rt) { Report_Design(rt, Design_Of_Record(m), m); };
   Rich_Text rt = Report_Builder();
   Edit_Results(rt, m, in);
   return rt.Document();

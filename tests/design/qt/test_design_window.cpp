@@ -1,0 +1,95 @@
+// The design check in the main window: its inputs on the beam page, its
+// frame on the results page after Proceed, cleared by a change of grade,
+// in English and in French.
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QtTest>
+#include <memory>
+
+#include "foundation/Language.h"
+#include "foundation/Mod_Zarvek.h"
+#include "model/qt/Frm_Zarvek.h"
+
+using namespace zarvek;
+
+class Test_Design_Window : public QObject {
+  Q_OBJECT
+
+  QTemporaryDir dir_;
+  StartupState s_;
+
+  void Load(const char* code) {
+    QVERIFY(Load_LanguageFile(std::string(ZARVEK_BIN_DIR) + "/ZARVEK_" + code + ".MSG", s_.File_Tmp));
+    Load_Messages();
+  }
+
+  // Pictures for a look by eye, when ZARVEK_SHOTS names a folder.
+  static void Shot(QWidget* w, const QString& name) {
+    const QByteArray dir = qgetenv("ZARVEK_SHOTS");
+    if (!dir.isEmpty()) w->grab().save(QString::fromLocal8Bit(dir) + "/" + name + ".png");
+  }
+
+ private slots:
+  void initTestCase() {
+    QVERIFY(dir_.isValid());
+    s_.Dir_Data = dir_.path().toStdString();
+    s_.App_Path = s_.Dir_Data + "/";
+    s_.File_Tmp = s_.App_Path + "Zarvek.TMP";
+    s_.File_Problem = s_.App_Path + "Zarvek.ZVK";
+    s_.File_Default = s_.App_Path + "Zarvek.DFT";
+  }
+
+  // Example 1 (IPE 300, S235, 6 m, 10 kN/m): chiLT,mod 0.589 and the class,
+  // as the hand calculation of tests/design gives them.
+  void proceedShowsTheCheck_data() {
+    QTest::addColumn<QString>("code");
+    QTest::addColumn<QString>("verdict");
+    QTest::newRow("UK") << "UK" << "sufficient";
+    QTest::newRow("FR") << "FR" << "suffisante";
+  }
+  void proceedShowsTheCheck() {
+    QFETCH(QString, code);
+    QFETCH(QString, verdict);
+    Load(code.toLatin1().constData());
+    auto w = std::make_unique<Frm_Zarvek>(s_);
+    w->Message_Box = [](const QString&, const QString&) {};
+    w->Beep = [] {};
+    QVERIFY(w->Form_Load());
+    QVERIFY(w->Open_Project(std::string(ZARVEK_SOURCE_DIR) + "/tests/design/examples/EXAMPLE1.DAT"));
+    w->resize(1500, 900);
+    w->show();
+    QVERIFY(QTest::qWaitForWindowExposed(w.get()));
+    auto* grade = qobject_cast<QComboBox*>(w->Field_Widget("Lst_Grade"));
+    QCOMPARE(grade->currentText(), QString("S235"));
+    QCOMPARE(qobject_cast<QLineEdit*>(w->Field_Widget("Txt_fy"))->text(), QString("235"));
+    Shot(w.get(), "design_beam_" + code);
+
+    w->Tab_Zarvek->setCurrentIndex(3);
+    QTest::mouseClick(w->Cmd_Proceed, Qt::LeftButton);
+    QCoreApplication::processEvents();
+    auto* body = w->findChild<QLabel*>("Lbl_Design");
+    QVERIFY(body);
+    const QString text = body->text();
+    QVERIFY2(text.contains("0.589") || text.contains("0,589"), qPrintable(text));
+    QVERIFY2(text.contains("0.940") || text.contains("0,940"), qPrintable(text));  // kc of Table 6.6
+    QVERIFY2(text.contains(verdict), qPrintable(text));
+    Shot(w.get(), "design_results_" + code);
+
+    // another grade: the results no longer stand, nor does the check
+    w->Tab_Zarvek->setCurrentIndex(0);
+    grade->setFocus();
+    QTest::keyClick(grade, Qt::Key_Down);
+    QCoreApplication::processEvents();
+    QCOMPARE(w->Model().Lst_Grade, 1);
+    QCOMPARE(qobject_cast<QLineEdit*>(w->Field_Widget("Txt_fy"))->text(), QString("275"));
+    QVERIFY(body->text().isEmpty());
+  }
+};
+
+QTEST_MAIN(Test_Design_Window)
+#include "test_design_window.moc"
