@@ -14,6 +14,7 @@
 
 #include "cli_common.h"
 #include "analysis/Sweep.h"
+#include "design/DesignModel.h"
 #include "diagrams/SvgWriter.h"
 #include "diagrams/SweepPlot.h"
 #include "diagrams/qt/QtSurface.h"
@@ -139,7 +140,9 @@ int Command_Sweep(const std::vector<std::string>& args) {
 
   Sweep_Options opt;
   opt.jobs = jobs;
-  // The design check's Mb,Rd joins the table here once a project carries one.
+  opt.Design_Check = [](const BeamModel& solved, const ModelSolve& r) {
+    return Design_MbRd(solved, r.run.Efforts, r.mucr);
+  };
   const std::vector<SweepPoint> pts = Run_Sweep(m, field, values, opt);
   const std::string unitF = Cp1252_To_Utf8(Field_Unit(m, field));
   const std::string unitM = Cp1252_To_Utf8(Unit_ItemText(UnitFamily::M, m.Lst_Unit_M));

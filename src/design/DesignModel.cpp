@@ -1,6 +1,7 @@
 #include "design/DesignModel.h"
 
 #include <cmath>
+#include <limits>
 #include <filesystem>
 #include <unistd.h>
 
@@ -218,6 +219,14 @@ DesignRun Run_Design(const BeamModel& m, const EffortsData& e, double Mcr,
     d.result = Ltb_Check(d.input);
   }
   return d;
+}
+
+double Design_MbRd(const BeamModel& m, const EffortsData& e, double mucr) {
+  const double Mcr = mucr * std::fabs((double)e.Efforts_Mmax);
+  SolveControl ctl;
+  const DesignRun d = Run_Design(m, e, Mcr, "", ctl);
+  if (!d.run || d.result.stop != LtbStop::None) return std::numeric_limits<double>::quiet_NaN();
+  return d.result.MbRd / m.Fact_M;
 }
 
 DesignRun Design_Of_Record(const BeamModel& m) {

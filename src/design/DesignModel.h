@@ -62,6 +62,12 @@ DesignRun Run_Design(const BeamModel& m, const EffortsData& e, double Mcr,
 // problem file of the temporary folder. Not run otherwise.
 DesignRun Design_Of_Record(const BeamModel& m);
 
+// Mb,Rd of a solved record in its moment unit, for a table of studies: `mucr`
+// its critical factor, `e` its internal forces. NaN when the check stops
+// before Mb,Rd. The further solves for C1 stay in memory, so that solves on
+// several threads share no file.
+double Design_MbRd(const BeamModel& m, const EffortsData& e, double mucr);
+
 // ---- texts ------------------------------------------------------------------
 
 // The title of the check: "Design check" in the loaded language.

@@ -19,6 +19,8 @@
 #include <vector>
 
 #include "analysis/Sweep.h"
+#include "app/cli_design.h"
+#include "design/DesignModel.h"
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
 #include "foundation/Units.h"
@@ -125,6 +127,8 @@ struct Result {
   std::vector<std::string> warnings;
   std::vector<float> mode;  // 1..4 NN as the solver leaves it
   int NB = 0;
+  double N = 0, Ncr = 0;    // axial force and mucr N, in the force unit
+  py::object design = py::none();  // the design check, a dict; None for a problem file
 
   py::array_t<double> Mode() const {
     const int nn = NB + 1;
@@ -181,10 +185,13 @@ struct Project {
   Result Solve() {
     BeamModel work = m;
     ModelSolve r;
+    DesignRun d;
     {
       py::gil_scoped_release unlocked;
       SolveControl ctl;
       r = Solve_Model(work, ctl);
+      if (r.status == 0)
+        d = Run_Design(work, r.run.Efforts, r.mucr * std::fabs((double)r.run.Efforts.Efforts_Mmax), "", ctl);
     }
     if (r.status != 0) Raise_Solve_Error(r.status, Utf8(r.message));
     m = std::move(work);  // the results stand in the project as in the window
@@ -200,6 +207,10 @@ struct Project {
     for (const auto& w : r.run.Solver.Warnings) out.warnings.push_back(Utf8(w));
     out.mode = r.run.Solver.Mode_Vector;
     out.NB = r.run.Solver.NB;
+    out.N = Num_Of_Text(m.Txt_N);
+    out.Ncr = Num_Of_Text(m.Txt_Ncr);
+    out.design = py::module_::import("json").attr("loads")(
+        "{" + Cp1252_To_Utf8(cli::Design_Json(d, m)) + "}")["design"];
     return out;
   }
 
@@ -339,16 +350,20 @@ py::dict Sweep(const Project& p, const std::string& field, const std::vector<dou
     py::gil_scoped_release unlocked;
     Sweep_Options opt;
     opt.jobs = jobs;
+    opt.Design_Check = [](const BeamModel& solved, const ModelSolve& r) {
+      return Design_MbRd(solved, r.run.Efforts, r.mucr);
+    };
     pts = Run_Sweep(p.m, field, values, opt);
   }
   const size_t n = pts.size();
-  py::array_t<double> value(n), mucr(n), Mcr(n);
+  py::array_t<double> value(n), mucr(n), Mcr(n), MbRd(n);
   py::array_t<int> status(n);
   py::list message;
   for (size_t i = 0; i < n; ++i) {
     value.mutable_at(i) = pts[i].value;
     mucr.mutable_at(i) = pts[i].ok() ? pts[i].mucr : NAN;
     Mcr.mutable_at(i) = pts[i].ok() ? pts[i].Mcr : NAN;
+    MbRd.mutable_at(i) = pts[i].ok() ? pts[i].MbRd : NAN;
     status.mutable_at(i) = pts[i].status;
     message.append(Utf8(pts[i].message));
   }
@@ -356,6 +371,7 @@ py::dict Sweep(const Project& p, const std::string& field, const std::vector<dou
   d["value"] = value;
   d["mucr"] = mucr;
   d["Mcr"] = Mcr;
+  d["MbRd"] = MbRd;
   d["status"] = status;
   d["message"] = message;
   return d;
@@ -395,6 +411,12 @@ class SolveError(RuntimeError):
       .def_readonly("unit_M", &Result::unit_M, "Unit of Mcr and Mmax.")
       .def_readonly("warnings", &Result::warnings, "Warnings of the vector iteration, in order.")
       .def_readonly("NB", &Result::NB, "Number of elements.")
+      .def_readonly("N", &Result::N, "Axial force (compression positive), in the project's force unit.")
+      .def_readonly("Ncr", &Result::Ncr, "Critical axial force mucr * N, in the project's force unit.")
+      .def_readonly("design", &Result::design,
+                    "The lateral-torsional buckling check of the solved beam as a dict (grade, fy, gammaM1, "
+                    "class, Wy, lambdaLT, curve, alphaLT, phiLT, chiLT, kc, C1, f, chiLTmod, MbRd, "
+                    "utilisation, note; None where a value is not computed); None for a problem file.")
       .def_property_readonly("mode", &Result::Mode,
                              "Buckling mode, numpy array (NB + 1, 4): v, theta, v', theta' of every node, "
                              "largest component 1 in magnitude.")
@@ -443,6 +465,6 @@ class SolveError(RuntimeError):
           "KeyError naming the nearest section when there is none of that name.");
   mod.def("sweep", &Sweep, py::arg("project"), py::arg("field"), py::arg("values"), py::arg("jobs") = 0,
           "Solves the project for every value of one field on `jobs` threads (0: every core). Returns a "
-          "dict of numpy arrays value, mucr, Mcr (NaN where not solved), status and a list of messages.");
+          "dict of numpy arrays value, mucr, Mcr, MbRd (NaN where not solved or not checked), status and a list of messages.");
   mod.attr("home") = Home();
 }

@@ -132,3 +132,39 @@ def test_problem_file_of_the_example():
     r = zarvek.load_problem(path).solve()
     assert r.unit_M == "daN.cm"
     assert r.mucr > 0 and r.mode.shape == (r.NB + 1, 4)
+
+
+def test_axial_force_and_design_check_ride_on_the_result(beam):
+    # doubly symmetric beam, uniform moment M and compression N, fork ends:
+    # (mu M)^2 = i0^2 (Ncr,z - mu N)(Ncr,T - mu N)  (kN, cm)
+    A, IY = 53.81, 8356.0
+    L, M, N = 800.0, 100.0 * 100, 200.0
+    i0sq = (IY + IZ) / A
+    ncrz = math.pi ** 2 * E * IZ / L ** 2
+    ncrt = (G * IT + math.pi ** 2 * E * IW / L ** 2) / i0sq
+    # the root between 0 and the first of the buckling loads
+    lo, hi = 0.0, min(ncrz, ncrt) / N
+    for _ in range(200):
+        mu = (lo + hi) / 2
+        if (mu * M) ** 2 < i0sq * (ncrz - mu * N) * (ncrt - mu * N):
+            lo = mu
+        else:
+            hi = mu
+    beam["Txt_L"] = "8"
+    beam["Txt_N"] = str(N)
+    r = beam.solve()
+    assert r.N == N
+    assert r.mucr == pytest.approx(lo, rel=1e-3)
+    assert r.Ncr == pytest.approx(r.mucr * N, rel=1e-5)
+
+    # the check's own chain: lambdaLT from Wy fy / Mcr, Mb,Rd from chiLT,mod
+    # (cm3 times MPa is N.m: 1e-3 kN.m)
+    beam["Txt_N"] = "0"
+    r = beam.solve()
+    d = r.design
+    assert d["grade"] == "S355" and d["class"] in (1, 2, 3)
+    assert d["lambdaLT"] == pytest.approx(math.sqrt(d["Wy"] * d["fy"] * 1e-3 / abs(r.Mcr)), rel=1e-4)
+    assert d["MbRd"] == pytest.approx(d["chiLTmod"] * d["Wy"] * d["fy"] * 1e-3 / d["gammaM1"], rel=1e-4)
+    # the sweep carries the same Mb,Rd
+    s = zarvek.sweep(beam, "Txt_L", [8.0])
+    assert s["MbRd"][0] == pytest.approx(d["MbRd"], rel=1e-9)

@@ -1,4 +1,5 @@
 #include "analysis/qt/Frm_Sweep.h"
+#include "design/DesignModel.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -207,6 +208,9 @@ void Frm_Sweep::Run() {
     Sweep_Options opt;
     opt.done = &done_;
     opt.stop = &stop_;
+    opt.Design_Check = [](const BeamModel& solved, const ModelSolve& r) {
+      return Design_MbRd(solved, r.run.Efforts, r.mucr);
+    };
     return Run_Sweep(project_, field, values, opt);
   });
   Update_Commands();
