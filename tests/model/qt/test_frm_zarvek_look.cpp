@@ -53,7 +53,9 @@ class Test_Frm_Zarvek_Look : public QObject {
     QVERIFY(QTest::qWaitForWindowExposed(w.get()));
     const qint64 ms = t.elapsed();
     qInfo("window open: %lld ms", ms);
+#ifndef ZARVEK_SANITIZED  // instrumented code is slower by design
     QVERIFY(ms < 1000);
+#endif
   }
 
   // Proceed on 200 elements with every diagram redrawn.
@@ -80,7 +82,9 @@ class Test_Frm_Zarvek_Look : public QObject {
     }
     qInfo("Proceed, 200 elements, diagrams redrawn: %lld ms (best of 5)", best);
     QVERIFY(w->Model().Mode_Max > 0);
+#ifndef ZARVEK_SANITIZED
     QVERIFY(best < 100);
+#endif
   }
 };
 
