@@ -23,15 +23,6 @@ double Json_Value(const std::string& json, const std::string& key) {
   return std::strtod(json.c_str() + p + key.size() + 3, nullptr);
 }
 
-std::string Save(const TempDir& files, const std::string& name,
-                 const std::function<void(zarvek::BeamModel&)>& change = {}) {
-  zarvek::BeamModel m;
-  zarvek::Init_Default(m, "/tmp");
-  if (change) change(m);
-  EXPECT_TRUE(zarvek::Save_FileDAT(m, files / name));
-  return files / name;
-}
-
 }  // namespace
 
 // The example beam in S355 (the default): Mcr = 48.33 kN.m by the closed
