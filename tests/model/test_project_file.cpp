@@ -222,7 +222,7 @@ TEST_F(ProjectFile, TrailerOfKeyedLinesAfterTheFixedLayout) {
       // read over one that had it
       ASSERT_TRUE(Write_File_Atomic(File("AX.DAT"), before));
       ASSERT_TRUE(Read(back, File("AX.DAT")).ok);
-      EXPECT_EQ(back.Txt_N + " " + back.Txt_A3, "0 53.81");
+      EXPECT_EQ(back.Txt_N + " " + back.Txt_A3, std::string("0 53") + sep + "81");
       // without axial force the constants are not written, whatever they hold
       axial.Txt_N = std::string("0") + sep + "0";
       EXPECT_EQ(Project_Text(axial), before);

@@ -100,7 +100,7 @@ class Test_Frm_Sweep : public QObject {
     QTest::mouseClick(f.Cmd_Copy, Qt::LeftButton);
     const QStringList rows = QGuiApplication::clipboard()->text().split('\n', Qt::SkipEmptyParts);
     QCOMPARE(rows.size(), 5);
-    QCOMPARE(rows[0], QString("Txt_L [m],mucr,Mcr [kN.m],status,message"));
+    QCOMPARE(rows[0], QString("Txt_L [m],mucr,Mcr [kN.m],status,\"Mb,Rd [kN.m]\",message"));
     QVERIFY(rows[1].startsWith("0.5,,,-1,"));
     const double spans[3] = {4, 7.5, 11};
     for (int i = 0; i < 3; ++i) {
