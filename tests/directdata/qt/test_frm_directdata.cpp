@@ -48,21 +48,23 @@ void Key(QWidget& form, Qt::Key key, Qt::KeyboardModifiers mods = Qt::NoModifier
   QTest::keyClick(w, key, mods);
 }
 
-// Reads and closes the first message box that comes up.
-void Answer_Box(QString* text, QMessageBox::Icon* icon) {
-  auto tries = std::make_shared<int>(0);
-  auto poll = std::make_shared<std::function<void()>>();
-  *poll = [=] {
+// Reads and closes the first message box that comes up. Each look that
+// finds none posts a copy of itself, so that nothing outlives the last one.
+struct Box_Poll {
+  QString* text;
+  QMessageBox::Icon* icon;
+  int tries = 0;
+  void operator()() {
     if (auto* b = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
       *text = b->text();
       *icon = b->icon();
       b->accept();
       return;
     }
-    if (++*tries < 300) QTimer::singleShot(10, *poll);
-  };
-  QTimer::singleShot(0, *poll);
-}
+    if (++tries < 300) QTimer::singleShot(10, Box_Poll(*this));
+  }
+};
+void Answer_Box(QString* text, QMessageBox::Icon* icon) { QTimer::singleShot(0, Box_Poll{text, icon}); }
 
 }  // namespace
 
