@@ -78,9 +78,19 @@ bool Holds_ProgramData(const std::string& dir) {
   return language;
 }
 
-std::string Installed_DataDir(const std::string& exeDir) {
+namespace {
+
+// the shared data of an installed (or unpacked) package, beside the executable's bin
+std::string Package_ShareDir(const std::string& exeDir) {
   const std::string share = Without_Slash(exeDir) + "/../share/zarvek";
-  if (Holds_ProgramData(share)) return Canonical(share);
+  return Holds_ProgramData(share) ? Canonical(share) : std::string();
+}
+
+}  // namespace
+
+std::string Installed_DataDir(const std::string& exeDir) {
+  const std::string share = Package_ShareDir(exeDir);
+  if (!share.empty()) return share;
   if (Holds_ProgramData(exeDir)) return Canonical(exeDir);
   return std::string();
 }
@@ -97,7 +107,10 @@ StartPlace Choose_StartPlace(const std::string& cwd, const std::string& exeDir,
   StartPlace p;
   const std::string installed = Installed_DataDir(exeDir);
   const bool cwdWritable = ::access(cwd.c_str(), W_OK) == 0;
-  const bool cwdIsInstalled = !installed.empty() && Canonical(cwd) == installed;
+  // Only the package's shared folder is never a start directory: a build folder
+  // (or a copy of it) that holds the data and the executable is the user's own.
+  const std::string share = Package_ShareDir(exeDir);
+  const bool cwdIsInstalled = !share.empty() && Canonical(cwd) == share;
   if (Holds_ProgramData(cwd) && cwdWritable && !cwdIsInstalled) {
     p.Start_Dir = p.Dialog_Dir = Without_Slash(cwd);
     return p;

@@ -105,6 +105,11 @@ TEST(StartPlace, ABuildTreeIsItsOwnInstalledData) {
   Tree t;
   t.Ship("bin", {"ZARVEK_UK.MSG", "SECTION.DB"});
   EXPECT_EQ(Installed_DataDir(t / "bin"), t / "bin");
+  // ./Zarvek started in its own build folder: that folder is the start
+  // directory (its .INI is read and written), the user's home is left alone
+  StartPlace p = Choose_StartPlace(t / "bin", t / "bin", "", t / "home");
+  EXPECT_EQ(p.Start_Dir, t / "bin");
+  EXPECT_FALSE(fs::exists(t / "home"));
   // ../share/zarvek wins when both hold the data
   t.Ship("share/zarvek", {"ZARVEK_UK.MSG", "SECTION.DB"});
   EXPECT_EQ(Installed_DataDir(t / "bin/"), t / "share/zarvek");
