@@ -42,7 +42,7 @@ void Proceed_With_Check(benchmark::State& state) {
     SolveControl ctl;
     ProceedResult p = Proceed(m, Problem(), ctl);
     const double Mcr = p.Solver.mucr * std::fabs((double)p.Efforts.Efforts_Mmax);
-    DesignRun d = Run_Design(m, p.Efforts, Mcr, Problem(), ctl);
+    DesignRun d = Run_Design(m, p.Efforts, Mcr, ctl);
     if (d.furtherSolves != 2) state.SkipWithError("the check made no further solve");
     benchmark::DoNotOptimize(d.result.MbRd);
   }

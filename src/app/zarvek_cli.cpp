@@ -419,7 +419,7 @@ int Solve_Project(const std::string& file, bool json, Scratch_Dir& scratch, bool
   {
     // the design check, with its further solves when C1 is needed
     const double Mcr = Usable(s, r.stopped) ? p.Solver.mucr * std::fabs((double)p.Efforts.Efforts_Mmax) : 0;
-    const DesignRun d = Run_Design(m, p.Efforts, Mcr, problem, ctl);
+    const DesignRun d = Run_Design(m, p.Efforts, Mcr, ctl);
     r.design_json = cli::Design_Json(d, m);
     r.design_text = cli::Design_Text(d, m);
   }

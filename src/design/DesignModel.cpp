@@ -1,9 +1,8 @@
 #include "design/DesignModel.h"
 
 #include <cmath>
+#include <future>
 #include <limits>
-#include <filesystem>
-#include <unistd.h>
 
 #include "analysis/Proceed.h"
 #include "foundation/Language.h"
@@ -181,11 +180,15 @@ BeamModel Model_UniformMoment(const BeamModel& m, double MEd) {
 
 namespace {
 
-// Mcr (daN.cm, magnitude) of a further model, 0 when its solve fails.
-double Solve_Mcr(BeamModel c, const std::string& problemPath, const SolveControl& ctl) {
-  SolveControl k = ctl;
-  k.Stop_Requested = false;
-  ProceedResult p = Proceed(c, problemPath, k);
+// Mcr (daN.cm, magnitude) of a further model, 0 when its solve fails. The
+// model is solved in memory: the problem file on disk stays the one of the
+// user's beam, which the file-data mode and other programs read back. No
+// status, progress or box: the solve may run on another thread.
+double Solve_Mcr(BeamModel c, const SolveControl& ctl) {
+  SolveControl k;
+  k.Tol = ctl.Tol;
+  k.NbIter = ctl.NbIter;
+  ProceedResult p = Proceed(c, "", k);
   if (p.Solve_Status != 0 || p.Stopped || !p.Solver.Converged) return 0;
   const double mcr = p.Solver.mucr * std::fabs((double)p.Efforts.Efforts_Mmax);
   return std::isfinite(mcr) && mcr > 0 ? mcr : 0;
@@ -193,8 +196,7 @@ double Solve_Mcr(BeamModel c, const std::string& problemPath, const SolveControl
 
 }  // namespace
 
-DesignRun Run_Design(const BeamModel& m, const EffortsData& e, double Mcr,
-                     const std::string& problemPath, const SolveControl& ctl) {
+DesignRun Run_Design(const BeamModel& m, const EffortsData& e, double Mcr, const SolveControl& ctl) {
   DesignRun d;
   d.grade = m.Lst_Grade;
   d.propertiesRoute = m.Opt_Properties;
@@ -209,8 +211,10 @@ DesignRun Run_Design(const BeamModel& m, const EffortsData& e, double Mcr,
   // C1 from two further solves when f is used and Table 6.6 has no kc
   if (d.result.stop == LtbStop::NoKc) {
     d.furtherSolves = 2;
-    d.Mcr_sc = Solve_Mcr(Model_LoadsAtShearCentre(m), problemPath, ctl);
-    d.Mcr_0 = Solve_Mcr(Model_UniformMoment(m, d.input.MEd), problemPath, ctl);
+    // the two solves are independent: side by side on two cores
+    auto sc = std::async(std::launch::async, Solve_Mcr, Model_LoadsAtShearCentre(m), ctl);
+    d.Mcr_0 = Solve_Mcr(Model_UniformMoment(m, d.input.MEd), ctl);
+    d.Mcr_sc = sc.get();
     if (d.Mcr_sc > 0 && d.Mcr_0 > 0) {
       d.input.C1 = d.Mcr_sc / d.Mcr_0;
     } else {
@@ -224,7 +228,7 @@ DesignRun Run_Design(const BeamModel& m, const EffortsData& e, double Mcr,
 double Design_MbRd(const BeamModel& m, const EffortsData& e, double mucr) {
   const double Mcr = mucr * std::fabs((double)e.Efforts_Mmax);
   SolveControl ctl;
-  const DesignRun d = Run_Design(m, e, Mcr, "", ctl);
+  const DesignRun d = Run_Design(m, e, Mcr, ctl);
   if (!d.run || d.result.stop != LtbStop::None) return std::numeric_limits<double>::quiet_NaN();
   return d.result.MbRd / m.Fact_M;
 }
@@ -235,15 +239,10 @@ DesignRun Design_Of_Record(const BeamModel& m) {
   EffortsData e;
   Calculer_Efforts(c, e);
   const double Mcr = m.Mcr_Factor * std::fabs((double)e.Efforts_Mmax);
-  std::error_code ec;
-  const auto path = std::filesystem::temp_directory_path(ec) /
-                    ("zarvek-design-" + std::to_string(::getpid()) + ".ZVK");
   SolveControl ctl;
   ctl.Tol = Tolerance_Of(m);
   ctl.NbIter = NbIter_Of(m);
-  DesignRun d = Run_Design(c, e, Mcr, path.string(), ctl);
-  std::filesystem::remove(path, ec);
-  return d;
+  return Run_Design(c, e, Mcr, ctl);
 }
 
 // ---- texts ------------------------------------------------------------------

@@ -53,9 +53,9 @@ struct DesignRun {
 };
 
 // `Mcr` (daN.cm, > 0 when usable), `e` the internal forces of the solve. The
-// further solves, when needed, write `problemPath` and use a copy of `ctl`.
-DesignRun Run_Design(const BeamModel& m, const EffortsData& e, double Mcr,
-                     const std::string& problemPath, const SolveControl& ctl);
+// further solves, when needed, run in memory with the tolerance and iteration
+// limit of `ctl`: no problem file is written.
+DesignRun Run_Design(const BeamModel& m, const EffortsData& e, double Mcr, const SolveControl& ctl);
 
 // The check of a record whose results stand (Txt_mucr not 0): the internal
 // forces again, Mcr from the last critical factor, the further solves in a

@@ -191,7 +191,7 @@ struct Project {
       SolveControl ctl;
       r = Solve_Model(work, ctl);
       if (r.status == 0)
-        d = Run_Design(work, r.run.Efforts, r.mucr * std::fabs((double)r.run.Efforts.Efforts_Mmax), "", ctl);
+        d = Run_Design(work, r.run.Efforts, r.mucr * std::fabs((double)r.run.Efforts.Efforts_Mmax), ctl);
     }
     if (r.status != 0) Raise_Solve_Error(r.status, Utf8(r.message));
     m = std::move(work);  // the results stand in the project as in the window

@@ -152,7 +152,7 @@ void Frm_Zarvek::Cmd_Proceed_Click() {
     // the design check, with its two further solves when C1 is needed
     const bool usable = !lastRun_.Stopped && lastRun_.Solver.Converged;
     const double Mcr = usable ? lastRun_.Solver.mucr * std::fabs((double)efforts_.Efforts_Mmax) : 0;
-    designFrame_->Show(Run_Design(m_, efforts_, Mcr, Problem_Path(), ctl_), m_);
+    designFrame_->Show(Run_Design(m_, efforts_, Mcr, ctl_), m_);
   }
   Refresh_FromModel();
   // the mesh of the problem file, not the element count of the main window
