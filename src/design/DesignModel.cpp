@@ -172,8 +172,12 @@ BeamModel Model_UniformMoment(const BeamModel& m, double MEd) {
   c.Chk_M = true;
   c.Opt_M2 = true;
   c.Opt_Psi = false;
-  c.Txt_M1 = MEd >= 0 ? "-1" : "1";
-  c.Txt_M2 = MEd >= 0 ? "1" : "-1";
+  // the size of the beam's own largest moment, so that the critical factor
+  // lies where the solve of the beam found its own (the solver looks for it
+  // below 1000 only: a moment of 1 failed for every Mcr above 1000 units)
+  const double size = m.Fact_M > 0 && std::fabs(MEd) > 0 ? std::fabs(MEd) / m.Fact_M : 1.0;
+  c.Txt_M1 = Number_To_Text(MEd >= 0 ? -size : size);
+  c.Txt_M2 = Number_To_Text(MEd >= 0 ? size : -size);
   c.Txt_Psi = "1";
   return c;
 }
