@@ -338,11 +338,9 @@ TEST(PublishedExamples, DISABLED_WriteProjects) {
 
 // The rafter of example 2 with a load the tables have no kc for (800 kN at
 // 0.3 L): C1 then comes from the two further solves. Mcr,0 of this short
-// beam is 2737 kN.m, and Model_UniformMoment loads it with 1 kN.m: the
-// solver's bracket of the critical factor ends at 1000, the further solve
-// fails and the check stops for want of kc. Disabled until the uniform
-// moment is given the size of MEd.
-TEST(PublishedExamples, DISABLED_ShortStiffBeamKeepsItsC1) {
+// beam is 2737 kN.m, beyond the solver's bracket of the critical factor
+// (1000) under a unit moment: the uniform moment must carry the size of MEd.
+TEST(PublishedExamples, ShortStiffBeamKeepsItsC1) {
   BeamModel m = Published(2);
   m.Chk_M = false;
   m.Chk_F1 = true;
