@@ -1,36 +1,18 @@
 // zarvek-cli sweep: the table and the curve of a span sweep, the exit codes.
-#include <cmath>
-
 #include "app_support.h"
-#include "model/ProjectFile.h"
 
 using namespace app_test;
 
 namespace {
 
-std::string Example_Project(const TempDir& d) {
-  zarvek::BeamModel m;
-  zarvek::Init_Default(m, "/tmp");  // IPE 300, 10 m, fork supports, 100 kN.m
-  EXPECT_TRUE(zarvek::Save_FileDAT(m, d / "SPAN.DAT"));
-  return d / "SPAN.DAT";
-}
-
-// Fork-supported IPE 300 of L cm under uniform moment, daN.cm.
-double Mcr_Uniform(double L) {
-  const double pi = std::numbers::pi, E = 2.1e6, G = 807690, Iz = 603.78, It = 19.868, Iw = 126332;
-  return pi / L * std::sqrt(E * Iz * G * It) * std::sqrt(1 + pi * pi * E * Iw / (L * L * G * It));
-}
-
 TEST(CliSweep, TableAndCurveOfTheSpan) {
-  TempDir files, run;
-  const std::string dat = Example_Project(files);
-  RunResult r = Run_Zarvek(run.path,
-                           {"sweep", dat, "--field", "Txt_L", "--from", "0.5", "--to", "10", "--step", "2.5", "-o",
-                            files / "out.csv", "--plot", files / "out.svg", "--jobs", "2"},
-                           "zarvek-cli");
+  TempDir files;
+  const std::string dat = Save(files, "SPAN.DAT");
+  RunResult r = Cli({"sweep", dat, "--field", "Txt_L", "--from", "0.5", "--to", "10", "--step", "2.5", "-o",
+                     files / "out.csv", "--plot", files / "out.svg", "--jobs", "2"});
   EXPECT_EQ(r.exit_code, 0) << r.err;
   // 0.5 m is below the 1 m of a 100-element beam: one row refused, named on stderr
-  EXPECT_NE(r.err.find("1 of 4 points not solved"), std::string::npos) << r.err;
+  EXPECT_TRUE(Has(r.err, "1 of 4 points not solved")) << r.err;
   const std::vector<std::string> rows = Lines_Of(Read_All(files / "out.csv"));
   ASSERT_EQ(rows.size(), 5u);
   // the design check of the example's IPE 300 adds its Mb,Rd
@@ -43,37 +25,31 @@ TEST(CliSweep, TableAndCurveOfTheSpan) {
     ASSERT_EQ(std::sscanf(rows[i + 2].c_str(), "%lf,%lf,%lf,%d", &value, &mucr, &Mcr, &status), 4) << rows[i + 2];
     EXPECT_EQ(value, spans[i]);
     EXPECT_EQ(status, 0);
-    // kN.m -> daN.cm: x 10^4
-    EXPECT_NEAR(Mcr * 1e4 / Mcr_Uniform(spans[i] * 100), 1.0, 2e-4) << rows[i + 2];
+    EXPECT_NEAR(Mcr * 1e4 / Mcr_Example(spans[i] * 100), 1.0, 2e-4) << rows[i + 2];  // kN.m -> daN.cm
   }
   // the curve: an SVG document with both axis labels and their units
   const std::string svg = Read_All(files / "out.svg");
-  EXPECT_NE(svg.find("<svg"), std::string::npos);
-  EXPECT_NE(svg.find("Txt_L (m)"), std::string::npos);
-  EXPECT_NE(svg.find("Mcr (kN.m)"), std::string::npos);
+  EXPECT_TRUE(Has(svg, "<svg") && Has(svg, "Txt_L (m)") && Has(svg, "Mcr (kN.m)"));
 }
 
 TEST(CliSweep, RefusalsAndExitCodes) {
-  TempDir files, run;
-  const std::string dat = Example_Project(files);
-  const auto sweep = [&](std::vector<std::string> extra) {
-    std::vector<std::string> a = {"sweep", dat};
+  TempDir files;
+  const std::string dat = Save(files, "SPAN.DAT");
+  const auto sweep = [&](Args extra, const std::string& file = "") {
+    Args a = {"sweep", file.empty() ? dat : file};
     a.insert(a.end(), extra.begin(), extra.end());
-    return Run_Zarvek(run.path, a, "zarvek-cli");
+    return Cli(a);
   };
-  EXPECT_EQ(sweep({"--field", "Txt_Lx", "--from", "1", "--to", "2", "--step", "1"}).exit_code, 1);
-  EXPECT_EQ(sweep({"--field", "Txt_L", "--from", "1", "--to", "2", "--step", "0"}).exit_code, 1);
-  EXPECT_EQ(sweep({"--field", "Txt_L", "--from", "1", "--to", "2"}).exit_code, 1);
-  EXPECT_EQ(sweep({"--field", "Txt_L", "--from", "1", "--to", "2", "--step", "1", "--plot", "x.pdf"}).exit_code, 1);
+  for (const Args& bad : std::vector<Args>{{"--field", "Txt_Lx", "--from", "1", "--to", "2", "--step", "1"},
+                                           {"--field", "Txt_L", "--from", "1", "--to", "2", "--step", "0"},
+                                           {"--field", "Txt_L", "--from", "1", "--to", "2"},
+                                           {"--field", "Txt_L", "--from", "1", "--to", "2", "--step", "1", "--plot", "x.pdf"}})
+    EXPECT_EQ(sweep(bad).exit_code, 1) << bad.size();
   // every point refused: no result at all, yet the table is printed
   RunResult none = sweep({"--field", "Txt_L", "--from", "400", "--to", "500", "--step", "50"});
   EXPECT_EQ(none.exit_code, 3);
   EXPECT_EQ(Lines_Of(none.out).size(), 4u);
-  EXPECT_EQ(Run_Zarvek(run.path, {"sweep", files / "NONE.DAT", "--field", "Txt_L", "--from", "1", "--to", "2",
-                                  "--step", "1"},
-                       "zarvek-cli")
-                .exit_code,
-            2);
+  EXPECT_EQ(sweep({"--field", "Txt_L", "--from", "1", "--to", "2", "--step", "1"}, files / "NONE.DAT").exit_code, 2);
 }
 
 }  // namespace
