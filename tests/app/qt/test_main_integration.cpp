@@ -111,10 +111,7 @@ class Test_Main_Integration : public QObject {
   std::unique_ptr<Frm_Zarvek> Open_Window() {
     auto w = std::make_unique<Frm_Zarvek>(start_->state);
     w->Message_Box = [this](const QString& text, const QString&) { shown_ << text; };
-    w->Confirm_Box = [this](const QString& text) {
-      shown_ << text;
-      return true;
-    };
+    w->Confirm_Box = [this](const QString& text) { return shown_ << text, true; };
     w->Choose_File = [this](int, const QString&, const QString&) {
       return chosen_.isEmpty() ? QString() : chosen_.takeFirst();
     };
@@ -199,7 +196,6 @@ class Test_Main_Integration : public QObject {
   // restraint lists keep their choice and a typed spring keeps its number.
   void languageSwitchTranslatesTheMainWindow() {
     QVERIFY2(Control_Names_In_Tooltips().isEmpty(), qPrintable(Control_Names_In_Tooltips().join('\n')));
-    const QString tabUK = w_->Tab_Zarvek->tabText(1);
     Click_Page(1);
     auto* v2 = F<QComboBox>("Lst_v2");
     v2->setCurrentIndex(2);
@@ -218,7 +214,6 @@ class Test_Main_Integration : public QObject {
     QVERIFY(seen);
 
     QCOMPARE(start_->state.Language_Code, std::string("FR"));
-    QVERIFY(w_->Tab_Zarvek->tabText(1) != tabUK);
     QCOMPARE(w_->Tab_Zarvek->tabText(1).toStdString(), Cp1252_To_Utf8(Section_Line(1, 20)));
     QCOMPARE(F<QComboBox>("Lst_v1")->currentText(), QString::fromUtf8("Bloqué"));
     QCOMPARE(w_->Model().Lst_v1.index, 1);
