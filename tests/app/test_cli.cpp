@@ -1,9 +1,11 @@
 // The command-line solver, run as a child process in an empty directory of
 // its own: exit 0 only with a usable critical moment, invalid input named as
-// such, output that any reader can take, and the design check.
+// such, output that any reader can take, the design check, the pictures of
+// `draw` at their design sizes and the table and curve of `sweep`.
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cstdint>
 
 #include "app_support.h"
 #include "model/FieldTable.h"
@@ -195,7 +197,9 @@ TEST(Cli, AnEmptyOrUnreadableCatalogueIsAnError) {
     }
   }
   ::chmod((inst / "SECTION.DB").c_str(), 0);
-  if (::geteuid() != 0) EXPECT_EQ(Cli({"sections"}, program).exit_code, 2);
+  if (::geteuid() != 0) {
+    EXPECT_EQ(Cli({"sections"}, program).exit_code, 2);
+  }
 }
 
 // The example beam in S355 (the default): Mcr = 48.33 kN.m by the closed
@@ -239,6 +243,108 @@ TEST(CliDesign, CheckOfTheExampleBeam) {
   const double C1 = Json_Value(t.out, "C1");
   EXPECT_GT(C1, 1.0) << t.out;
   EXPECT_NEAR(Json_Value(t.out, "kc"), 1 / std::sqrt(C1), 1e-6);
+}
+
+// ---- draw ----
+
+// Width and height of a PNG file from its header; 0 x 0 when it is none.
+std::pair<std::uint32_t, std::uint32_t> Png_Size(const std::string& file) {
+  const std::string d = Read_All(file);
+  if (d.size() < 24 || d.compare(1, 3, "PNG") != 0 || d.compare(12, 4, "IHDR") != 0) return {0, 0};
+  auto be = [&](size_t at) {
+    std::uint32_t v = 0;
+    for (size_t i = at; i < at + 4; ++i) v = v << 8 | (unsigned char)d[i];
+    return v;
+  };
+  return {be(16), be(20)};
+}
+
+TEST(CliDraw, EachDiagramAtItsDesignSize) {
+  TempDir files;
+  const std::string dat = Save(files, "BEAM.DAT");
+  // twips at 15 a pixel: 7335 x 1365, 3705 x 3795, 7335 x 1755, 7335 x 2775
+  const std::tuple<const char*, std::uint32_t, std::uint32_t> cases[] = {
+      {"loads", 489, 91}, {"section", 247, 253}, {"forces", 489, 117}, {"mode", 489, 185}};
+  for (const auto& [what, w, h] : cases) {
+    const std::string out = files / (std::string(what) + ".png");
+    EXPECT_EQ(Expect_Cli({"draw", dat, "--what", what, "-o", out}, 0).err, "");
+    EXPECT_EQ(Png_Size(out), std::make_pair(w, h)) << what;
+  }
+  // print quality: three times the size; SVG: the screen size in its header
+  Expect_Cli({"draw", dat, "--what", "loads", "-o", files / "big.PNG", "--scale", "3"}, 0);
+  EXPECT_EQ(Png_Size(files / "big.PNG"), std::make_pair(1467u, 273u));
+  Expect_Cli({"draw", dat, "--what", "mode", "-o", files / "mode.svg"}, 0);
+  const std::string svg = Read_All(files / "mode.svg");
+  EXPECT_TRUE(Has(svg, "width=\"489\" height=\"185\""));
+  EXPECT_TRUE(Has(svg, "stroke=\"#0000c0\""));  // the v curve, 0xC00000
+}
+
+TEST(CliDraw, ProblemFileAndRefusals) {
+  TempDir files;
+  const std::string zvk = files / "BEAM.ZVK", png = files / "x.png";
+  zarvek::Write_ProblemFile(zvk, zarvek::Fork_Beam_Uniform_Load(100, 1000.0, 10.0, 0.0), zarvek::ProblemLabels::Proceed);
+  for (const char* what : {"forces", "mode"}) Expect_Cli({"draw", zvk, "--what", what, "-o", files / "p.svg"}, 0);
+  // a problem file has no loads scheme nor section
+  Expect_Cli({"draw", zvk, "--what", "section", "-o", png}, 1);
+
+  const std::string dat = Save(files, "BEAM.DAT");
+  for (const Args& args : std::vector<Args>{{"draw", dat, "--what", "pies", "-o", png},
+                                            {"draw", dat, "--what", "loads", "-o", files / "x.bmp"},
+                                            {"draw", dat, "--what", "loads"},
+                                            {"draw", dat, "--what", "loads", "-o", png, "--scale", "0"},
+                                            {"draw", "--what", "loads", "-o", png}}) {
+    const std::string err = Expect_Cli(args, 1).err;
+    EXPECT_EQ(std::count(err.begin(), err.end(), '\n'), 1) << err;  // one line of usage
+  }
+  // a missing file, data refused by validation, a beam without moment
+  const std::pair<std::string, const char*> refused[] = {
+      {files / "MISSING.DAT", "loads"},
+      {Save(files, "BAD.DAT", [](auto& m) { m.Txt_L = "-3"; }), "loads"},
+      {Save(files, "NONE.DAT", [](auto& m) { m.Chk_M = false; }), "forces"}};
+  for (const auto& [bad, what] : refused) Expect_Cli({"draw", bad, "--what", what, "-o", png}, 2);
+  EXPECT_FALSE(fs::exists(png));
+}
+
+// ---- sweep ----
+
+// A span sweep: its table, its curve, and the exit codes.
+TEST(CliSweep, TableCurveAndRefusals) {
+  TempDir files;
+  const std::string dat = Save(files, "SPAN.DAT");
+  const auto sweep = [&](const std::string& from, const std::string& to, Args more, const std::string& file = "") {
+    Args a = {"sweep", file.empty() ? dat : file, "--field", "Txt_L", "--from", from, "--to", to};
+    a.insert(a.end(), more.begin(), more.end());
+    return a;
+  };
+  // 0.5 m is below the 1 m of a 100-element beam: one row refused, named on stderr
+  Expect_Cli(sweep("0.5", "10", {"--step", "2.5", "-o", files / "out.csv", "--plot", files / "out.svg", "--jobs", "2"}),
+             0, "1 of 4 points not solved");
+  const std::vector<std::string> rows = Lines_Of(Read_All(files / "out.csv"));
+  ASSERT_EQ(rows.size(), 5u);
+  // the design check of the example's IPE 300 adds its Mb,Rd
+  EXPECT_EQ(rows[0], "Txt_L [m],mucr,Mcr [kN.m],status,\"Mb,Rd [kN.m]\",message");
+  EXPECT_EQ(rows[1].rfind("0.5,,,-1,", 0), 0u) << rows[1];
+  const double spans[3] = {3, 5.5, 8};
+  for (int i = 0; i < 3; ++i) {
+    double value = 0, mucr = 0, Mcr = 0;
+    int status = -9;
+    ASSERT_EQ(std::sscanf(rows[i + 2].c_str(), "%lf,%lf,%lf,%d", &value, &mucr, &Mcr, &status), 4) << rows[i + 2];
+    EXPECT_EQ(value, spans[i]);
+    EXPECT_EQ(status, 0);
+    EXPECT_NEAR(Mcr * 1e4 / Mcr_Example(spans[i] * 100), 1.0, 2e-4) << rows[i + 2];  // kN.m -> daN.cm
+  }
+  // the curve: an SVG document with both axis labels and their units
+  const std::string svg = Read_All(files / "out.svg");
+  EXPECT_TRUE(Has(svg, "<svg") && Has(svg, "Txt_L (m)") && Has(svg, "Mcr (kN.m)"));
+
+  Args field = sweep("1", "2", {"--step", "1"});
+  field[3] = "Txt_Lx";
+  for (const Args& bad : {field, sweep("1", "2", {"--step", "0"}), sweep("1", "2", {}),
+                          sweep("1", "2", {"--step", "1", "--plot", "x.pdf"})})
+    Expect_Cli(bad, 1);
+  // every point refused: no result at all, yet the table is printed
+  EXPECT_EQ(Lines_Of(Expect_Cli(sweep("400", "500", {"--step", "50"}), 3).out).size(), 4u);
+  Expect_Cli(sweep("1", "2", {"--step", "1"}, files / "NONE.DAT"), 2);
 }
 
 }  // namespace
