@@ -5,10 +5,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
-#include <functional>
 #include <fstream>
+#include <functional>
 #include <numbers>
 #include <sstream>
 #include <string>
@@ -21,6 +22,7 @@
 namespace app_test {
 
 namespace fs = std::filesystem;
+using Args = std::vector<std::string>;
 
 inline std::string Read_All(const std::string& name) {
   std::ifstream in(name, std::ios::binary);
@@ -38,11 +40,19 @@ inline std::vector<std::string> Lines_Of(const std::string& text) {
   return lines;
 }
 
-// The example beam: IPE 300 of 10 m under a uniform moment, fork supports,
-// E 21000 and G 8076.9 kN/cm2. Its elastic critical moment in daN.cm,
+inline bool Has(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+
+// The number after "key": in a one-line JSON object.
+inline double Json_Value(const std::string& json, const std::string& key) {
+  const auto p = json.find("\"" + key + "\":");
+  return p == std::string::npos ? NAN : std::strtod(json.c_str() + p + key.size() + 3, nullptr);
+}
+
+// The example beam: IPE 300 of L cm (10 m) under a uniform moment, fork
+// supports, E 21000 and G 8076.9 kN/cm2. Its elastic critical moment in daN.cm,
 // Mcr = (pi/L) sqrt(E Iz G It) sqrt(1 + pi^2 E Iw / (L^2 G It)).
-inline double Mcr_Example() {
-  const double pi = std::numbers::pi, E = 2.1e6, G = 807690, L = 1000, Iz = 603.78, It = 19.868, Iw = 126332;
+inline double Mcr_Example(double L = 1000) {
+  const double pi = std::numbers::pi, E = 2.1e6, G = 807690, Iz = 603.78, It = 19.868, Iw = 126332;
   return pi / L * std::sqrt(E * Iz * G * It) * std::sqrt(1 + pi * pi * E * Iw / (L * L * G * It));
 }
 
@@ -83,8 +93,7 @@ struct Child {
   pid_t pid = -1;
   TempDir streams;
 
-  Child(const std::string& startDir, const std::vector<std::string>& args,
-        const std::string& name = "Zarvek") {
+  Child(const std::string& startDir, const Args& args, const std::string& name = "Zarvek") {
     // a bare name is a program of the start directory of the build
     const std::string program = name.find('/') == std::string::npos ? std::string(ZARVEK_BIN_DIR) + "/" + name : name;
     pid = ::fork();
@@ -117,9 +126,29 @@ struct Child {
   }
 };
 
-inline RunResult Run_Zarvek(const std::string& startDir, const std::vector<std::string>& args,
-                            const std::string& program = "Zarvek") {
+inline RunResult Run_Zarvek(const std::string& startDir, const Args& args, const std::string& program = "Zarvek") {
   return Child(startDir, args, program).Wait();
+}
+
+// zarvek-cli (or another copy of it) run in an empty directory of its own,
+// which it must leave empty.
+inline RunResult Cli(const Args& args, const std::string& program = "zarvek-cli") {
+  TempDir dir;
+  RunResult r = Run_Zarvek(dir.path, args, program);
+  EXPECT_TRUE(fs::is_empty(dir.path)) << "a file was left where the program ran";
+  return r;
+}
+
+// Cli that must end with `code`, with `err` in its standard error and `out`
+// in its standard output.
+inline RunResult Expect_Cli(const Args& args, int code, const std::string& err = "", const std::string& out = "") {
+  std::string line;
+  for (const auto& a : args) line += " " + a;
+  RunResult r = Cli(args);
+  EXPECT_EQ(r.exit_code, code) << "zarvek-cli" << line << "\n" << r.err;
+  EXPECT_TRUE(Has(r.err, err)) << line << ":\n" << r.err;
+  EXPECT_TRUE(Has(r.out, out)) << line << ":\n" << r.out;
+  return r;
 }
 
 }  // namespace app_test

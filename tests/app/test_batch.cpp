@@ -1,7 +1,8 @@
 // The program started with a problem file: it solves, leaves four lines in
 // Zarvek.TMP of its start directory (and on standard output without a
-// display), and ends.
-#include <functional>
+// display), and ends. Started away from its data, as an installed program
+// is, its own files go to the user's folder ($XDG_DATA_HOME/zarvek or
+// ~/.local/share/zarvek) and the directory it was started in stays as it was.
 #include <sys/file.h>
 
 #include "app_support.h"
@@ -11,11 +12,12 @@ using namespace app_test;
 
 namespace {
 
+const std::string Bin = ZARVEK_BIN_DIR;
+
 // Message n of a shipped language, raw (Windows-1252) as the result file holds it.
 std::string Message(const std::string& code, int n) {
   TempDir scratch;
-  const std::string file = std::string(ZARVEK_BIN_DIR) + "/ZARVEK_" + code + ".MSG";
-  EXPECT_TRUE(zarvek::Load_LanguageFile(file, scratch / "L.TMP"));
+  EXPECT_TRUE(zarvek::Load_LanguageFile(Bin + "/ZARVEK_" + code + ".MSG", scratch / "L.TMP"));
   zarvek::Load_Messages();
   return zarvek::Msg(n);
 }
@@ -46,12 +48,10 @@ TEST(BatchRun, ExampleGivesTheClosedFormCriticalMoment) {
   // the installation, the result and the lock: nothing else is left behind
   EXPECT_FALSE(fs::exists(elsewhere / "Zarvek.TMP"));
   EXPECT_EQ(std::distance(fs::directory_iterator(d.path), fs::directory_iterator()), 5 + 2);
-}
 
-TEST(BatchRun, AGarbledFileEndsInTheStatusLine) {
-  StartDir d;
+  // a garbled file ends in the status line
   Write_All(d / "bad.ZVK", "This is not a beam\n");
-  RunResult r = Run_Zarvek(d.path, {d / "bad.ZVK"});
+  r = Run_Zarvek(d.path, {d / "bad.ZVK"});
   EXPECT_EQ(r.exit_code, 0) << r.err;
   const auto lines = Lines_Of(Read_All(d / "Zarvek.TMP"));
   ASSERT_EQ(lines.size(), 4u);
@@ -60,7 +60,7 @@ TEST(BatchRun, AGarbledFileEndsInTheStatusLine) {
   EXPECT_EQ(Lines_Of(r.out), lines);
 }
 
-TEST(StartFailure, EachStopsWithItsTextOnStandardError) {
+TEST(BatchRun, EachStartFailureStopsWithItsTextOnStandardError) {
   // what is wrong in the start directory, and the text after its path
   const std::vector<std::pair<std::function<void(const StartDir&)>, std::string>> cases = {
       {[](auto& d) { fs::remove(d / "Zarvek.INI"); }, "Error in reading @/Zarvek.INI"},
@@ -81,20 +81,17 @@ TEST(StartFailure, EachStopsWithItsTextOnStandardError) {
     expected.replace(expected.find('@'), 1, d.path);
     RunResult r = Run_Zarvek(d.path, {d / "EXAMPLE.ZVK"});
     EXPECT_EQ(r.exit_code, 1);
-    EXPECT_NE(r.err.find(expected + "\n"), std::string::npos) << r.err;
+    EXPECT_TRUE(Has(r.err, expected + "\n")) << r.err;
     EXPECT_EQ(r.out, "");
     EXPECT_FALSE(fs::exists(d / "Zarvek.TMP"));
   }
-}
-
-TEST(StartUp, AMissingProblemFileLeadsToTheNormalStart) {
+  // a missing problem file leads to the normal start, which deletes the stale
+  // scratch file and, without a display, tells how to run a batch
   StartDir d;
   Write_All(d / "Zarvek.TMP", "left by a crash");
-  // the normal start deletes the stale scratch file and, without a display,
-  // tells how to run a batch
   RunResult r = Run_Zarvek(d.path, {d / "MISSING.ZVK"});
   EXPECT_EQ(r.exit_code, 0) << r.err;
-  EXPECT_NE(r.out.find("Zarvek BEAM.ZVK"), std::string::npos) << r.out;
+  EXPECT_TRUE(Has(r.out, "Zarvek BEAM.ZVK")) << r.out;
   EXPECT_FALSE(fs::exists(d / "Zarvek.TMP"));
 }
 
@@ -108,8 +105,7 @@ TEST(SingleInstance, ASecondInstanceInTheSameDirectoryEndsSilently) {
   ::close(fd);
   EXPECT_EQ(r.exit_code, 3);
   EXPECT_EQ(r.out + r.err, "");
-  // the running instance's files are not touched
-  EXPECT_EQ(Read_All(a / "Zarvek.TMP"), "result of the running instance");
+  EXPECT_EQ(Read_All(a / "Zarvek.TMP"), "result of the running instance");  // not touched
 }
 
 TEST(SingleInstance, TwoDirectoriesRunSideBySideEachInItsLanguage) {
@@ -124,7 +120,53 @@ TEST(SingleInstance, TwoDirectoriesRunSideBySideEachInItsLanguage) {
   Expect_ExampleResult(Lines_Of(Read_All(b / "Zarvek.TMP")), "FR");
   EXPECT_NE(Message("FR", 6), Message("UK", 6));
   // the console gets UTF-8
-  EXPECT_NE(rb.out.find(zarvek::Cp1252_To_Utf8(Message("FR", 6)) + " (0)\n"), std::string::npos);
+  EXPECT_TRUE(Has(rb.out, zarvek::Cp1252_To_Utf8(Message("FR", 6)) + " (0)\n"));
+}
+
+// HOME and XDG_DATA_HOME of the children started in its lifetime.
+struct Environment {
+  std::string home = std::getenv("HOME") ? std::getenv("HOME") : "";
+  const char* xdg = std::getenv("XDG_DATA_HOME");
+  std::string xdgSaved = xdg ? xdg : "";
+  static void Set(const char* name, const char* value) { value ? ::setenv(name, value, 1) : ::unsetenv(name); }
+  Environment(const std::string& newHome, const char* newXdg) { Set("HOME", newHome.c_str()), Set("XDG_DATA_HOME", newXdg); }
+  ~Environment() { Set("HOME", home.c_str()), Set("XDG_DATA_HOME", xdg ? xdgSaved.c_str() : nullptr); }
+};
+
+TEST(UserFolder, TheBatchRouteAwayFromTheDataLeavesItsResultInTheUserFolder) {
+  TempDir home, elsewhere, xdg;
+  const std::string buildResult = Bin + "/Zarvek.TMP";
+  const bool hadResult = fs::exists(buildResult);
+  const std::string oldResult = Read_All(buildResult);
+  // a relative XDG_DATA_HOME is not valid and is ignored
+  for (const char* x : {static_cast<const char*>(nullptr), "relative/data", xdg.path.c_str()}) {
+    SCOPED_TRACE(x ? x : "(unset)");
+    Environment env(home.path, x);
+    const std::string user = (x && x[0] == '/' ? std::string(x) : home / ".local/share") + "/zarvek";
+    RunResult r = Run_Zarvek(elsewhere.path, {Bin + "/EXAMPLE.ZVK"});
+    EXPECT_EQ(r.exit_code, 0) << r.err;
+    const auto lines = Lines_Of(Read_All(user + "/Zarvek.TMP"));
+    ASSERT_EQ(lines.size(), 4u);
+    EXPECT_NEAR(std::stod(lines[0]) * std::stod(lines[1]) / Mcr_Example(), 1.0, 1e-3);
+    EXPECT_EQ(Read_All(user + "/Zarvek.INI"), Read_All(Bin + "/Zarvek.INI"));
+    EXPECT_TRUE(fs::is_empty(elsewhere.path));
+  }
+  // the build's own start directory is not touched by any of it
+  EXPECT_EQ(fs::exists(buildResult), hadResult);
+  EXPECT_EQ(Read_All(buildResult), oldResult);
+
+  // --open names a problem for the window, not for the batch route; a
+  // relative name, as a file manager may hand it over
+  Environment env(home.path, nullptr);
+  fs::remove(home / ".local/share/zarvek/Zarvek.TMP");
+  fs::copy_file(Bin + "/EXAMPLE.ZVK", elsewhere / "beam.zvk");
+  RunResult r = Run_Zarvek(elsewhere.path, {"--open", "beam.zvk"});
+  EXPECT_EQ(r.exit_code, 0) << r.err;
+  EXPECT_TRUE(Has(r.out, "no display")) << r.out;
+  EXPECT_FALSE(fs::exists(home / ".local/share/zarvek/Zarvek.TMP"));
+  // the user's problem file stays as it was, alone in its directory
+  EXPECT_EQ(Read_All(elsewhere / "beam.zvk"), Read_All(Bin + "/EXAMPLE.ZVK"));
+  EXPECT_EQ(std::distance(fs::directory_iterator(elsewhere.path), fs::directory_iterator()), 1);
 }
 
 }  // namespace

@@ -1,42 +1,42 @@
 // The command-line solver, run as a child process in an empty directory of
-// its own, which it must leave empty.
+// its own: exit 0 only with a usable critical moment, invalid input named as
+// such, output that any reader can take, the design check, the pictures of
+// `draw` at their design sizes and the table and curve of `sweep`.
+#include <sys/stat.h>
+
 #include <algorithm>
-#include <cstdlib>
-#include <functional>
+#include <cstdint>
 
 #include "app_support.h"
+#include "model/FieldTable.h"
 #include "solver/Example.h"
 
 using namespace app_test;
+using zarvek::BeamModel;
 
 namespace {
 
-RunResult Cli(const std::vector<std::string>& args) {
-  TempDir dir;
-  RunResult r = Run_Zarvek(dir.path, args, "zarvek-cli");
-  EXPECT_TRUE(fs::is_empty(dir.path)) << "a file was left where the program ran";
-  return r;
-}
+const std::string Example_ZVK = std::string(ZARVEK_BIN_DIR) + "/EXAMPLE.ZVK";
 
-// The number after "key": in a one-line JSON object.
-double Json_Value(const std::string& json, const std::string& key) {
-  const auto p = json.find("\"" + key + "\":");
-  if (p == std::string::npos) return NAN;
-  return std::strtod(json.c_str() + p + key.size() + 3, nullptr);
-}
+TEST(Cli, CommandLineAndFilesThatAreNotProjects) {
+  Expect_Cli({"--help"}, 0, "", "zarvek-cli solve FILE");
+  for (const Args& usage : std::vector<Args>{{}, {"solve"}, {"frobnicate"}}) Expect_Cli(usage, 1);
+  RunResult o = Expect_Cli({"solve", "--bogus", "X.DAT"}, 1);
+  EXPECT_EQ(o.err.rfind("zarvek-cli: unknown option --bogus\nUsage:", 0), 0u) << o.err;
+  Expect_Cli({"--jsn"}, 1, "unknown option --jsn");
+  Expect_Cli({"sections", "--all"}, 1, "unknown option --all");
 
-
-TEST(Cli, CommandLineAndUnknownFiles) {
-  RunResult h = Cli({"--help"});
-  EXPECT_EQ(h.exit_code, 0);
-  EXPECT_NE(h.out.find("zarvek-cli solve FILE"), std::string::npos);
-  for (const auto& usage : std::vector<std::vector<std::string>>{{}, {"solve"}, {"frobnicate"}})
-    EXPECT_EQ(Cli(usage).exit_code, 1);
   TempDir files;
   Write_All(files / "notes.txt", "hello\n");
   Write_All(files / "BROKEN.DAT", "this is not a project\n");
-  for (const std::string& f : {files / "MISSING.DAT", files / "notes.txt", files / "BROKEN.DAT"})
-    EXPECT_EQ(Cli({"solve", f}).exit_code, 2) << f;
+  // a sparse file of 11 MB: refused by its size, not read
+  Write_All(files / "BIG.ZVK", "");
+  ASSERT_EQ(::truncate((files / "BIG.ZVK").c_str(), 11 << 20), 0);
+  const std::pair<std::string, std::string> cases[] = {
+      {files / "MISSING.DAT", ""}, {files / "notes.txt", ""}, {files / "BROKEN.DAT", ""},
+      {files.path, "a directory"}, {"/dev/null", "not a regular file"}, {"/dev/zero", "not a regular file"},
+      {files / "BIG.ZVK", "too large"}};
+  for (const auto& [file, says] : cases) Expect_Cli({"solve", file}, 2, says);
 }
 
 TEST(Cli, ProjectAndProblemFileGiveTheClosedForm) {
@@ -46,7 +46,7 @@ TEST(Cli, ProjectAndProblemFileGiveTheClosedForm) {
   ASSERT_EQ(t.exit_code, 0) << t.err;
   const auto lines = Lines_Of(t.out);  // mucr, Mcr, Mmax, x/L, message
   ASSERT_GE(lines.size(), 5u) << t.out;
-  EXPECT_NE(lines[1].find("kN.m"), std::string::npos);
+  EXPECT_TRUE(Has(lines[1], "kN.m"));
   EXPECT_NEAR(std::strtod(lines[1].c_str() + 4, nullptr) * 1e4 / Mcr_Example(), 1.0, 1e-4);
 
   RunResult j = Cli({"solve", dat, "--json"});
@@ -56,50 +56,295 @@ TEST(Cli, ProjectAndProblemFileGiveTheClosedForm) {
   EXPECT_NEAR(mucr * 1e6 / Mcr_Example(), 1.0, 1e-4);  // mucr x 100 kN.m
   EXPECT_NEAR(Json_Value(j.out, "Mcr"), mucr * 100, 1e-6 * mucr * 100);
   EXPECT_EQ(Json_Value(j.out, "Mmax"), 100);
-  EXPECT_NE(j.out.find("\"unit_M\":\"kN.m\""), std::string::npos);
+  EXPECT_TRUE(Has(j.out, "\"unit_M\":\"kN.m\""));
   const auto m = j.out.find("\"mode\":[[");  // 101 nodes of v, theta, v', theta'
   ASSERT_NE(m, std::string::npos);
   EXPECT_EQ(std::count(j.out.begin() + m + 8, j.out.end(), '['), 101);
 
   // the same beam as the shipped problem file: daN.cm, the dichotomy, a mode too
-  RunResult z = Cli({"solve", std::string(ZARVEK_BIN_DIR) + "/EXAMPLE.ZVK", "--json"});
+  RunResult z = Cli({"solve", Example_ZVK, "--json"});
   ASSERT_EQ(z.exit_code, 0) << z.err;
   EXPECT_EQ(Json_Value(z.out, "Mmax"), 1e6);
   EXPECT_EQ(Json_Value(z.out, "method"), 2);
   EXPECT_NEAR(Json_Value(z.out, "Mcr") / Mcr_Example(), 1.0, 1e-3);
-  EXPECT_NE(z.out.find("\"mode\":[["), std::string::npos);
+  EXPECT_TRUE(Has(z.out, "\"mode\":[["));
 }
 
-TEST(Cli, InvalidDataAndSolverFailures) {
+TEST(Cli, InvalidDataIsExit2AndNamed) {
   TempDir files;
   // 50 cm in 100 elements: L/N below 1 cm
-  RunResult r = Cli({"solve", Save(files, "SHORT.DAT", [](auto& m) { m.Txt_L = "0.5"; })});
-  EXPECT_EQ(r.exit_code, 2);
-  for (const char* part : {"tab 0", "Txt_L", "L/N : "})
-    EXPECT_NE(r.err.find(part), std::string::npos) << r.err;
+  Expect_Cli({"solve", Save(files, "SHORT.DAT", [](auto& m) { m.Txt_L = "0.5"; })}, 2, "tab 0 (Beam), field Txt_L: L/N : ");
+  // no moment at all; neither method
+  Expect_Cli({"solve", Save(files, "NOLOAD.DAT", [](auto& m) { m.Chk_M = false; }), "--json"}, 2, "",
+             "\"error\":\"Mmax = 0 ! - ");
+  RunResult r = Expect_Cli(
+      {"solve", Save(files, "NONE.DAT", [](auto& m) { m.Opt_Eigen = m.Opt_Dichotomie = false; }), "--json"}, 2,
+      "Opt_Dichotomie");
+  EXPECT_FALSE(Has(r.out, "\"mucr\"")) << r.out;
 
-  // no moment at all
-  RunResult n = Cli({"solve", Save(files, "NOLOAD.DAT", [](auto& m) { m.Chk_M = false; }), "--json"});
-  EXPECT_EQ(n.exit_code, 2);
-  EXPECT_NE(n.out.find("\"error\":\"Mmax = 0 ! - "), std::string::npos) << n.out;
+  // Found by fuzzing: a catalogue dimension of four hundred digits overflowed
+  // to infinity on reading and reached the writer of number texts.
+  const std::string file = Save(files, "HUGE.DAT");
+  std::string text = Read_All(file);
+  size_t at = text.find("IPE 300\r\n");
+  ASSERT_NE(at, std::string::npos);
+  for (int k = 0; k < 6; ++k) at = text.find("\r\n", at) + 2;  // the sixth line after the name: Cat_h
+  text.replace(at, text.find("\r\n", at) - at, std::string(400, '4'));
+  Write_All(file, text);
+  Expect_Cli({"solve", file}, 2, "damaged");
+}
 
+// Every number text the solve of a project needs, in the section route in
+// use: a blank or a word there ends with the message of a field that does
+// not hold a number and the field's name, as the main window ends it.
+TEST(Cli, ABlankOrAWordInANumericFieldIsInvalidInput) {
+  const auto route = [](BeamModel& m, const std::string& r) {
+    m.Opt_Catalogue = r == "catalogue", m.Opt_Dimensions = r == "dimensions", m.Opt_Properties = r == "properties";
+  };
+  const std::pair<const char*, const char*> fields[] = {
+      {"catalogue", "Txt_Iz(1)"}, {"catalogue", "Txt_It(1)"},  {"catalogue", "Txt_Iw(1)"},
+      {"catalogue", "Txt_Betaz(1)"}, {"catalogue", "Txt_zS(1)"}, {"dimensions", "Txt_h"},
+      {"dimensions", "Txt_bf1"}, {"dimensions", "Txt_tf1"}, {"dimensions", "Txt_r1"},
+      {"dimensions", "Txt_tw"}, {"properties", "Txt_Iz(3)"}, {"properties", "Txt_Iw(3)"},
+      {"properties", "Txt_G"}, {"catalogue", "Txt_G"}, {"dimensions", "Txt_E"}, {"catalogue", "Txt_L"}};
+  TempDir files;
+  // each route solves the same IPE 300 as it stands
+  for (const char* r : {"catalogue", "dimensions", "properties"}) {
+    Expect_Cli({"solve", Save(files, "R.DAT", [&](auto& m) { route(m, r); })}, 0);
+  }
+  for (const auto& [r, name] : fields) {
+    const zarvek::FieldDef* f = zarvek::Find_Field(name);
+    ASSERT_TRUE(f) << name;
+    for (const char* bad : {"", "  ", "abc", "1..2"}) {
+      const std::string file = Save(files, "F.DAT", [&](BeamModel& m) {
+        route(m, r);
+        *zarvek::Text_Member(m, *f) = bad;
+      });
+      SCOPED_TRACE(std::string(r) + " " + name + " = \"" + bad + "\"");
+      RunResult res = Expect_Cli({"solve", file, "--json"}, 2, std::string("field ") + name);
+      EXPECT_TRUE(Has(res.err, "does not hold a number")) << res.err;
+      EXPECT_FALSE(Has(res.out, "\"mucr\"")) << res.out;
+    }
+  }
+}
+
+// A solve that gives no converged factor is exit 3, with the status and the
+// message in the text and in JSON.
+TEST(Cli, NoUsableResultIsExit3) {
+  TempDir files;
   zarvek::ProblemData soft = zarvek::Fork_Beam_Uniform_Moment(100);
   soft.E = 500;  // refused by the solver
   ASSERT_TRUE(zarvek::Write_ProblemFile(files / "SOFT.ZVK", soft, zarvek::ProblemLabels::Proceed));
-  RunResult e = Cli({"solve", files / "SOFT.ZVK", "--json"});
-  EXPECT_EQ(e.exit_code, 3);
-  EXPECT_EQ(Json_Value(e.out, "status"), 103);
-  EXPECT_NE(e.err.find("status 103"), std::string::npos) << e.err;
+  EXPECT_EQ(Json_Value(Expect_Cli({"solve", files / "SOFT.ZVK", "--json"}, 3, "status 103").out, "status"), 103);
+
+  // tolerance 1e-7 needs some 24 halvings after the bracket: 20 don't do
+  const std::string dicho = Save(files, "LIMIT.DAT", [](auto& m) { m.Lst_Tolerance = 5, m.Lst_NbIter = 0; });
+  EXPECT_TRUE(Expect_Cli({"solve", dicho}, 3, "(status 0): Iteration limit reached").out.empty());
+  RunResult j = Expect_Cli({"solve", dicho, "--json"}, 3, "", "\"status\":0,\"message\":\"Iteration limit reached");
+  EXPECT_TRUE(Has(j.out, "\"error\":")) << j.out;
+  // the same beam converges with 120 iterations
+  Expect_Cli({"solve", Save(files, "ENOUGH.DAT", [](auto& m) { m.Lst_Tolerance = 5, m.Lst_NbIter = 4; })}, 0);
+
+  // the vector iteration stopped by its limit: the box's text as a warning
+  // line and in the JSON list, and no result
+  Expect_Cli({"solve", Save(files, "EIGEN.DAT", [](auto& m) {
+                m.Opt_Eigen = true, m.Opt_Dichotomie = false, m.Lst_Tolerance = 5, m.Lst_NbIter = 0;
+              }), "--json"},
+             3, "zarvek-cli: warning: Problem of convergence\n", "\"warnings\":[\"Problem of convergence\"]");
+
+  // 0.1 daN.cm: the beam does not buckle below a factor of 1000
+  ASSERT_TRUE(zarvek::Write_ProblemFile(files / "TINY.ZVK", zarvek::Fork_Beam_Uniform_Moment(50, 1000.0, 0.1),
+                                        zarvek::ProblemLabels::Proceed));
+  // the moment as the solver read it, a single-precision 0.1: not 0.1000000015
+  RunResult r = Expect_Cli({"solve", files / "TINY.ZVK", "--json"}, 3, "", "\"Mmax\":0.1,");
+  EXPECT_TRUE(Has(r.out, "\"status\":3")) << r.out;
 }
 
-TEST(Cli, SectionCatalogue) {
-  RunResult all = Cli({"sections"});
-  ASSERT_EQ(all.exit_code, 0) << all.err;
-  EXPECT_NE(("\n" + all.out).find("\nIPE 300\n"), std::string::npos);  // one name a line
-  RunResult one = Cli({"section", "IPE 300"});
-  ASSERT_EQ(one.exit_code, 0) << one.err;
-  EXPECT_NE(one.out.find("603.78"), std::string::npos) << one.out;  // Iz, cm4
-  EXPECT_NE(one.out.find("19.868"), std::string::npos) << one.out;  // It
+TEST(Cli, AnyFileNameGivesValidJson) {
+  TempDir files;
+  const std::string latin1 = files / "caf\xe9 \"1\".ZVK";  // Latin-1 e acute and quotes
+  const std::string utf8 = files / "caf\xc3\xa9.ZVK";
+  for (const auto& f : {latin1, utf8}) fs::copy_file(Example_ZVK, f);
+  RunResult a = Expect_Cli({"solve", latin1, "--json"}, 0, "", "caf\\u00e9 \\\"1\\\".ZVK\"");
+  for (unsigned char c : a.out) EXPECT_LT(c, 0x80) << a.out;
+  Expect_Cli({"solve", utf8, "--json"}, 0, "", "caf\xc3\xa9.ZVK\"");  // well-formed UTF-8 passes
+}
+
+TEST(Cli, SectionCatalogueInAnyCaseWithNearestNames) {
+  EXPECT_TRUE(Has("\n" + Expect_Cli({"sections"}, 0).out, "\nIPE 300\n"));  // one name a line
+  for (const Args& name : std::vector<Args>{{"IPE 300"}, {"ipe 300"}, {"IPE300"}, {"ipe", "300"}, {" Ipe  300 "}}) {
+    Args a{"section"};
+    a.insert(a.end(), name.begin(), name.end());
+    RunResult r = Expect_Cli(a, 0);
+    EXPECT_EQ(r.out.rfind("IPE 300\n", 0), 0u) << r.out;
+    EXPECT_TRUE(Has(r.out, "603.78") && Has(r.out, "19.868")) << r.out;  // Iz and It, cm4
+  }
+  Expect_Cli({"section", "IPE 305"}, 2, "nearest: IPE 300");
+  Expect_Cli({"section", "UB 457x191x6"}, 2, "UB 457x191x67");
+}
+
+TEST(Cli, AnEmptyOrUnreadableCatalogueIsAnError) {
+  TempDir inst;  // an installation of its own: the program and its catalogue
+  const std::string program = inst / "zarvek-cli";
+  fs::copy_file(std::string(ZARVEK_BIN_DIR) + "/zarvek-cli", program);
+  for (const std::string& content : {std::string(), std::string("no catalogue here\n")}) {
+    Write_All(inst / "SECTION.DB", content);
+    for (const Args& args : {Args{"sections"}, Args{"section", "IPE 300"}}) {
+      RunResult r = Cli(args, program);
+      EXPECT_EQ(r.exit_code, 2) << args[0] << " with \"" << content << "\"";
+      EXPECT_TRUE(Has(r.err, "SECTION.DB")) << r.err;
+      EXPECT_TRUE(r.out.empty()) << r.out;
+    }
+  }
+  ::chmod((inst / "SECTION.DB").c_str(), 0);
+  if (::geteuid() != 0) {
+    EXPECT_EQ(Cli({"sections"}, program).exit_code, 2);
+  }
+}
+
+// The example beam in S355 (the default): Mcr = 48.33 kN.m by the closed
+// form, Wpl,y = 628.4 cm3, lambda = sqrt(628.4 x 3550 / 483303) = 2.148.
+// Curve b of 6.3.2.3 gives chi = 0.2359 above the cap 1/lambda^2 = 0.2166,
+// so Mb,Rd = Wy fy / lambda^2 = Mcr: the cap is the elastic critical moment
+// itself. Uniform moment: kc = 1, f = 1, no further solve.
+TEST(CliDesign, CheckOfTheExampleBeam) {
+  TempDir files;
+  const std::string dat = Save(files, "BEAM.DAT");
+  RunResult j = Cli({"solve", dat, "--json"});
+  ASSERT_EQ(j.exit_code, 0) << j.err;
+  const double Mcr = Mcr_Example() / 1e4;
+  EXPECT_TRUE(Has(j.out, "\"design\":{\"grade\":\"S355\"")) << j.out;
+  EXPECT_NEAR(Json_Value(j.out, "lambdaLT"), std::sqrt(628.4 * 3550 / (Mcr * 1e4)), 5e-4);
+  EXPECT_NEAR(Json_Value(j.out, "chiLT"), 1 / (2.148437 * 2.148437), 5e-4);
+  EXPECT_NEAR(Json_Value(j.out, "MbRd"), Mcr, Mcr * 1e-3);
+  EXPECT_EQ(Json_Value(j.out, "kc"), 1);
+  EXPECT_TRUE(Has(j.out, "\"C1\":null"));
+  EXPECT_NEAR(Json_Value(j.out, "utilisation"), 100 / Mcr, 1e-3);
+
+  // the check alone: its lines and the verdict, no solver figures
+  RunResult c = Expect_Cli({"check", dat}, 0, "", "NOT sufficient");
+  EXPECT_TRUE(!Has(c.out, "mucr") && Has(c.out, "Mb,Rd")) << c.out;
+
+  // the properties route: the check says what it needs, nothing computed
+  RunResult p = Expect_Cli(
+      {"check", Save(files, "PROPS.DAT", [](auto& m) { m.Opt_Catalogue = false, m.Opt_Properties = true; }), "--json"},
+      0, "", "\"MbRd\":null");
+  EXPECT_TRUE(Has(p.out, "dimensions")) << p.out;
+  Expect_Cli({"check", Example_ZVK}, 2);
+
+  // C1 needed (f asked for, a lateral restraint at mid-span): two further
+  // solves give it. psi = 0 along the beam, a triangle: each half carries a
+  // trapezoid, the loaded one 0.5 .. 1, so C1 lies above 1.
+  RunResult t = Cli({"check", Save(files, "MID.DAT", [](auto& m) {
+                       m.Chk_Punctual1 = true, m.Txt_xfint1 = "0.5", m.Lst_vi_p1 = zarvek::Restraint_Item(1);
+                       m.Chk_M = true, m.Txt_M1 = "0", m.Opt_M2 = true;
+                     }), "--json"});
+  ASSERT_EQ(t.exit_code, 0) << t.err;
+  const double C1 = Json_Value(t.out, "C1");
+  EXPECT_GT(C1, 1.0) << t.out;
+  EXPECT_NEAR(Json_Value(t.out, "kc"), 1 / std::sqrt(C1), 1e-6);
+}
+
+// ---- draw ----
+
+// Width and height of a PNG file from its header; 0 x 0 when it is none.
+std::pair<std::uint32_t, std::uint32_t> Png_Size(const std::string& file) {
+  const std::string d = Read_All(file);
+  if (d.size() < 24 || d.compare(1, 3, "PNG") != 0 || d.compare(12, 4, "IHDR") != 0) return {0, 0};
+  auto be = [&](size_t at) {
+    std::uint32_t v = 0;
+    for (size_t i = at; i < at + 4; ++i) v = v << 8 | (unsigned char)d[i];
+    return v;
+  };
+  return {be(16), be(20)};
+}
+
+TEST(CliDraw, EachDiagramAtItsDesignSize) {
+  TempDir files;
+  const std::string dat = Save(files, "BEAM.DAT");
+  // twips at 15 a pixel: 7335 x 1365, 3705 x 3795, 7335 x 1755, 7335 x 2775
+  const std::tuple<const char*, std::uint32_t, std::uint32_t> cases[] = {
+      {"loads", 489, 91}, {"section", 247, 253}, {"forces", 489, 117}, {"mode", 489, 185}};
+  for (const auto& [what, w, h] : cases) {
+    const std::string out = files / (std::string(what) + ".png");
+    EXPECT_EQ(Expect_Cli({"draw", dat, "--what", what, "-o", out}, 0).err, "");
+    EXPECT_EQ(Png_Size(out), std::make_pair(w, h)) << what;
+  }
+  // print quality: three times the size; SVG: the screen size in its header
+  Expect_Cli({"draw", dat, "--what", "loads", "-o", files / "big.PNG", "--scale", "3"}, 0);
+  EXPECT_EQ(Png_Size(files / "big.PNG"), std::make_pair(1467u, 273u));
+  Expect_Cli({"draw", dat, "--what", "mode", "-o", files / "mode.svg"}, 0);
+  const std::string svg = Read_All(files / "mode.svg");
+  EXPECT_TRUE(Has(svg, "width=\"489\" height=\"185\""));
+  EXPECT_TRUE(Has(svg, "stroke=\"#0000c0\""));  // the v curve, 0xC00000
+}
+
+TEST(CliDraw, ProblemFileAndRefusals) {
+  TempDir files;
+  const std::string zvk = files / "BEAM.ZVK", png = files / "x.png";
+  zarvek::Write_ProblemFile(zvk, zarvek::Fork_Beam_Uniform_Load(100, 1000.0, 10.0, 0.0), zarvek::ProblemLabels::Proceed);
+  for (const char* what : {"forces", "mode"}) Expect_Cli({"draw", zvk, "--what", what, "-o", files / "p.svg"}, 0);
+  // a problem file has no loads scheme nor section
+  Expect_Cli({"draw", zvk, "--what", "section", "-o", png}, 1);
+
+  const std::string dat = Save(files, "BEAM.DAT");
+  for (const Args& args : std::vector<Args>{{"draw", dat, "--what", "pies", "-o", png},
+                                            {"draw", dat, "--what", "loads", "-o", files / "x.bmp"},
+                                            {"draw", dat, "--what", "loads"},
+                                            {"draw", dat, "--what", "loads", "-o", png, "--scale", "0"},
+                                            {"draw", "--what", "loads", "-o", png}}) {
+    const std::string err = Expect_Cli(args, 1).err;
+    EXPECT_EQ(std::count(err.begin(), err.end(), '\n'), 1) << err;  // one line of usage
+  }
+  // a missing file, data refused by validation, a beam without moment
+  const std::pair<std::string, const char*> refused[] = {
+      {files / "MISSING.DAT", "loads"},
+      {Save(files, "BAD.DAT", [](auto& m) { m.Txt_L = "-3"; }), "loads"},
+      {Save(files, "NONE.DAT", [](auto& m) { m.Chk_M = false; }), "forces"}};
+  for (const auto& [bad, what] : refused) Expect_Cli({"draw", bad, "--what", what, "-o", png}, 2);
+  EXPECT_FALSE(fs::exists(png));
+}
+
+// ---- sweep ----
+
+// A span sweep: its table, its curve, and the exit codes.
+TEST(CliSweep, TableCurveAndRefusals) {
+  TempDir files;
+  const std::string dat = Save(files, "SPAN.DAT");
+  const auto sweep = [&](const std::string& from, const std::string& to, Args more, const std::string& file = "") {
+    Args a = {"sweep", file.empty() ? dat : file, "--field", "Txt_L", "--from", from, "--to", to};
+    a.insert(a.end(), more.begin(), more.end());
+    return a;
+  };
+  // 0.5 m is below the 1 m of a 100-element beam: one row refused, named on stderr
+  Expect_Cli(sweep("0.5", "10", {"--step", "2.5", "-o", files / "out.csv", "--plot", files / "out.svg", "--jobs", "2"}),
+             0, "1 of 4 points not solved");
+  const std::vector<std::string> rows = Lines_Of(Read_All(files / "out.csv"));
+  ASSERT_EQ(rows.size(), 5u);
+  // the design check of the example's IPE 300 adds its Mb,Rd
+  EXPECT_EQ(rows[0], "Txt_L [m],mucr,Mcr [kN.m],status,\"Mb,Rd [kN.m]\",message");
+  EXPECT_EQ(rows[1].rfind("0.5,,,-1,", 0), 0u) << rows[1];
+  const double spans[3] = {3, 5.5, 8};
+  for (int i = 0; i < 3; ++i) {
+    double value = 0, mucr = 0, Mcr = 0;
+    int status = -9;
+    ASSERT_EQ(std::sscanf(rows[i + 2].c_str(), "%lf,%lf,%lf,%d", &value, &mucr, &Mcr, &status), 4) << rows[i + 2];
+    EXPECT_EQ(value, spans[i]);
+    EXPECT_EQ(status, 0);
+    EXPECT_NEAR(Mcr * 1e4 / Mcr_Example(spans[i] * 100), 1.0, 2e-4) << rows[i + 2];  // kN.m -> daN.cm
+  }
+  // the curve: an SVG document with both axis labels and their units
+  const std::string svg = Read_All(files / "out.svg");
+  EXPECT_TRUE(Has(svg, "<svg") && Has(svg, "Txt_L (m)") && Has(svg, "Mcr (kN.m)"));
+
+  Args field = sweep("1", "2", {"--step", "1"});
+  field[3] = "Txt_Lx";
+  for (const Args& bad : {field, sweep("1", "2", {"--step", "0"}), sweep("1", "2", {}),
+                          sweep("1", "2", {"--step", "1", "--plot", "x.pdf"})})
+    Expect_Cli(bad, 1);
+  // every point refused: no result at all, yet the table is printed
+  EXPECT_EQ(Lines_Of(Expect_Cli(sweep("400", "500", {"--step", "50"}), 3).out).size(), 4u);
+  Expect_Cli(sweep("1", "2", {"--step", "1"}, files / "NONE.DAT"), 2);
 }
 
 }  // namespace

@@ -18,12 +18,8 @@
 namespace zarvek_test {
 
 inline void Copy_Tree(const QString& from, const QString& to) {
-  QDir().mkpath(to);
-  QDirIterator it(from, QDir::Files | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
-  while (it.hasNext()) {
-    const QString src = it.next();
-    const QString rel = QDir(from).relativeFilePath(src);
-    const QString dst = to + "/" + rel;
+  for (QDirIterator it(from, QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
+    const QString src = it.next(), dst = to + "/" + QDir(from).relativeFilePath(src);
     QDir().mkpath(QFileInfo(dst).absolutePath());
     QFile::copy(src, dst);
   }

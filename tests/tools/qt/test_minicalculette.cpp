@@ -39,11 +39,9 @@ class Test_MiniCalculette : public QObject {
     QCOMPARE(c.Txt_Y->text(), QString("0.5"));
     QTest::keyClick(c.focusWidget(), Qt::Key_Return);
     QCOMPARE(c.Txt_Result->text(), QString("6.25"));
-
     // a change of an operand empties the result
     Type(c, "0");
     QVERIFY(c.Txt_Result->text().isEmpty());
-
     // a sign, an exponent and its sign; other letters are dropped
     c.Txt_X->clear();
     c.Txt_X->setFocus();
@@ -51,48 +49,46 @@ class Test_MiniCalculette : public QObject {
     QCOMPARE(c.Txt_X->text(), QString("-1E-3"));
   }
 
-  void equalsAndTransfer() {
+  // Transfer carries the result to X and tells of it, and does nothing
+  // without a result. 1 / 0 shows no result and keeps the window alive; a
+  // field that holds no number turns red and takes the focus until mended.
+  void transferFailuresAndRedText() {
     MiniCalculette c;
+    c.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&c));
     QSignalSpy spy(&c, &MiniCalculette::Transferred);
     c.Txt_X->setText("1E6");
     c.Txt_Y->setText("1E6");
-    c.Cmd_Operation_Click(2);
-    c.Cmd_Egal_Click();
+    c.Cmd_Operation[2]->click();
+    c.Cmd_Egal->click();
     QCOMPARE(c.Txt_Result->text(), QString("1.0000000E+12"));
-    c.Cmd_Transfer_Click();
+    c.Cmd_Transfer->click();
     QCOMPARE(c.Txt_X->text(), QString("1.0000000E+12"));
     QVERIFY(c.Txt_Y->text().isEmpty() && c.Txt_Result->text().isEmpty());
     QCOMPARE(spy.count(), 1);
     QCOMPARE(spy[0][0].toString(), QString("1.0000000E+12"));
-    // nothing to carry over: Transfer does nothing
     c.Txt_Y->setText("2");
-    c.Cmd_Transfer_Click();
+    c.Cmd_Transfer->click();
     QCOMPARE(c.Txt_X->text(), QString("1.0000000E+12"));
     QCOMPARE(spy.count(), 1);
-  }
 
-  // 1 / 0 shows no result and keeps the window alive; a field that holds no
-  // number turns red and takes the focus until it is mended.
-  void failuresAndRedText() {
-    MiniCalculette c;
-    c.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&c));
+    const QColor red(0xC0, 0, 0);
     c.Txt_X->setText("1");
     c.Txt_Y->setText("0");
-    c.Cmd_Operation_Click(3);
-    c.Cmd_Egal_Click();
+    c.Cmd_Operation[3]->click();
+    c.Cmd_Egal->click();
     QVERIFY(c.Txt_Result->text().isEmpty());
     c.Txt_X->setText("1.2.3");
-    c.Cmd_Egal_Click();
-    QCOMPARE(c.Txt_X->palette().color(QPalette::Text), QColor(0xC0, 0, 0));
+    c.Cmd_Egal->click();
+    QCOMPARE(c.Txt_X->palette().color(QPalette::Text), red);
     QCOMPARE(c.focusWidget(), static_cast<QWidget*>(c.Txt_X));
     c.Txt_X->setText("3");
     c.Txt_Y->setText("-");
-    c.Cmd_Egal_Click();
-    QVERIFY(c.Txt_X->palette().color(QPalette::Text) != QColor(0xC0, 0, 0));
-    QCOMPARE(c.Txt_Y->palette().color(QPalette::Text), QColor(0xC0, 0, 0));
+    c.Cmd_Egal->click();
+    QVERIFY(c.Txt_X->palette().color(QPalette::Text) != red);
+    QCOMPARE(c.Txt_Y->palette().color(QPalette::Text), red);
     c.Txt_Y->setText("4");
-    c.Cmd_Egal_Click();
+    c.Cmd_Egal->click();
     QCOMPARE(c.Txt_Result->text(), QString("0.75"));
   }
 };
