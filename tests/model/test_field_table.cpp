@@ -77,28 +77,3 @@ TEST(FieldTable, EveryValidationFailureNamesAFieldOfItsPage) {
   // off their route
   EXPECT_GT(failures, 100);
 }
-
-// A change rule of the table reaches the record: a load clears the forces,
-// a restraint only the solve, a punctual restraint only while it is on.
-TEST(FieldTable, ChangeRulesFollowTheTable) {
-  struct Case {
-    const char* field;
-    bool punctualOn;
-    bool processCleared, effortsCleared;
-  } cases[] = {
-      {"Txt_xq22", false, true, true},  {"Txt_zend2", false, true, false},
-      {"Txt_zint_p1", false, false, false}, {"Txt_zint_p1", true, true, false},
-      {"Txt_Iz(1)", false, false, false},
-  };
-  for (const Case& c : cases) {
-    BeamModel m = Default_Model();
-    m.Chk_Punctual1 = c.punctualOn;
-    m.Txt_mucr = "0.5";
-    m.Txt_Mmax[0] = "100";
-    m.Mode_Max = 1;
-    Data_Changed(m, c.field);
-    EXPECT_EQ(m.Txt_mucr == "0", c.processCleared) << c.field;
-    EXPECT_EQ(m.Mode_Max == 0, c.processCleared) << c.field;
-    EXPECT_EQ(m.Txt_Mmax[0] == "0", c.effortsCleared) << c.field;
-  }
-}
