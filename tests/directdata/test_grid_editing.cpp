@@ -9,7 +9,7 @@ using namespace zarvek;
 
 namespace {
 
-// A 5 x 3 data block (rows 2..6, columns 1..3) filled with "r.c" markers
+// A 5 x 3 data block (rows 2..6, columns 1..3) filled with "m<row><col>" markers
 // that no paste below writes.
 Text_Grid Marked_Grid() {
   Text_Grid g(7, 4);
@@ -25,66 +25,51 @@ std::vector<std::string> Block(const Text_Grid& g, int top, int left, int bottom
   return v;
 }
 
-struct PasteCase {
-  const char* name;
-  int row, col, rowSel, colSel;  // selection, dragged from (row, col)
-  const char* clip;
-  Paste_Outcome outcome;
-  int written;
-  // the selected block afterwards, row by row ("" = the cell's marker)
-  std::vector<std::string> after;
-};
-
-class Paste : public ::testing::TestWithParam<PasteCase> {
- protected:
-  void SetUp() override { Dec_Sep = '.'; }
-};
-
-TEST_P(Paste, Rules) {
-  const PasteCase& pc = GetParam();
-  Text_Grid g = Marked_Grid();
-  const Text_Grid before = g;
-  g.Set_Cursor(pc.row, pc.col);
-  g.Select_To(pc.rowSel, pc.colSel);
-  const Paste_Result r = Paste_Text(g, pc.clip);
-  EXPECT_EQ(r.Outcome, pc.outcome);
-  EXPECT_EQ(r.Written, pc.written);
-  const Grid_Block b = Selected_Block(g);
-  std::vector<std::string> got = Block(g, b.Top, b.Left, b.Bottom, b.Right);
-  std::vector<std::string> want = pc.after;
-  const std::vector<std::string> old = Block(before, b.Top, b.Left, b.Bottom, b.Right);
-  for (size_t i = 0; i < want.size(); ++i)
-    if (want[i].empty()) want[i] = old[i];
-  EXPECT_EQ(got, want);
-  // nothing outside the selection moves
-  for (int r2 = 2; r2 < 7; ++r2)
-    for (int c = 1; c < 4; ++c)
-      if (r2 < b.Top || r2 > b.Bottom || c < b.Left || c > b.Right) {
-        EXPECT_EQ(g.TextMatrix(r2, c), before.TextMatrix(r2, c));
-      }
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Grid, Paste,
-    ::testing::Values(
-        PasteCase{"single_value_fills_the_selection", 2, 1, 3, 2, "7.5", Paste_Outcome::Done, 4,
-                  {"7.5", "7.5", "7.5", "7.5"}},
-        PasteCase{"block_dragged_upwards_lands_from_the_top_left", 3, 3, 2, 1, "1\t2\t3\r\n4\t5\t6\r\n",
-                  Paste_Outcome::Done, 6, {"1", "2", "3", "4", "5", "6"}},
-        PasteCase{"block_with_bare_line_feeds_and_no_final_one", 5, 2, 6, 3, "1E3\t-2\n0.5\t+4", Paste_Outcome::Done,
-                  4, {"1E3", "-2", "0.5", "+4"}},
-        PasteCase{"2x3_block_on_a_3x2_selection_changes_nothing", 2, 1, 4, 2, "1\t2\t3\r\n4\t5\t6\r\n",
-                  Paste_Outcome::Nothing, 0, {"", "", "", "", "", ""}},
-        PasteCase{"ragged_block_changes_nothing", 2, 1, 3, 2, "1\t2\r\n3\r\n", Paste_Outcome::Nothing, 0,
-                  {"", "", "", ""}},
-        PasteCase{"non_number_in_second_row_keeps_the_first", 2, 1, 3, 2, "1\t2\r\nabc\t4\r\n",
-                  Paste_Outcome::Not_Numeric, 2, {"1", "2", "", ""}},
-        PasteCase{"non_number_mid_row_keeps_the_cells_before_it", 2, 1, 2, 3, "1\t2,5\t3\r\n",
-                  Paste_Outcome::Not_Numeric, 1, {"1", "", ""}},
-        PasteCase{"empty_clipboard_does_nothing", 2, 1, 2, 1, "", Paste_Outcome::Nothing, 0, {""}}),
-    [](const ::testing::TestParamInfo<PasteCase>& i) { return std::string(i.param.name); });
-
-TEST(Grid, PasteFollowsTheLocaleSeparator) {
+// A selection dragged from (row, col) to (rowSel, colSel), a clipboard text,
+// and the selected block afterwards, row by row ("" = the cell's marker).
+// Nothing outside the selection moves.
+TEST(Grid, PasteRules) {
+  Dec_Sep = '.';
+  const struct {
+    int row, col, rowSel, colSel;
+    const char* clip;
+    Paste_Outcome outcome;
+    int written;
+    std::vector<std::string> after;
+  } cases[] = {
+      {2, 1, 3, 2, "7.5", Paste_Outcome::Done, 4, {"7.5", "7.5", "7.5", "7.5"}},  // one value fills all
+      // a block dragged upwards lands from the top left
+      {3, 3, 2, 1, "1\t2\t3\r\n4\t5\t6\r\n", Paste_Outcome::Done, 6, {"1", "2", "3", "4", "5", "6"}},
+      // bare line feeds, no final one
+      {5, 2, 6, 3, "1E3\t-2\n0.5\t+4", Paste_Outcome::Done, 4, {"1E3", "-2", "0.5", "+4"}},
+      // 2 x 3 on a 3 x 2 selection, a ragged block, an empty clipboard: nothing
+      {2, 1, 4, 2, "1\t2\t3\r\n4\t5\t6\r\n", Paste_Outcome::Nothing, 0, {"", "", "", "", "", ""}},
+      {2, 1, 3, 2, "1\t2\r\n3\r\n", Paste_Outcome::Nothing, 0, {"", "", "", ""}},
+      {2, 1, 2, 1, "", Paste_Outcome::Nothing, 0, {""}},
+      // a word in the second row keeps the first; mid-row, the cells before it
+      {2, 1, 3, 2, "1\t2\r\nabc\t4\r\n", Paste_Outcome::Not_Numeric, 2, {"1", "2", "", ""}},
+      {2, 1, 2, 3, "1\t2,5\t3\r\n", Paste_Outcome::Not_Numeric, 1, {"1", "", ""}}};
+  for (const auto& pc : cases) {
+    Text_Grid g = Marked_Grid();
+    const Text_Grid before = g;
+    g.Set_Cursor(pc.row, pc.col);
+    g.Select_To(pc.rowSel, pc.colSel);
+    const Paste_Result r = Paste_Text(g, pc.clip);
+    EXPECT_EQ(r.Outcome, pc.outcome) << pc.clip;
+    EXPECT_EQ(r.Written, pc.written) << pc.clip;
+    const Grid_Block b = Selected_Block(g);
+    std::vector<std::string> want = pc.after;
+    const std::vector<std::string> old = Block(before, b.Top, b.Left, b.Bottom, b.Right);
+    for (size_t i = 0; i < want.size(); ++i)
+      if (want[i].empty()) want[i] = old[i];
+    EXPECT_EQ(Block(g, b.Top, b.Left, b.Bottom, b.Right), want) << pc.clip;
+    for (int r2 = 2; r2 < 7; ++r2)
+      for (int c = 1; c < 4; ++c)
+        if (r2 < b.Top || r2 > b.Bottom || c < b.Left || c > b.Right) {
+          EXPECT_EQ(g.TextMatrix(r2, c), before.TextMatrix(r2, c)) << pc.clip;
+        }
+  }
+  // under a comma locale a point is no decimal mark
   Dec_Sep = ',';
   Text_Grid g = Marked_Grid();
   g.Set_Cursor(2, 1);
@@ -94,15 +79,13 @@ TEST(Grid, PasteFollowsTheLocaleSeparator) {
   Dec_Sep = '.';
 }
 
-TEST(Grid, CopyIsTabSeparatedRowsEndedByCrLfWhicheverWayItWasDragged) {
+// Copy gives tab-separated rows ended by CR LF whichever way the block was
+// dragged; the size of a selection; Delete empties the block only.
+TEST(Grid, CopySelectionSizeAndDelete) {
   Text_Grid g = Marked_Grid();
   g.Set_Cursor(5, 3);
   g.Select_To(4, 2);
   EXPECT_EQ(Copy_Block(g), "m42\tm43\r\nm52\tm53\r\n");
-}
-
-TEST(Grid, SelectionSizeAndDeleteOfABlock) {
-  Text_Grid g = Marked_Grid();
   g.Set_Cursor(3, 1);
   int rows = 0, cols = 0;
   Get_GridSelection(g, rows, cols);
@@ -117,10 +100,7 @@ TEST(Grid, SelectionSizeAndDeleteOfABlock) {
 TEST(Grid, KeyFiltersRefuseTheMinusWhereAValueCantBeNegative) {
   // columns that may be typed with "-": links of the elements, all of the
   // restraints and moments, forces and heights of the loads
-  struct {
-    Grid_Kind kind;
-    const char* minusAllowed;  // one mark per column 1..
-  } cases[] = {
+  const struct { Grid_Kind kind; const char* minusAllowed; } cases[] = {  // one mark per column 1..
       {Grid_Kind::Elements, "-----+++"},  // L Iz It Iw Betaz | Kt Kvp Ktp
       {Grid_Kind::Restraints, "+++++"},
       {Grid_Kind::MV, "++"},
