@@ -73,7 +73,7 @@ class Test_Frm_DirectData : public QObject {
 
   QTemporaryDir dir_;
   std::vector<std::string> boxes_;  // exclamation boxes shown
-  std::vector<std::pair<int, std::string>> dialogs_;  // file dialogs: action, name offered
+  std::vector<std::pair<int, std::string>> dialogs_;  // file dialogs: action (2: save), name offered
   std::string answer_;                                 // what the file dialog returns
 
   std::string Path(const char* name) { return dir_.path().toStdString() + "/" + name; }
@@ -111,6 +111,15 @@ class Test_Frm_DirectData : public QObject {
     if (g) g->setFocus();
   }
 
+  // Goes to a cell, types and ends the typing with a key.
+  void Cell(Frm_DirectData& f, Data_Grid* g, int r, int c, const char* text, Qt::Key end = Qt::Key_Return) {
+    g->Go_To(r, c);
+    Type(f, text);
+    Key(f, end);
+  }
+
+  using Dialogs = std::vector<std::pair<int, std::string>>;
+
  private slots:
   void initTestCase() {
     QVERIFY(dir_.isValid());
@@ -137,9 +146,7 @@ class Test_Frm_DirectData : public QObject {
     answer_ = Path("NEW.ZVK");
     f->close();
     QVERIFY(!f->isVisible());
-    QCOMPARE(dialogs_.size(), size_t(1));
-    QCOMPARE(dialogs_[0].first, 2);
-    QCOMPARE(dialogs_[0].second, std::string("*.ZVK"));
+    QCOMPARE(dialogs_, (Dialogs{{2, "*.ZVK"}}));
     QCOMPARE(f->File_External(), answer_);
     // the file reads back with its 64 elements
     DirectDataSheet s = New_DirectData(50);
@@ -161,15 +168,10 @@ class Test_Frm_DirectData : public QObject {
     QCOMPARE(g->TextMatrix(2, 1), std::string("10"));
     QCOMPARE(f->focusWidget(), static_cast<QWidget*>(g));
 
-    g->Go_To(2, 1);
-    Type(*f, "12");
-    Key(*f, Qt::Key_Return);
+    Cell(*f, g, 2, 1, "12");
     QCOMPARE(g->TextMatrix(2, 1), std::string("12"));
     QCOMPARE(g->Row(), 3);
-
-    g->Go_To(51, 2);
-    Type(*f, "700");
-    Key(*f, Qt::Key_Enter);
+    Cell(*f, g, 51, 2, "700", Qt::Key_Enter);
     QCOMPARE(g->TextMatrix(51, 2), std::string("700"));
     QCOMPARE(g->Row(), 51);
     Key(*f, Qt::Key_Return);
@@ -260,10 +262,7 @@ class Test_Frm_DirectData : public QObject {
   // A value still in the cell's editor when Save is chosen reaches the file.
   void valueInTheEditorIsSaved() {
     const std::string path = Path("EDIT.ZVK");
-    {
-      DirectDataSheet s = New_DirectData(55);
-      QVERIFY(Save_FileZVK(path, s));
-    }
+    QVERIFY(Save_FileZVK(path, New_DirectData(55)));
     auto f = Open(path);
     QVERIFY(f);
     QCOMPARE(f->Txt_NB->text(), QString("55"));
@@ -274,8 +273,7 @@ class Test_Frm_DirectData : public QObject {
     g->Go_To(30, 1);
     Type(*f, "4321");
     f->Menu_File_Save();
-    QVERIFY(dialogs_.empty());
-    QCOMPARE(cleared, 1);
+    QVERIFY(dialogs_.empty() && cleared == 1);
     DirectDataSheet back = New_DirectData(50);
     QVERIFY(Read_FileZVK(path, back).Ok);
     QCOMPARE(Num_Of_Text(back.Grd_Restraints.TextMatrix(30, 1)), 4321.0);
@@ -312,34 +310,27 @@ class Test_Frm_DirectData : public QObject {
     QTest::keyClick(&f, Qt::Key_F, Qt::AltModifier);
     QTRY_VERIFY(f.Menu_File->isVisible());
     QTest::keyClick(f.Menu_File, Qt::Key_S);
-    QCOMPARE(dialogs_.size(), size_t(1));
-    QCOMPARE(dialogs_[0].first, 2);
-    QCOMPARE(dialogs_[0].second, std::string("*.ZVK"));
+    QCOMPARE(dialogs_, (Dialogs{{2, "*.ZVK"}}));
     QCOMPARE(boxes_, std::vector<std::string>{});
-    QVERIFY(!QFile::exists(stray));
-    QVERIFY(!QFile::exists(dir_.path() + "/" + stray));
+    QVERIFY(!QFile::exists(stray) && !QFile::exists(dir_.path() + "/" + stray));
   }
 
   // "1e400" can't be any value, "1e39" no length, section constant, moment or
   // load (single precision) though a spring may be that stiff: the cell keeps
-  // its text and a box says why, after typing as after a paste.
-  void valueBeyondItsFieldInACell() {
+  // its text and a box says why, after typing as after a paste. Digits typed
+  // reach the file as typed: an element of 1.005 cm is not saved as 1.00, an
+  // It of 0.692 cm4 not as 0.69.
+  void valuesTypedInACell() {
     auto f = Open(Msg(40));
     QVERIFY(f);
     Data_Grid* g = f->Grd_Elements;
     Show_Tab(*f, 1, g);
     const std::vector<std::string> refused{Text_OutOfRange()};
-    struct {
-      int col;
-      const char* typed;
-      const char* kept;  // the key filter writes the exponent E
-      bool box;
-    } cases[] = {{1, "1e400", "10", true}, {2, "1e39", "603.78", true}, {6, "1e39", "1E39", false}};
+    const struct { int col; const char *typed, *kept; bool box; } cases[] = {  // the filter writes E
+        {1, "1e400", "10", true}, {2, "1e39", "603.78", true}, {6, "1e39", "1E39", false}};
     for (const auto& c : cases) {
       boxes_.clear();
-      g->Go_To(2, c.col);
-      Type(*f, c.typed);
-      Key(*f, Qt::Key_Return);
+      Cell(*f, g, 2, c.col, c.typed);
       QCOMPARE(g->TextMatrix(2, c.col), std::string(c.kept));
       if (c.box) QTRY_COMPARE(boxes_, refused);
       else QCOMPARE(boxes_, std::vector<std::string>{});
@@ -350,18 +341,8 @@ class Test_Frm_DirectData : public QObject {
     Key(*f, Qt::Key_V, Qt::ControlModifier);
     QCOMPARE(g->TextMatrix(4, 4), std::string("126332"));
     QCOMPARE(boxes_, refused);
-  }
 
-  // Digits typed in a cell reach the file as typed: an It of 0.692 cm4
-  // is not saved as 0.69, an element of 1.005 cm not as 1.00.
-  void typedDigitsReachTheFile() {
-    auto f = Open(Msg(40));
-    QVERIFY(f);
-    Data_Grid* g = f->Grd_Elements;
-    Show_Tab(*f, 1, g);
-    g->Go_To(2, 1);
-    Type(*f, "1.005");
-    Key(*f, Qt::Key_Tab);
+    Cell(*f, g, 2, 1, "1.005", Qt::Key_Tab);
     Key(*f, Qt::Key_Tab);
     Type(*f, "0.692");
     Key(*f, Qt::Key_Return);
@@ -423,15 +404,10 @@ class Test_Frm_DirectData : public QObject {
       Data_Grid* g = f->Grd_Axial;
       QCOMPARE(g->rowCount(), 50);
       g->setFocus();
-      auto type = [&](int r, int c, const char* text) {
-        g->Go_To(r, c);
-        Type(*f, text);
-        Key(*f, Qt::Key_Return);
-      };
-      type(2, 2, "-5");  // N may be negative (tension), the area may not
+      Cell(*f, g, 2, 2, "-5");  // N may be negative (tension), the area may not
       QCOMPARE(g->TextMatrix(2, 2), std::string("5"));
-      for (int r = 2; r <= 51; ++r) type(r, 1, "-2000");
-      type(2, 2, "53.81");
+      for (int r = 2; r <= 51; ++r) Cell(*f, g, r, 1, "-2000");
+      Cell(*f, g, 2, 2, "53.81");
       QCOMPARE(g->TextMatrix(51, 1), std::string("-2000"));
       const QByteArray dir = qgetenv("ZARVEK_SHOT_DIR");
       if (!dir.isEmpty()) QVERIFY(f->grab().save(QString::fromUtf8(dir + "/axial-grid-" + lang + ".png")));
