@@ -83,7 +83,8 @@ TEST_F(DirectData, NewProblemPrompt) {
   }
 }
 
-// A sheet with every grid and cell different, written and read back.
+// A sheet with every grid and cell different, written and read back under
+// either decimal mark.
 TEST_F(DirectData, RoundTripThroughAProblemFile) {
   for (char sep : {'.', ','}) {
     Dec_Sep = sep;
@@ -109,6 +110,11 @@ TEST_F(DirectData, RoundTripThroughAProblemFile) {
     s.Grd_Restraints.Set_TextMatrix(30, 5, local("-12.5"));
     s.Grd_SpanLoadsF.Set_TextMatrix(3, 2, local("150.75"));
     s.Grd_SpanLoadsQ.Set_TextMatrix(3, 1, local("-2.125"));
+    // typed digits come back as typed: an element of 1.005 cm and an It of
+    // 0.692 cm4, which two decimals would change; a double field
+    s.Grd_Elements.Set_TextMatrix(58, 1, local("1.005"));
+    s.Grd_Elements.Set_TextMatrix(7, 3, local("0.692"));
+    s.Grd_Restraints.Set_TextMatrix(9, 1, local("12345678.125"));
     const std::string path = Scratch(sep == '.' ? "RT1.ZVK" : "RT2.ZVK");
     ASSERT_TRUE(Save_FileZVK(path, s));
 
@@ -124,6 +130,9 @@ TEST_F(DirectData, RoundTripThroughAProblemFile) {
     ASSERT_TRUE(r.Ok);
     EXPECT_EQ(back.Txt_NB + " " + back.Txt_NF, "57 3");
     EXPECT_EQ(Num_Of_Text(back.Txt_G), 810000);
+    EXPECT_EQ(back.Grd_Elements.TextMatrix(58, 1) + " " + back.Grd_Elements.TextMatrix(7, 3) + " " +
+                  back.Grd_Restraints.TextMatrix(9, 1),
+              local("1.005 0.692 12345678.125"));
     for (Grid_Kind k : {Grid_Kind::Elements, Grid_Kind::Restraints, Grid_Kind::MV, Grid_Kind::SpanLoadsF,
                         Grid_Kind::SpanLoadsQ}) {
       const Text_Grid &a = s.Grid(k), &b = back.Grid(k);
@@ -211,22 +220,6 @@ TEST_F(DirectData, AShortFileKeepsWhatWasRead) {
   EXPECT_EQ(Num_Of_Text(s.Grd_Elements.TextMatrix(2, 1)), 12.5);
   EXPECT_EQ(s.Grd_Restraints.TextMatrix(4, 1), "");
   EXPECT_FALSE(Read_FileZVK(Scratch("MISSING.ZVK"), s).Ok);
-}
-
-// Typed digits reach the file and come back as typed: 1.005 cm elements
-// (2.01 m in 200) and an It of 0.692 cm4, which two decimals would change.
-TEST_F(DirectData, TypedDigitsGoThroughTheFileUnchanged) {
-  DirectDataSheet s = New_DirectData(200);
-  for (int r = 2; r <= 201; ++r) s.Grd_Elements.Set_TextMatrix(r, 1, "1.005");
-  s.Grd_Elements.Set_TextMatrix(7, 3, "0.692");
-  s.Grd_Restraints.Set_TextMatrix(9, 1, "12345678.125");  // a double field
-  const std::string path = Scratch("DIGITS.ZVK");
-  ASSERT_TRUE(Save_FileZVK(path, s));
-  DirectDataSheet back = New_DirectData(50);
-  ASSERT_TRUE(Read_FileZVK(path, back).Ok);
-  EXPECT_EQ(back.Grd_Elements.TextMatrix(201, 1) + " " + back.Grd_Elements.TextMatrix(7, 3) + " " +
-                back.Grd_Restraints.TextMatrix(9, 1),
-            "1.005 0.692 12345678.125");
 }
 
 // "1e400" is no number of any field, "1e39" none of a single-precision one
