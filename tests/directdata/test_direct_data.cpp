@@ -1,13 +1,16 @@
 // The direct data of a problem: limits of the header fields, the passage
-// through a problem file and back, and what the solver makes of a saved grid.
+// through a problem file and back, what the solver makes of a saved grid, and
+// the editing rules of the grids: paste, copy, delete and key filters.
 #include <gtest/gtest.h>
 
 #include <cstdio>
 #include <fstream>
 #include <sstream>
+#include <tuple>
 #include <unistd.h>
 
 #include "directdata/DirectData.h"
+#include "directdata/Mod_MSFlexGrid.h"
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
 
@@ -46,11 +49,7 @@ class DirectData : public ::testing::Test {
 };
 
 TEST_F(DirectData, PointLoadsUpToOneANodeDistributedLoadsUpToTen) {
-  struct {
-    const char *nf, *nq;
-    Header_Field field;
-    const char* message;
-  } cases[] = {
+  const struct { const char *nf, *nq; Header_Field field; const char* message; } cases[] = {
       {"51", "10", Header_Field::None, ""},  // N + 1 point loads, 10 distributed
       {"0", "0", Header_Field::None, ""},
       {"52", "0", Header_Field::NF, "Too many point loads : NFmax = 51 !"},
@@ -61,19 +60,16 @@ TEST_F(DirectData, PointLoadsUpToOneANodeDistributedLoadsUpToTen) {
   };
   for (const auto& c : cases) {
     DirectDataSheet s = New_DirectData(50);
-    s.Txt_NF = c.nf;
-    s.Txt_NQ = c.nq;
+    std::tie(s.Txt_NF, s.Txt_NQ) = std::tuple(c.nf, c.nq);
     int nfmax = 0;
     const DataWrong w = IsDataWrong(s, &nfmax);
-    EXPECT_EQ(w.Wrong, c.field != Header_Field::None) << c.nf << " " << c.nq;
-    EXPECT_EQ(w.Field, c.field) << c.nf << " " << c.nq;
-    EXPECT_EQ(w.Message, c.message);
+    EXPECT_EQ(std::tuple(w.Wrong, w.Field, w.Message),
+              std::tuple(c.field != Header_Field::None, c.field, std::string(c.message))) << c.nf << " " << c.nq;
   }
   DirectDataSheet s = New_DirectData(50);
   s.Txt_G = "8e5x";
   s.Txt_NF = "99";  // the order of the tests: G is met first
-  EXPECT_EQ(IsDataWrong(s).Field, Header_Field::G);
-  EXPECT_TRUE(IsDataWrong(s).Message.empty());
+  EXPECT_EQ(std::tuple(IsDataWrong(s).Field, IsDataWrong(s).Message), std::tuple(Header_Field::G, std::string()));
 }
 
 TEST_F(DirectData, NewProblemPrompt) {
@@ -81,21 +77,19 @@ TEST_F(DirectData, NewProblemPrompt) {
   EXPECT_EQ(NewProblem_Prompt(), "Number of elements (50<N<300)");
   int nb = 0;
   for (const char* refused : {"49", "301", "", "abc", "60.5"}) EXPECT_FALSE(NewProblem_Accepts(refused, nb));
-  EXPECT_TRUE(NewProblem_Accepts("300", nb));
-  EXPECT_EQ(nb, 300);
-  EXPECT_TRUE(NewProblem_Accepts("50", nb));
-  EXPECT_EQ(nb, 50);
+  for (int accepted : {300, 50}) {
+    EXPECT_TRUE(NewProblem_Accepts(std::to_string(accepted), nb));
+    EXPECT_EQ(nb, accepted);
+  }
 }
 
-// A sheet with every grid and cell different, written and read back.
+// A sheet with every grid and cell different, written and read back under
+// either decimal mark.
 TEST_F(DirectData, RoundTripThroughAProblemFile) {
   for (char sep : {'.', ','}) {
     Dec_Sep = sep;
     DirectDataSheet s = New_DirectData(57);
-    s.Txt_E = "2100000";
-    s.Txt_G = "810000";
-    s.Txt_NF = "3";
-    s.Txt_NQ = "2";
+    std::tie(s.Txt_E, s.Txt_G, s.Txt_NF, s.Txt_NQ) = std::tuple("2100000", "810000", "3", "2");
     Prepare_GrdSpanLoadsF(s);
     Prepare_GrdSpanLoadsQ(s);
     auto local = [](std::string t) {
@@ -116,6 +110,11 @@ TEST_F(DirectData, RoundTripThroughAProblemFile) {
     s.Grd_Restraints.Set_TextMatrix(30, 5, local("-12.5"));
     s.Grd_SpanLoadsF.Set_TextMatrix(3, 2, local("150.75"));
     s.Grd_SpanLoadsQ.Set_TextMatrix(3, 1, local("-2.125"));
+    // typed digits come back as typed: an element of 1.005 cm and an It of
+    // 0.692 cm4, which two decimals would change; a double field
+    s.Grd_Elements.Set_TextMatrix(58, 1, local("1.005"));
+    s.Grd_Elements.Set_TextMatrix(7, 3, local("0.692"));
+    s.Grd_Restraints.Set_TextMatrix(9, 1, local("12345678.125"));
     const std::string path = Scratch(sep == '.' ? "RT1.ZVK" : "RT2.ZVK");
     ASSERT_TRUE(Save_FileZVK(path, s));
 
@@ -129,9 +128,11 @@ TEST_F(DirectData, RoundTripThroughAProblemFile) {
     DirectDataSheet back = New_DirectData(50);
     const ReadOutcome r = Read_FileZVK(path, back);
     ASSERT_TRUE(r.Ok);
-    EXPECT_EQ(back.Txt_NB, "57");
-    EXPECT_EQ(back.Txt_NF, "3");
+    EXPECT_EQ(back.Txt_NB + " " + back.Txt_NF, "57 3");
     EXPECT_EQ(Num_Of_Text(back.Txt_G), 810000);
+    EXPECT_EQ(back.Grd_Elements.TextMatrix(58, 1) + " " + back.Grd_Elements.TextMatrix(7, 3) + " " +
+                  back.Grd_Restraints.TextMatrix(9, 1),
+              local("1.005 0.692 12345678.125"));
     for (Grid_Kind k : {Grid_Kind::Elements, Grid_Kind::Restraints, Grid_Kind::MV, Grid_Kind::SpanLoadsF,
                         Grid_Kind::SpanLoadsQ}) {
       const Text_Grid &a = s.Grid(k), &b = back.Grid(k);
@@ -172,8 +173,7 @@ TEST_F(DirectData, TheAxialGridTravelsInItsOptionalBlock) {
       EXPECT_EQ(Num_Of_Text(back.Grd_Axial.TextMatrix(r, c)), Num_Of_Text(s.Grd_Axial.TextMatrix(r, c)));
   ProblemData p;
   Sheet_To_Problem(back, p);
-  EXPECT_EQ(p.N[19], 1500.5);
-  EXPECT_EQ(p.zC[19], -3.25);
+  EXPECT_EQ(std::tuple(p.N[19], p.zC[19]), std::tuple(1500.5, -3.25));
   EXPECT_FLOAT_EQ(p.A[1], 53.81f);
   ASSERT_TRUE(Read_FileZVK(Scratch("AX0.ZVK"), back).Ok);
   EXPECT_EQ(back.Grd_Axial.TextMatrix(20, 1), "0");
@@ -181,20 +181,6 @@ TEST_F(DirectData, TheAxialGridTravelsInItsOptionalBlock) {
   const std::string text = Slurp(Scratch("AX1.ZVK"));
   Put(Scratch("AX2.ZVK"), text.substr(0, text.find("\n 30 ", text.find("Axial"))));
   EXPECT_FALSE(Read_FileZVK(Scratch("AX2.ZVK"), back).Ok);
-}
-
-TEST_F(DirectData, AnEmptiedCellIsNotSaved) {
-  DirectDataSheet s = New_DirectData(50);
-  s.Grd_MV.Set_Cursor(10, 1);
-  s.Grd_MV.Select_To(11, 2);
-  Delete_Block(s.Grd_MV);
-  const std::string path = Scratch("EMPTY.ZVK");
-  Put(path, "old contents\n");
-  Cell_Ref bad;
-  EXPECT_FALSE(Save_FileZVK(path, s, &bad));
-  EXPECT_EQ(bad.Grid, Grid_Kind::MV);
-  EXPECT_EQ(bad.Row * 10 + bad.Col, 101);
-  EXPECT_EQ(Slurp(path), "old contents\n");
 }
 
 TEST_F(DirectData, MeshOutOfRangeIsRefusedBeforeAnyCellChanges) {
@@ -211,9 +197,8 @@ TEST_F(DirectData, MeshOutOfRangeIsRefusedBeforeAnyCellChanges) {
     const ReadOutcome r = Read_FileZVK(path, s);
     EXPECT_FALSE(r.Ok);
     EXPECT_EQ(r.Message, "Elements out of range (50<N<300)");
-    EXPECT_EQ(s.Txt_NB, "80");
-    EXPECT_EQ(s.Grd_Elements.Rows(), 82);
-    EXPECT_EQ(s.Grd_Elements.TextMatrix(5, 2), "777");
+    EXPECT_EQ(s.Txt_NB + " " + std::to_string(s.Grd_Elements.Rows()) + " " + s.Grd_Elements.TextMatrix(5, 2),
+              "80 82 777");
   }
 }
 
@@ -237,22 +222,6 @@ TEST_F(DirectData, AShortFileKeepsWhatWasRead) {
   EXPECT_FALSE(Read_FileZVK(Scratch("MISSING.ZVK"), s).Ok);
 }
 
-// Typed digits reach the file and come back as typed: 1.005 cm elements
-// (2.01 m in 200) and an It of 0.692 cm4, which two decimals would change.
-TEST_F(DirectData, TypedDigitsGoThroughTheFileUnchanged) {
-  DirectDataSheet s = New_DirectData(200);
-  for (int r = 2; r <= 201; ++r) s.Grd_Elements.Set_TextMatrix(r, 1, "1.005");
-  s.Grd_Elements.Set_TextMatrix(7, 3, "0.692");
-  s.Grd_Restraints.Set_TextMatrix(9, 1, "12345678.125");  // a double field
-  const std::string path = Scratch("DIGITS.ZVK");
-  ASSERT_TRUE(Save_FileZVK(path, s));
-  DirectDataSheet back = New_DirectData(50);
-  ASSERT_TRUE(Read_FileZVK(path, back).Ok);
-  EXPECT_EQ(back.Grd_Elements.TextMatrix(201, 1), "1.005");
-  EXPECT_EQ(back.Grd_Elements.TextMatrix(7, 3), "0.692");
-  EXPECT_EQ(back.Grd_Restraints.TextMatrix(9, 1), "12345678.125");
-}
-
 // "1e400" is no number of any field, "1e39" none of a single-precision one
 // (lengths, section constants, heights, moments, loads) though a spring may
 // be that stiff: refused in a file, where the reading stops at its line, in a
@@ -268,12 +237,7 @@ TEST_F(DirectData, AValueBeyondItsFieldIsRefused) {
     if (at != std::string::npos) t.replace(at, from.size(), to);
     return t;
   };
-  struct {
-    const char *from, *to;
-    bool ok;
-    int line;
-    const char* message;
-  } cases[] = {
+  const struct { const char *from, *to; bool ok; int line; const char* message; } cases[] = {
       // element 4 stands on line 5 + 4
       {"\n  4       10 ", "\n  4    1e400 ", false, 9, "\"1e400\" is beyond the range of its field."},
       {"\n  4       10      603.78 ", "\n  4       10        1e39 ", false, 9,
@@ -293,19 +257,140 @@ TEST_F(DirectData, AValueBeyondItsFieldIsRefused) {
         << r.Message;
   }
 
+  // a cell emptied, or beyond its field: nothing saved, the cell named
   DirectDataSheet s = New_DirectData(50);
-  s.Grd_Elements.Set_TextMatrix(5, 2, "1e39");
+  s.Grd_MV.Set_Cursor(10, 1);
+  s.Grd_MV.Select_To(11, 2);
+  Delete_Block(s.Grd_MV);
   Cell_Ref bad;
   Put(path, "old contents\n");
   EXPECT_FALSE(Save_FileZVK(path, s, &bad));
-  EXPECT_TRUE(bad.Out_Of_Range);
-  EXPECT_EQ(bad.Row * 10 + bad.Col, 52);
+  EXPECT_EQ(std::tuple(bad.Grid, bad.Row, bad.Col, bad.Out_Of_Range), std::tuple(Grid_Kind::MV, 10, 1, false));
+  s = New_DirectData(50);
+  s.Grd_Elements.Set_TextMatrix(5, 2, "1e39");
+  EXPECT_FALSE(Save_FileZVK(path, s, &bad));
+  EXPECT_EQ(std::tuple(bad.Grid, bad.Row, bad.Col, bad.Out_Of_Range), std::tuple(Grid_Kind::Elements, 5, 2, true));
   EXPECT_EQ(Slurp(path), "old contents\n");
   s.Grd_Elements.Set_TextMatrix(5, 2, "603.78");
   s.Grd_Elements.Set_TextMatrix(5, 6, "1e39");  // a twist link, double
   EXPECT_TRUE(Save_FileZVK(path, s));
   s.Txt_E = "1e400";
   EXPECT_EQ(IsDataWrong(s).Field, Header_Field::E);
+}
+
+// A 5 x 3 data block (rows 2..6, columns 1..3) filled with "m<row><col>" markers
+// that no paste below writes.
+Text_Grid Marked_Grid() {
+  Text_Grid g(7, 4);
+  for (int r = 2; r < 7; ++r)
+    for (int c = 1; c < 4; ++c) g.Set_TextMatrix(r, c, "m" + std::to_string(r) + std::to_string(c));
+  return g;
+}
+
+std::vector<std::string> Block(const Text_Grid& g, int top, int left, int bottom, int right) {
+  std::vector<std::string> v;
+  for (int r = top; r <= bottom; ++r)
+    for (int c = left; c <= right; ++c) v.push_back(g.TextMatrix(r, c));
+  return v;
+}
+
+// A selection dragged from (row, col) to (rowSel, colSel), a clipboard text,
+// and the selected block afterwards, row by row ("" = the cell's marker).
+// Nothing outside the selection moves.
+TEST(Grid, PasteRules) {
+  Dec_Sep = '.';
+  const struct {
+    int row, col, rowSel, colSel;
+    const char* clip;
+    Paste_Outcome outcome;
+    int written;
+    std::vector<std::string> after;
+  } cases[] = {
+      {2, 1, 3, 2, "7.5", Paste_Outcome::Done, 4, {"7.5", "7.5", "7.5", "7.5"}},  // one value fills all
+      // a block dragged upwards lands from the top left
+      {3, 3, 2, 1, "1\t2\t3\r\n4\t5\t6\r\n", Paste_Outcome::Done, 6, {"1", "2", "3", "4", "5", "6"}},
+      // bare line feeds, no final one
+      {5, 2, 6, 3, "1E3\t-2\n0.5\t+4", Paste_Outcome::Done, 4, {"1E3", "-2", "0.5", "+4"}},
+      // 2 x 3 on a 3 x 2 selection, a ragged block, an empty clipboard: nothing
+      {2, 1, 4, 2, "1\t2\t3\r\n4\t5\t6\r\n", Paste_Outcome::Nothing, 0, {"", "", "", "", "", ""}},
+      {2, 1, 3, 2, "1\t2\r\n3\r\n", Paste_Outcome::Nothing, 0, {"", "", "", ""}},
+      {2, 1, 2, 1, "", Paste_Outcome::Nothing, 0, {""}},
+      // a word in the second row keeps the first; mid-row, the cells before it
+      {2, 1, 3, 2, "1\t2\r\nabc\t4\r\n", Paste_Outcome::Not_Numeric, 2, {"1", "2", "", ""}},
+      {2, 1, 2, 3, "1\t2,5\t3\r\n", Paste_Outcome::Not_Numeric, 1, {"1", "", ""}}};
+  for (const auto& pc : cases) {
+    Text_Grid g = Marked_Grid();
+    const Text_Grid before = g;
+    g.Set_Cursor(pc.row, pc.col);
+    g.Select_To(pc.rowSel, pc.colSel);
+    const Paste_Result r = Paste_Text(g, pc.clip);
+    EXPECT_EQ(r.Outcome, pc.outcome) << pc.clip;
+    EXPECT_EQ(r.Written, pc.written) << pc.clip;
+    const Grid_Block b = Selected_Block(g);
+    std::vector<std::string> want = pc.after;
+    const std::vector<std::string> old = Block(before, b.Top, b.Left, b.Bottom, b.Right);
+    for (size_t i = 0; i < want.size(); ++i)
+      if (want[i].empty()) want[i] = old[i];
+    EXPECT_EQ(Block(g, b.Top, b.Left, b.Bottom, b.Right), want) << pc.clip;
+    for (int r2 = 2; r2 < 7; ++r2)
+      for (int c = 1; c < 4; ++c)
+        if (r2 < b.Top || r2 > b.Bottom || c < b.Left || c > b.Right) {
+          EXPECT_EQ(g.TextMatrix(r2, c), before.TextMatrix(r2, c)) << pc.clip;
+        }
+  }
+  // under a comma locale a point is no decimal mark
+  Dec_Sep = ',';
+  Text_Grid g = Marked_Grid();
+  g.Set_Cursor(2, 1);
+  g.Select_To(2, 2);
+  EXPECT_EQ(Paste_Text(g, "1,5\t2.5").Outcome, Paste_Outcome::Not_Numeric);
+  EXPECT_EQ(g.TextMatrix(2, 1), "1,5");
+  Dec_Sep = '.';
+}
+
+// Copy gives tab-separated rows ended by CR LF whichever way the block was
+// dragged; the size of a selection; Delete empties the block only.
+TEST(Grid, CopySelectionSizeAndDelete) {
+  Text_Grid g = Marked_Grid();
+  g.Set_Cursor(5, 3);
+  g.Select_To(4, 2);
+  EXPECT_EQ(Copy_Block(g), "m42\tm43\r\nm52\tm53\r\n");
+  g.Set_Cursor(3, 1);
+  int rows = 0, cols = 0;
+  Get_GridSelection(g, rows, cols);
+  EXPECT_EQ(rows * 10 + cols, 11);
+  g.Select_To(2, 3);  // dragged up and right
+  EXPECT_EQ(Selection_Caption(g), "2x3");
+  Delete_Block(g);
+  EXPECT_EQ(Block(g, 2, 1, 3, 3), std::vector<std::string>(6, ""));
+  EXPECT_EQ(g.TextMatrix(4, 1), "m41");
+}
+
+TEST(Grid, KeyFiltersRefuseTheMinusWhereAValueCantBeNegative) {
+  // columns that may be typed with "-": links of the elements, all of the
+  // restraints and moments, forces and heights of the loads
+  const struct { Grid_Kind kind; const char* minusAllowed; } cases[] = {  // one mark per column 1..
+      {Grid_Kind::Elements, "-----+++"},  // L Iz It Iw Betaz | Kt Kvp Ktp
+      {Grid_Kind::Restraints, "+++++"},
+      {Grid_Kind::MV, "++"},
+      {Grid_Kind::SpanLoadsF, "+-+"},     // F x z
+      {Grid_Kind::SpanLoadsQ, "+-+-+"},   // q1 x1 q2 x2 z
+      {Grid_Kind::Axial, "+--+"},         // N (tension negative) A Iy zC
+  };
+  Dec_Sep = ',';
+  for (const auto& c : cases) {
+    const std::string marks = c.minusAllowed;
+    ASSERT_EQ((int)marks.size(), Grid_Columns(c.kind) - 1);
+    for (int col = 1; col < Grid_Columns(c.kind); ++col) {
+      int key = '-';
+      EXPECT_EQ(Filter_NumericKey(key, Column_FilterMode(c.kind, col)), marks[col - 1] == '+')
+          << (int)c.kind << " column " << col;
+      int point = '.';
+      EXPECT_TRUE(Filter_NumericKey(point, Column_FilterMode(c.kind, col)));
+      EXPECT_EQ(point, ',');
+    }
+  }
+  Dec_Sep = '.';
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // Reactions of the record to changes: stale results, coupled fields, the
-// confirmation of the dimensions and the change of shape.
+// confirmation of the dimensions, the change of shape and of display units.
 #include <gtest/gtest.h>
 
 #include <tuple>
@@ -71,13 +71,15 @@ TEST_F(DataEntry, MomentsAndPsiStayCoupled) {
 
 TEST_F(DataEntry, ResultsDoNotSurviveAChangeOfTheirData) {
   // a switched-off restraint does not enter the solved problem, nor a
-  // dimension before the section is confirmed, nor what the curves show
+  // dimension before the section is confirmed, nor what the curves show, nor
+  // the catalogue's slot; a restraint clears the solve, a load the forces too
   const struct { const char* field; bool results, forces; } cases[] = {
       {"Txt_L", true, true},          {"Txt_q22", true, true},        {"Opt_EL", true, true},
-      {"Txt_M1", true, true},         {"Txt_NB", true, false},        {"Lst_tp2", true, false},
-      {"Txt_Iz(3)", true, false},     {"Chk_Continuous", true, false}, {"Chk_v", false, false},
-      {"Opt_Dimensions", true, false}, {"Txt_xfint1", false, false},   {"Lst_ti_p2", false, false},
-      {"Lst_vpi_c", false, false},    {"Txt_tw", false, false}};
+      {"Txt_M1", true, true},         {"Txt_xq22", true, true},       {"Txt_NB", true, false},
+      {"Lst_tp2", true, false},       {"Txt_zend2", true, false},     {"Txt_Iz(3)", true, false},
+      {"Chk_Continuous", true, false}, {"Chk_v", false, false},       {"Opt_Dimensions", true, false},
+      {"Txt_xfint1", false, false},   {"Txt_zint_p1", false, false},  {"Lst_ti_p2", false, false},
+      {"Lst_vpi_c", false, false},    {"Txt_tw", false, false},       {"Txt_Iz(1)", false, false}};
   for (const auto& c : cases) {
     Solved();
     Data_Changed(m, c.field);
@@ -85,7 +87,12 @@ TEST_F(DataEntry, ResultsDoNotSurviveAChangeOfTheirData) {
     EXPECT_EQ(Forces_Cleared(), c.forces) << c.field;
   }
   EXPECT_EQ(m.Txt_Iz[2] + m.Txt_It[2] + m.Txt_zS[2], "");  // the dimension emptied slot 2
+  m.Chk_Punctual1 = true;  // a punctual restraint that acts
+  Solved();
+  Data_Changed(m, "Txt_zint_p1");
+  EXPECT_TRUE(Results_Cleared() && !Forces_Cleared());
   // while the program fills fields, nothing reacts
+  Solved();
   m.RefreshLocked = true;
   m.Txt_E = "100000";
   for (const char* f : {"Txt_E", "Txt_L"}) Data_Changed(m, f);
@@ -156,6 +163,51 @@ TEST_F(DataEntry, ChangeOfShapeCarriesTheFlangeTyped) {
   std::tie(m.Txt_bf2, m.Txt_tf2, m.Txt_r2) = std::make_tuple("12", "1.2", "1");
   Tab_Dim_Change(m, 0);
   EXPECT_EQ(Flanges() + m.Txt_Iz[2], "12 1.2 1 / 12 1.2 1");  // and slot 2 is emptied
+}
+
+TEST(TraiterUnits, RoundTripThroughEveryUnitKeepsInternalValues) {
+  BeamModel m = Default_Model();
+  Set_Factors(m);
+  int k = 0;  // a distinct number in every field
+  for (auto& [f, texts] : Number_Fields(m))
+    for (std::string* t : texts) *t = Number_To_Text(1.5 + 0.37 * k++);
+  auto internal = [&] {
+    std::vector<double> v;
+    for (auto& [f, texts] : Number_Fields(m))
+      for (std::string* t : texts) v.push_back(Num_Of_Text(*t) * Factor_Of(m, f));
+    return v;
+  };
+  const std::vector<double> before = internal();
+  // walk every family through all its units and back to where it started
+  for (UnitFamily f : All_Unit_Families) {
+    const int start = Unit_Index(m, f), n = Unit_ItemCount(f);
+    for (int step = 1; step <= n; ++step) {
+      UnitIndices old = Unit_Indices(m);
+      Unit_Index(m, f) = (start + step) % n;
+      Traiter_Units(m, old);
+      std::vector<double> now = internal();
+      for (size_t i = 0; i < now.size(); ++i)
+        EXPECT_NEAR(now[i] / before[i], 1.0, 1e-3)
+            << Unit_ListName(f) << " unit " << Unit_Index(m, f) << " field " << i;
+    }
+  }
+}
+
+TEST(TraiterUnits, ShownTextsFollowTheUnit) {
+  BeamModel m = Default_Model();
+  Set_Factors(m);
+  m.Lst_v1 = RestraintList{-1, "1000"};  // kN/m
+  m.Txt_Iz[2].clear();                   // not computed yet
+  m.Txt_F1 = "-10.00";                   // a family whose unit stays is not even reformatted
+  UnitIndices old = Unit_Indices(m);
+  m.Lst_Unit_L = m.Lst_Unit_M = m.Lst_Unit_Izt = 0;  // mm, daN.cm, mm4
+  m.Lst_Unit_v = 2;                                   // daN/m
+  Traiter_Units(m, old);
+  // 10 m; -100 kN.m = -1e6 daN.cm, a million and more in scientific form;
+  // 1000 kN/m = 100000 daN/m; a state text stays; 603.78 cm4 in mm4
+  EXPECT_EQ(m.Txt_L + " " + m.Txt_M1 + " " + m.Lst_v1.text + " " + m.Lst_t1.text + " " + m.Txt_Iz[1],
+            "10000 -1.000E+06 100000 Fixed 6.0378E+06");
+  EXPECT_EQ(m.Txt_Iz[2] + m.Txt_F1, "-10.00");
 }
 
 }  // namespace

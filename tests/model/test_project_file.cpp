@@ -78,19 +78,17 @@ class ProjectFile : public ::testing::Test {
                              &m.Lst_vi_p1, &m.Lst_ti_p1, &m.Lst_vi_p2, &m.Lst_ti_p2, &m.Lst_vi_c,
                              &m.Lst_ti_c, &m.Lst_vpi_c})
       l->index = -1;  // typed springs, but two
-    m.Lst_t1 = Restraint_Item(0);
-    m.Lst_vp1 = Restraint_Item(1);
+    std::tie(m.Lst_t1, m.Lst_vp1) = std::tuple(Restraint_Item(0), Restraint_Item(1));
     m.Lst_Duration = m.Lst_Tolerance = 4;
     m.Lbl_Tolerance = std::string("0") + sep + "000001";
     m.Lst_NbIter = m.Txt_NB = m.Tab_Zarvek = m.Tab_Dim = 1;  // 120 elements; the flanges differ
     m.Opt_Eigen = m.Opt_Properties = m.Chk_Punctual1 = m.Chk_Continuous = m.Chk_F3 = true;
     m.Chk_CC = m.Chk_q1 = m.Opt_EA = true;
     m.Opt_Dichotomie = m.Opt_Catalogue = m.Chk_M = m.Chk_EffM = m.Chk_v = m.Opt_AA = false;
-    m.Lbl_Method = m.Caption_Eigen;
-    m.Lbl_SelectedProfile = "HEA 200";
+    std::tie(m.Lbl_Method, m.Lbl_SelectedProfile, m.Lbl_Comment) =
+        std::tuple(m.Caption_Eigen, "HEA 200", "End. Mcr found");
     m.Cat_h = 19;
     m.Mcr_Factor = 3.1415927f;
-    m.Lbl_Comment = "End. Mcr found";
     m.Mode_Max = 1;  // the mode of a solve on 120 elements: 121 nodes
     m.Mode_Vector.assign(4 * 121 + 1, -1.2345678e-7f);
     m.Restraint_Level.assign(121 + 1, -0.35f);
@@ -161,12 +159,11 @@ TEST_F(ProjectFile, TruncatedFilesEndInTheReadingMessageWithTheHalfFilledRecord)
     EXPECT_EQ(r.Error_Text, "Error reading file " + name);
     EXPECT_FALSE(back.RefreshLocked || back.File_Loading);
     if (keep != 60) continue;
-    // what was read stays, and the factors as they were
-    EXPECT_EQ(back.Txt_L, "7.25");         // line 58
-    EXPECT_EQ(back.Lst_v1.index, -1);      // line 60
-    EXPECT_EQ(back.Lst_v1.text, "Fixed");  // line 61 was not reached
-    EXPECT_EQ(back.Lst_Unit_L, 0);   // the list changed ...
-    EXPECT_EQ(back.Fact_L, 100.0f);  // ... its factor did not
+    // what was read stays (L on line 58, the index of v1 on line 60, not its
+    // text on line 61), and the factors as they were: the list of L changed,
+    // its factor did not
+    EXPECT_EQ(back.Txt_L + " " + back.Lst_v1.text, "7.25 Fixed");
+    EXPECT_EQ(std::tuple(back.Lst_v1.index, back.Lst_Unit_L, back.Fact_L), std::tuple(-1, 0, 100.0f));
   }
 }
 
@@ -206,10 +203,8 @@ TEST_F(ProjectFile, TrailerOfKeyedLinesAfterTheFixedLayout) {
       BeamModel plain = Study(sep);
       if (!mode) InitProcessInfo(plain);
       BeamModel axial = plain;
-      axial.Txt_N = std::string("-12") + sep + "5";
-      axial.Txt_A3 = "53";
-      axial.Txt_Iy3 = std::string("8356") + sep + "1";
-      axial.Txt_zC3 = "-4";
+      std::tie(axial.Txt_N, axial.Txt_A3, axial.Txt_Iy3, axial.Txt_zC3) =
+          std::tuple(std::string("-12") + sep + "5", "53", std::string("8356") + sep + "1", "-4");
       // the lines of the fixed layout stay as they were, the keys follow
       const std::string before = Project_Text(plain), after = Project_Text(axial);
       EXPECT_EQ(after, before + "AXIAL_N=-12.5\r\nAXIAL_A=53\r\nAXIAL_IY=8356.1\r\nAXIAL_ZC=-4\r\nAXIAL_NCR=0\r\n");
