@@ -7,6 +7,7 @@
 #include <string>
 #include <unistd.h>
 
+#include "foundation/Language.h"
 #include "solver/Example.h"
 #include "solver/Mod_StabMat.h"
 
@@ -39,6 +40,18 @@ inline std::string Write_Text(const std::string& text, const std::string& name) 
   std::string path = Scratch_Dir() + "/" + name;
   std::ofstream(path, std::ios::binary) << text;
   return path;
+}
+
+// Reads a problem file with a method number that stops after assembly; mucr
+// stays as passed (42) when reading fails.
+const char* const Unreadable = "The problem file can't be read.";
+inline SolverResult Read_File(const std::string& path) {
+  Set_Msg(57, Unreadable);
+  SolverResult r;
+  r.mucr = 42;
+  SolveControl ctl;
+  Solve_Problem(path, 0, r, ctl);
+  return r;
 }
 
 struct Solved {
