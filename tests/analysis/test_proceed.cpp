@@ -61,16 +61,11 @@ TEST(Proceed, RestraintsOnTheNodes) {
   // (1 x 15 - 3 x 5)/4 = 0, with a twist stiffness about that height of
   // 1 x 15^2 + 3 x 5^2 = 300 beside the punctual 100
   BeamModel m = Default_Model();
-  m.Chk_Continuous = true;
   m.Lst_v1 = m.Lst_v2 = Restraint_Item(0);
-  m.Lst_vi_c = Spring("10");
+  m.Chk_Continuous = true, m.Lst_vi_c = Spring("10"), m.Txt_zint_c = "15";
   m.Lst_vpi_c = Spring("0.5");  // kN.m/m -> 50 daN.cm/cm
-  m.Txt_zint_c = "15";
-  m.Chk_Punctual1 = true;
-  m.Txt_xfint1 = "0.3";
-  m.Lst_vi_p1 = Spring("3");
+  m.Chk_Punctual1 = true, m.Txt_xfint1 = "0.3", m.Lst_vi_p1 = Spring("3"), m.Txt_zint_p1 = "-5";
   m.Lst_ti_p1 = Spring("0.01");  // kN.m/rd -> 100 daN.cm/rd
-  m.Txt_zint_p1 = "-5";
   NodeSprings n;
   ASSERT_TRUE(Build_NodeSprings(m, 100, 10.0, n));
   EXPECT_NEAR(n.Rv[31], 4, 1e-6);
@@ -86,15 +81,10 @@ TEST(Proceed, RestraintsOnTheNodes) {
 
 TEST(Proceed, ProblemFileOfTheRecord) {
   BeamModel m = Default_Model();
-  m.Lst_vp2 = Spring("2");  // kN.m -> 20000 daN.cm
-  m.Txt_zend2 = "-7.5";
-  m.Chk_F1 = true;  // -10 kN at mid-span, 15 cm above the shear centre
-  m.Txt_zF1 = "15";
-  m.Chk_q2 = true;  // -4 .. -2 kN/m (daN/cm) from 0.2 to 0.9
-  m.Txt_q21 = "-4";
-  m.Txt_q22 = "-2";
-  m.Txt_xq21 = "0.2";
-  m.Txt_xq22 = "0.9";
+  m.Lst_vp2 = Spring("2"), m.Txt_zend2 = "-7.5";  // kN.m -> 20000 daN.cm
+  m.Chk_F1 = true, m.Txt_zF1 = "15";  // -10 kN at mid-span, 15 cm above the shear centre
+  // -4 .. -2 kN/m (daN/cm) from 0.2 to 0.9
+  m.Chk_q2 = true, m.Txt_q21 = "-4", m.Txt_q22 = "-2", m.Txt_xq21 = "0.2", m.Txt_xq22 = "0.9";
   ProblemData p;
   EffortsData e;
   std::int16_t status = -1;
@@ -149,8 +139,7 @@ TEST(Proceed, DefaultBeamGivesTheUniformMomentClosedForm) {
 
   // the file read as it stands, whatever the entries say
   BeamModel x = Default_Model();
-  x.Txt_L = "3";
-  x.Chk_M = false;
+  x.Txt_L = "3", x.Chk_M = false;
   ProceedResult ext = Proceed(x, path, ctl, true);
   ASSERT_EQ(ext.Solve_Status, 0) << ext.Message;
   EXPECT_EQ(x.Txt_mucr, m.Txt_mucr);
@@ -158,11 +147,8 @@ TEST(Proceed, DefaultBeamGivesTheUniformMomentClosedForm) {
   EXPECT_FLOAT_EQ(ext.Efforts.Efforts_M.at(200), 1e6f);
 
   // the vector iteration; a rigid restraint at mid-span halves the length
-  m.Opt_Eigen = true;
-  m.Opt_Dichotomie = false;
-  m.Lst_Tolerance = 4;
-  m.Chk_Punctual1 = true;
-  m.Lst_vi_p1 = m.Lst_ti_p1 = Restraint_Item(1);
+  m.Opt_Eigen = true, m.Opt_Dichotomie = false, m.Lst_Tolerance = 4;
+  m.Chk_Punctual1 = true, m.Lst_vi_p1 = m.Lst_ti_p1 = Restraint_Item(1);
   ProceedResult h = Proceed(m, "", ctl);
   ASSERT_EQ(h.Solve_Status, 0) << h.Message;
   EXPECT_EQ(h.Method, Method_Eigen);
@@ -173,9 +159,7 @@ TEST(Proceed, FailuresComeBackWithTheirStatus) {
   // continuous twist spring only, left end free: no lateral stiffness at
   // node 1, where the resultant height is divided by 0
   BeamModel m = Default_Model();
-  m.Chk_Continuous = true;
-  m.Lst_v1 = Restraint_Item(0);
-  m.Lst_ti_c = Spring("1");
+  m.Chk_Continuous = true, m.Lst_v1 = Restraint_Item(0), m.Lst_ti_c = Spring("1");
   const std::string path = Scratch("NODE1.ZVK");
   SolveControl ctl;
   ProceedResult r = Proceed(m, path, ctl);

@@ -30,18 +30,10 @@ BeamModel Default_Model() {
 BeamModel Varied_Model(int i) {
   BeamModel m = Default_Model();
   m.Txt_L = Number_To_Text(2.0 + 0.5 * i);
-  if (i % 3 == 1) {
-    m.Chk_F1 = true;  // the mid-span force on top of the end moments
-    m.Txt_zF1 = "15";
-  }
-  if (i % 4 == 0) {
-    m.Opt_Eigen = true;
-    m.Opt_Dichotomie = false;
-  }
+  if (i % 3 == 1) m.Chk_F1 = true, m.Txt_zF1 = "15";  // the mid-span force on top of the end moments
+  if (i % 4 == 0) m.Opt_Eigen = true, m.Opt_Dichotomie = false;
   return m;
 }
-
-bool Same_Bits(double a, double b) { return std::memcmp(&a, &b, sizeof a) == 0; }
 
 TEST(Reentrancy, ThreadsGetWhatEachSolveGetsAlone) {
   // the reference: one at a time, through a problem file as the window does
@@ -73,7 +65,7 @@ TEST(Reentrancy, ThreadsGetWhatEachSolveGetsAlone) {
       const SolverResult& a = alone[i].Solver;
       const SolverResult& b = got[t][i].Solver;
       ASSERT_EQ(got[t][i].Solve_Status, 0) << t << " " << i;
-      EXPECT_TRUE(Same_Bits(a.mucr, b.mucr)) << t << " " << i << ": " << a.mucr << " " << b.mucr;
+      EXPECT_EQ(std::memcmp(&a.mucr, &b.mucr, sizeof a.mucr), 0) << t << " " << i << ": " << a.mucr << " " << b.mucr;
       EXPECT_EQ(a.Mode_Vector, b.Mode_Vector) << t << " " << i;
       EXPECT_EQ(alone[i].Efforts.Efforts_M, got[t][i].Efforts.Efforts_M) << t << " " << i;
     }
@@ -83,13 +75,12 @@ TEST(Reentrancy, ProblemTextFollowsEveryChangeOfAColumn) {
   // the text of a row is reused only for the same value: moments that come
   // back after a change are written again as they are
   ProblemData p = Fork_Beam_Uniform_Moment(50, 1000.0, 5.0);
-  const double m1[] = {5, 5, 7, 5, 0.25};
-  for (int i = 0; i < 5; ++i) p.M1[i + 1] = m1[i];
+  const std::pair<int, const char*> rows[] = {{1, "5"}, {2, "5"}, {3, "7"}, {4, "5"}, {5, "0.25"}};
+  for (auto [n, m] : rows) p.M1[n] = Num_Of_Text(m);
   p.Iz[2] = 700;
   const std::string t = Problem_Text(p, ProblemLabels::Proceed);
   // each value right-aligned in its field, with the digits it holds
   auto f = [](const std::string& v, size_t w) { return std::string(w - v.size(), ' ') + v; };
-  const std::pair<int, const char*> rows[] = {{1, "5"}, {2, "5"}, {3, "7"}, {4, "5"}, {5, "0.25"}};
   for (auto [n, m] : rows) {
     const std::string row = "\n  " + std::to_string(n) + f(m, 14) + f("5", 14) + "\n";
     EXPECT_NE(t.find(row), std::string::npos) << row;
@@ -182,9 +173,7 @@ TEST(Sweep, FieldsAndTheirRefusals) {
   // a restraint's spring: a very stiff lateral spring at mid-span stands
   // for a fixed one, which halves the span
   BeamModel r = Default_Model();
-  r.Chk_Punctual1 = true;
-  r.Txt_xfint1 = "0.5";
-  r.Lst_ti_p1 = Restraint_Item(1);
+  r.Chk_Punctual1 = true, r.Txt_xfint1 = "0.5", r.Lst_ti_p1 = Restraint_Item(1);
   const std::vector<SweepPoint> k = Run_Sweep(r, "Lst_vi_p1", {1e6});
   ASSERT_TRUE(k[0].ok()) << k[0].message;
   EXPECT_NEAR(k[0].Mcr / (Mcr_Uniform(500) / 100), 1.0, 1e-3);
