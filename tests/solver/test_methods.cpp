@@ -1,4 +1,4 @@
-// Element matrices, assembly, factorisations and the two methods' exits.
+// Element matrices and the two methods' exits, results and modes.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -6,7 +6,6 @@
 #include "foundation/Language.h"
 #include "solver/ElementMatrices.h"
 #include "solver/Mod_Eigen.h"
-#include "solver/SymMatrix.h"
 #include "solver_support.h"
 
 using namespace zarvek;
@@ -52,34 +51,6 @@ TEST(ElementMatrices, LoadHeightTermsOfPointAndSpanLoads) {
   x2[1] = 0;
   Build_Kg(10, 0, 0, 0, 0, V1, V2, sp, Kg);
   for (int p = 1; p <= 36; ++p) EXPECT_EQ(Kg[p], Kg0[p]);
-}
-
-TEST(Factorisation, SkylineDeterminantAsAPowerOfTen) {
-  // tridiagonal 2 -1: determinant n + 1, all pivots positive
-  const int n = 5;
-  SymMatrix K, KG;
-  K.Init_BeamProfile(n);
-  KG.Init_BeamProfile(n);
-  for (int i = 1; i <= n; ++i) {
-    K(i, i) = 2;
-    if (i > 1) K(i - 1, i) = -1;
-  }
-  Skyline S;
-  double m;
-  int e;
-  Build_Skyline(K, KG, n, 0.0, S);
-  for (bool literal : {true, false}) {
-    Skyline T = S;
-    Factor_Skyline(T, n, m, e, literal);
-    EXPECT_EQ(e, 1) << literal;
-    EXPECT_NEAR(m, 0.6, 1e-12) << literal;  // 6 = 0.6 10^1
-  }
-  // with KG = -I, mu = 3 makes the matrix indefinite
-  for (int i = 1; i <= n; ++i) KG(i, i) = -1;
-  Build_Skyline(K, KG, n, 3.0, S);
-  Factor_Skyline(S, n, m, e);
-  EXPECT_EQ(e, 0);
-  EXPECT_EQ(m, -1);
 }
 
 class Methods : public ::testing::Test {
