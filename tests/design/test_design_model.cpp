@@ -225,7 +225,6 @@ TEST(DesignExamples, WeldedSectionGeneralCase) {
   EXPECT_FALSE(p.useF);
   EXPECT_EQ(s.d.furtherSolves, 0);
   EXPECT_NEAR(p.Wy, 2096.4, 0.1);
-  EXPECT_EQ(p.curve, 'd');
   EXPECT_NEAR(p.MbRd / kNm, 171.3, 171.3 * 0.01);
   Expect_Hand(s, {259.34, 2096.4, 'd', 1.694, 2.503, 0.230, 1.0, 0.230, 171.3});
 }
@@ -256,7 +255,6 @@ TEST(DesignExamples, UniversalBeamLoadOnTopFlange) {
   const Solved s = Solve(Example(5));
   ASSERT_EQ(s.d.result.stop, LtbStop::None) << Design_Note(s.d);
   EXPECT_EQ(s.d.result.kc, 0.94);
-  EXPECT_EQ(s.d.result.curve, 'c');
   EXPECT_LT(s.Mcr / kNm, 0.8 * 216.0);
   EXPECT_LT(s.d.result.MbRd / kNm, 181.1);
   Expect_Hand(s, {215.96, 1471, 'c', 1.369, 1.440, 0.443, 0.989, 0.448, 181.1});

@@ -1,15 +1,7 @@
 // Tools > Sweep driven by the keyboard and the mouse: the range typed, the
 // run, the progress, the curve's table on the clipboard, refused points.
-#include <QApplication>
-#include <QClipboard>
-#include <QComboBox>
-#include <QGuiApplication>
-#include <QLabel>
-#include <QLineEdit>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QTemporaryDir>
 #include <QtTest>
+#include <QtWidgets>
 
 #include "analysis/qt/Frm_Sweep.h"
 #include "diagrams/qt/QtSurface.h"
