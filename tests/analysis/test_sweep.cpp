@@ -11,10 +11,12 @@
 #include "analysis/Sweep.h"
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
-#include "solver/Example.h"
+#include "solver/solver_support.h"
 
 namespace zarvek {
 namespace {
+
+using test::Mcr_Uniform;  // IPE 300 under uniform moment, kN and cm
 
 // A new document: IPE 300, 10 m in 100 elements, fork supports, 100 kN.m.
 BeamModel Default_Model() {
@@ -23,30 +25,15 @@ BeamModel Default_Model() {
   return m;
 }
 
-// Fork-supported span of L cm under uniform moment, in kN.cm: IPE 300,
-// E 21000 kN/cm2, G 8076.9 kN/cm2.
-double Mcr_Uniform(double L) {
-  const double E = 21000, G = 8076.9, Iz = 603.78, It = 19.868, Iw = 126332;
-  return M_PI / L * std::sqrt(E * Iz * G * It) * std::sqrt(1 + M_PI * M_PI * E * Iw / (L * L * G * It));
-}
-
 // Records that differ in span, load and method, so that two threads at once
 // never hold the same numbers.
 BeamModel Varied_Model(int i) {
   BeamModel m = Default_Model();
   m.Txt_L = Number_To_Text(2.0 + 0.5 * i);
-  if (i % 3 == 1) {
-    m.Chk_F1 = true;  // the mid-span force on top of the end moments
-    m.Txt_zF1 = "15";
-  }
-  if (i % 4 == 0) {
-    m.Opt_Eigen = true;
-    m.Opt_Dichotomie = false;
-  }
+  if (i % 3 == 1) m.Chk_F1 = true, m.Txt_zF1 = "15";  // the mid-span force on top of the end moments
+  if (i % 4 == 0) m.Opt_Eigen = true, m.Opt_Dichotomie = false;
   return m;
 }
-
-bool Same_Bits(double a, double b) { return std::memcmp(&a, &b, sizeof a) == 0; }
 
 TEST(Reentrancy, ThreadsGetWhatEachSolveGetsAlone) {
   // the reference: one at a time, through a problem file as the window does
@@ -55,9 +42,7 @@ TEST(Reentrancy, ThreadsGetWhatEachSolveGetsAlone) {
   for (int i = 0; i < n; ++i) {
     BeamModel m = Varied_Model(i);
     SolveControl ctl;
-    const std::string file = ::testing::TempDir() + "zarvek-sweep-" + std::to_string(::getpid()) + ".ZVK";
-    alone[i] = Proceed(m, file, ctl);
-    ::unlink(file.c_str());
+    alone[i] = Proceed(m, test::Scratch_Dir() + "/SWEEP.ZVK", ctl);
     ASSERT_EQ(alone[i].Solve_Status, 0) << i << " " << alone[i].Message;
   }
   // eight threads, each going through every record from a different start,
@@ -80,7 +65,7 @@ TEST(Reentrancy, ThreadsGetWhatEachSolveGetsAlone) {
       const SolverResult& a = alone[i].Solver;
       const SolverResult& b = got[t][i].Solver;
       ASSERT_EQ(got[t][i].Solve_Status, 0) << t << " " << i;
-      EXPECT_TRUE(Same_Bits(a.mucr, b.mucr)) << t << " " << i << ": " << a.mucr << " " << b.mucr;
+      EXPECT_EQ(std::memcmp(&a.mucr, &b.mucr, sizeof a.mucr), 0) << t << " " << i << ": " << a.mucr << " " << b.mucr;
       EXPECT_EQ(a.Mode_Vector, b.Mode_Vector) << t << " " << i;
       EXPECT_EQ(alone[i].Efforts.Efforts_M, got[t][i].Efforts.Efforts_M) << t << " " << i;
     }
@@ -90,13 +75,12 @@ TEST(Reentrancy, ProblemTextFollowsEveryChangeOfAColumn) {
   // the text of a row is reused only for the same value: moments that come
   // back after a change are written again as they are
   ProblemData p = Fork_Beam_Uniform_Moment(50, 1000.0, 5.0);
-  const double m1[] = {5, 5, 7, 5, 0.25};
-  for (int i = 0; i < 5; ++i) p.M1[i + 1] = m1[i];
+  const std::pair<int, const char*> rows[] = {{1, "5"}, {2, "5"}, {3, "7"}, {4, "5"}, {5, "0.25"}};
+  for (auto [n, m] : rows) p.M1[n] = Num_Of_Text(m);
   p.Iz[2] = 700;
   const std::string t = Problem_Text(p, ProblemLabels::Proceed);
   // each value right-aligned in its field, with the digits it holds
   auto f = [](const std::string& v, size_t w) { return std::string(w - v.size(), ' ') + v; };
-  const std::pair<int, const char*> rows[] = {{1, "5"}, {2, "5"}, {3, "7"}, {4, "5"}, {5, "0.25"}};
   for (auto [n, m] : rows) {
     const std::string row = "\n  " + std::to_string(n) + f(m, 14) + f("5", 14) + "\n";
     EXPECT_NE(t.find(row), std::string::npos) << row;
@@ -177,24 +161,19 @@ TEST(Sweep, FieldsAndTheirRefusals) {
   EXPECT_FALSE(Set_Field(m, "Txt_L", "-8", why));
   EXPECT_NE(why.find('-'), std::string::npos);
   EXPECT_TRUE(Set_Field(m, "Txt_M1", "-50", why)) << why;
-  EXPECT_EQ(Field_Unit(m, "Txt_L"), "m");
 
   // the coupled constant follows: G from E and nu, E doubled doubles G, and
   // Mcr of the fork beam goes with sqrt(E Iz G It) (1 + pi^2 E Iw / (L^2 G It))^0.5,
   // whose second factor does not change when E and G change together
-  BeamModel d = Default_Model();
-  const std::string E0 = d.Txt_E;
-  ASSERT_TRUE(Set_Field(d, "Txt_E", Number_To_Text(2 * Num_Of_Text(E0)), why)) << why;
-  const std::vector<SweepPoint> one = Run_Sweep(Default_Model(), "Txt_E", {Num_Of_Text(E0), 2 * Num_Of_Text(E0)});
+  const double E0 = Num_Of_Text(m.Txt_E);
+  const std::vector<SweepPoint> one = Run_Sweep(Default_Model(), "Txt_E", {E0, 2 * E0});
   ASSERT_TRUE(one[0].ok() && one[1].ok());
   EXPECT_NEAR(one[1].Mcr / one[0].Mcr, 2.0, 4e-4);
 
   // a restraint's spring: a very stiff lateral spring at mid-span stands
   // for a fixed one, which halves the span
   BeamModel r = Default_Model();
-  r.Chk_Punctual1 = true;
-  r.Txt_xfint1 = "0.5";
-  r.Lst_ti_p1 = Restraint_Item(1);
+  r.Chk_Punctual1 = true, r.Txt_xfint1 = "0.5", r.Lst_ti_p1 = Restraint_Item(1);
   const std::vector<SweepPoint> k = Run_Sweep(r, "Lst_vi_p1", {1e6});
   ASSERT_TRUE(k[0].ok()) << k[0].message;
   EXPECT_NEAR(k[0].Mcr / (Mcr_Uniform(500) / 100), 1.0, 1e-3);

@@ -6,20 +6,17 @@
 #include <unistd.h>
 
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 namespace fuzz_support {
 
 struct Scratch {
-  std::string dir;
+  std::string dir = std::string(std::filesystem::exists("/dev/shm") ? "/dev/shm" : "/tmp") + "/zarvek-fuzz-XXXXXX";
   Scratch() {
-    const char* base = std::filesystem::exists("/dev/shm") ? "/dev/shm" : "/tmp";
-    std::string t = std::string(base) + "/zarvek-fuzz-XXXXXX";
-    if (::mkdtemp(t.data())) dir = t;
-    else std::abort();
+    if (!::mkdtemp(dir.data())) std::abort();
   }
   ~Scratch() {
     std::error_code ec;
@@ -36,10 +33,8 @@ inline const Scratch& Dir() {
 // Writes the input to `name` in the scratch folder and returns its path.
 inline std::string Put(const std::string& name, const uint8_t* data, size_t size) {
   const std::string path = Dir().File(name);
-  FILE* f = std::fopen(path.c_str(), "wb");
-  if (!f) std::abort();
-  if (size && std::fwrite(data, 1, size, f) != size) std::abort();
-  std::fclose(f);
+  std::ofstream f(path, std::ios::binary);
+  if (!f.write(reinterpret_cast<const char*>(data), size).flush()) std::abort();
   return path;
 }
 

@@ -2,11 +2,12 @@
 #pragma once
 
 #include <cmath>
-#include <cstdio>
+#include <fstream>
 #include <functional>
 #include <string>
 #include <unistd.h>
 
+#include "foundation/Language.h"
 #include "solver/Example.h"
 #include "solver/Mod_StabMat.h"
 
@@ -37,10 +38,20 @@ inline std::string Write(const ProblemData& p, const std::string& name = "P.ZVK"
 
 inline std::string Write_Text(const std::string& text, const std::string& name) {
   std::string path = Scratch_Dir() + "/" + name;
-  FILE* f = std::fopen(path.c_str(), "wb");
-  std::fwrite(text.data(), 1, text.size(), f);
-  std::fclose(f);
+  std::ofstream(path, std::ios::binary) << text;
   return path;
+}
+
+// Reads a problem file with a method number that stops after assembly; mucr
+// stays as passed (42) when reading fails.
+const char* const Unreadable = "The problem file can't be read.";
+inline SolverResult Read_File(const std::string& path) {
+  Set_Msg(57, Unreadable);
+  SolverResult r;
+  r.mucr = 42;
+  SolveControl ctl;
+  Solve_Problem(path, 0, r, ctl);
+  return r;
 }
 
 struct Solved {
@@ -67,6 +78,27 @@ inline void Set_Moments(ProblemData& p, const std::function<double(double)>& M) 
     x += p.L[e];
     p.M2[e] = (float)M(x);
   }
+}
+
+// One point load F (daN, downward) at x (cm), z above the shear centre.
+inline void Set_Point_Load(ProblemData& p, double F, double x, double z) {
+  p.NF = 1;
+  for (auto* v : {&p.F, &p.xF, &p.zF}) v->assign(2, 0.0);
+  p.F[1] = -F, p.xF[1] = x, p.zF[1] = z;
+}
+
+// Cantilever of length Lc, root fully held (v, theta, v', theta'), tip free,
+// a tip load F at height z: M(x) = -F (Lc - x), hogging. Without warping
+// stiffness there is no warping to hold: theta' stays free.
+inline ProblemData Cantilever(int nb, double Lc, double F, double Iw_, double z = 0) {
+  ProblemData p = Fork_Beam_Uniform_Moment(nb, Lc, 0.0);
+  for (int e = 1; e <= nb; ++e) p.Iw[e] = Iw_;
+  p.Rv[nb + 1] = p.Rt[nb + 1] = 0;
+  p.Rv[1] = p.Rt[1] = p.Rvp[1] = -1;
+  p.Rtp[1] = Iw_ > 0 ? -1 : 0;
+  Set_Moments(p, [&](double x) { return -F * (Lc - x); });
+  Set_Point_Load(p, F, Lc, z);
+  return p;
 }
 
 }  // namespace zarvek::test

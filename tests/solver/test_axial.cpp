@@ -5,7 +5,6 @@
 
 #include <cmath>
 
-#include "foundation/Language.h"
 #include "solver_support.h"
 
 using namespace zarvek;
@@ -53,60 +52,49 @@ double Closed_Form_Factor(const Section& s, double M, double N) {
 
 class AxialBothMethods : public ::testing::TestWithParam<int> {};
 
-TEST_P(AxialBothMethods, ColumnBucklesFlexurallyOrTorsionallyWhicheverComesFirst) {
-  Section flexural;  // IPE 300: the weak-axis load governs by far
-  Section torsional;
-  torsional.It = 1, torsional.Iw = 1000;  // a cruciform-like section twists first
+// Columns: the IPE 300 buckles about its weak axis, a cruciform-like section
+// twists first, a mono-symmetric one takes the flexural-torsional root, which
+// depends on zC^2 only (Betaz plays no part without a moment).
+TEST_P(AxialBothMethods, ColumnTakesTheLowestRoot) {
+  Section flexural, torsional, up, down;
+  torsional.It = 1, torsional.Iw = 1000;
   ASSERT_LT(torsional.Ncr_T(), torsional.Ncr_z());
-  for (const Section& s : {flexural, torsional}) {
+  up.It = down.It = 4, up.Betaz = down.Betaz = 7, up.zC = 10, down.zC = -10;
+  for (const Section& s : {flexural, torsional, up, down}) {
+    const double lowest = std::min(s.Ncr_z(), s.Ncr_T()), Ncr = s.zC ? Closed_Form_Factor(s, 0, 1) : lowest;
+    if (s.zC) {
+      ASSERT_LT(Ncr, 0.9 * lowest);  // the coupling is felt
+    }
     Solved r = Solve(Beam(s, 0, 1000), GetParam());
     ASSERT_EQ(r.res.Solve_Status, 0) << r.res.Error_Text;
     EXPECT_EQ(r.res.N, 1000);
-    EXPECT_EQ(r.res.Mmax, 0);
-    EXPECT_NEAR(r.res.mucr * r.res.N / std::min(s.Ncr_z(), s.Ncr_T()), 1.0, 1e-3);
+    EXPECT_NEAR(r.res.mucr * 1000 / Ncr, 1.0, 1e-3) << s.It << " " << s.zC;
   }
 }
 
-TEST_P(AxialBothMethods, MonoSymmetricColumnTakesTheFlexuralTorsionalRoot) {
-  Section s;
-  s.It = 4, s.zC = 10, s.Betaz = 7;  // Betaz plays no part without a moment
-  for (double zC : {10.0, -10.0}) {  // the root depends on zC^2 only
-    s.zC = zC;
-    const double Ncr = Closed_Form_Factor(s, 0, 1);
-    ASSERT_LT(Ncr, 0.9 * std::min(s.Ncr_z(), s.Ncr_T()));  // the coupling is felt
-    Solved r = Solve(Beam(s, 0, 2000), GetParam());
-    ASSERT_EQ(r.res.Solve_Status, 0) << r.res.Error_Text;
-    EXPECT_NEAR(r.res.mucr * 2000 / Ncr, 1.0, 1e-3) << zC;
-  }
-}
-
-TEST_P(AxialBothMethods, CompressionLowersAndTensionRaisesTheCriticalMoment) {
-  Section s;
-  const double M = 1e6, Mcr0 = Closed_Form_Factor(s, M, 0) * M;
+// Compression lowers and tension raises the critical moment of the IPE 300;
+// a mono-symmetric beam under a moment either way with a force either way.
+TEST_P(AxialBothMethods, MomentAndForceMatchTheClosedForm) {
+  Section ipe, mono;
+  mono.It = 8, mono.zC = 6, mono.Betaz = 5;
+  const double Mcr0 = Closed_Form_Factor(ipe, 1e6, 0) * 1e6;
   EXPECT_NEAR(Mcr0 / 100 / Mcr_Uniform(L), 1.0, 1e-9);  // the two closed forms agree
-  for (double N : {5000.0, -5000.0, -40000.0}) {
+  const struct { const Section* s; double M, N; } rows[] = {
+      {&ipe, 1e6, 5000}, {&ipe, 1e6, -5000}, {&ipe, 1e6, -40000}, {&mono, 1e6, 3000},
+      {&mono, 1e6, -3000}, {&mono, -1e6, 3000}, {&mono, -1e6, -3000}};
+  for (const auto& [s, M, N] : rows) {
     // a tension beyond the column's own buckling load makes the reversed
     // load (mu < 0) the dominant one: the vector iteration then needs its
     // shifts and more than the test's iterations; the bisection does not care
-    if (N < -2 * s.Ncr_z() && GetParam() == Method_Eigen) continue;
-    Solved r = Solve(Beam(s, M, N), GetParam());
+    if (N < -2 * s->Ncr_z() && GetParam() == Method_Eigen) continue;
+    Solved r = Solve(Beam(*s, M, N), GetParam());
     ASSERT_EQ(r.res.Solve_Status, 0) << r.res.Error_Text;
-    const double mu = Closed_Form_Factor(s, M, N);
-    EXPECT_NEAR(r.res.mucr / mu, 1.0, 1e-3) << N;
+    const double mu = Closed_Form_Factor(*s, M, N);
+    EXPECT_NEAR(r.res.mucr / mu, 1.0, 1e-3) << M << " " << N;
+    if (s != &ipe) continue;
     EXPECT_EQ(N > 0, mu * M < 0.95 * Mcr0) << N;
     EXPECT_EQ(N < 0, mu * M > 1.05 * Mcr0) << N;
   }
-}
-
-TEST_P(AxialBothMethods, MonoSymmetricBeamUnderMomentAndForce) {
-  Section s;
-  s.It = 8, s.zC = 6, s.Betaz = 5;
-  for (double M : {1e6, -1e6})
-    for (double N : {3000.0, -3000.0}) {
-      Solved r = Solve(Beam(s, M, N), GetParam());
-      ASSERT_EQ(r.res.Solve_Status, 0) << r.res.Error_Text;
-      EXPECT_NEAR(r.res.mucr / Closed_Form_Factor(s, M, N), 1.0, 1e-3) << M << " " << N;
-    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Axial, AxialBothMethods, ::testing::Values(Method_Eigen, Method_Dichotomie),
@@ -124,29 +112,23 @@ TEST(Axial, WithoutForceTheFactorIsTodaysToTheLastBit) {
   for (int method : {Method_Eigen, Method_Dichotomie}) {
     SolveControl ctl;
     ctl.Tol = 1e-6;
-    SolverResult a, b;
-    Solve_Problem(Write_Text(text, "NONE.ZVK"), method, a, ctl);
+    SolverResult b;
     Solve_Problem(Write_Text(zeros, "ZEROS.ZVK"), method, b, ctl);
-    ASSERT_EQ(a.Solve_Status, 0);
-    EXPECT_EQ(a.mucr, b.mucr);
+    const double a = Solve(p, method).res.mucr;
+    ASSERT_GT(a, 0);
+    EXPECT_EQ(a, b.mucr);
     EXPECT_EQ(b.N, 0);
-    EXPECT_NEAR(Solve(Beam(s, 1e6, 1), method).res.mucr / a.mucr, 1.0, 1e-4);
+    EXPECT_NEAR(Solve(Beam(s, 1e6, 1), method).res.mucr / a, 1.0, 1e-4);
   }
 }
 
 // ------------------------------------------------------------ the file block
 
-const char* const Unreadable = "The problem file can't be read.";
 const char* const Malformed = "The axial force block is malformed.";
 
 SolverResult Read_Text(const std::string& text) {
-  Set_Msg(57, Unreadable);
   Set_Further_Text("Axial_Block_Refused", Malformed);
-  SolverResult r;
-  r.mucr = 42;
-  SolveControl ctl;
-  Solve_Problem(Write_Text(text, "AX.ZVK"), 0, r, ctl);
-  return r;
+  return Read_File(Write_Text(text, "AX.ZVK"));
 }
 
 TEST(AxialBlock, WrittenAfterTheSpanLoadsAndReadBack) {
@@ -166,8 +148,7 @@ TEST(AxialBlock, WrittenAfterTheSpanLoadsAndReadBack) {
   SolverResult r = Read_Text(text);
   EXPECT_EQ(r.Solve_Status, 0) << r.Error_Text;
   EXPECT_EQ(r.N, 1234.5);
-  EXPECT_EQ(Problem_Text(p, ProblemLabels::SaveFileZVK).find("Axial force : n, N, A, Iy, zC\n") !=
-                std::string::npos, true);
+  EXPECT_NE(Problem_Text(p, ProblemLabels::SaveFileZVK).find("Axial force : n, N, A, Iy, zC\n"), std::string::npos);
 }
 
 TEST(AxialBlock, MalformedBlocksHaveTheirOwnStatusAndMessage) {

@@ -5,7 +5,6 @@
 #include <fstream>
 #include <limits>
 
-#include "foundation/Language.h"
 #include "solver_support.h"
 
 using namespace zarvek;
@@ -13,18 +12,7 @@ using namespace zarvek::test;
 
 namespace {
 
-const char* const Unreadable = "The problem file can't be read.";
-
-// Reads a file with a method number that stops after assembly; mucr must
-// stay as passed when reading fails.
-SolverResult Read(const std::string& path) {
-  Set_Msg(57, Unreadable);
-  SolverResult r;
-  r.mucr = 42;
-  SolveControl ctl;
-  Solve_Problem(path, 0, r, ctl);
-  return r;
-}
+SolverResult Read(const std::string& path) { return Read_File(path); }
 SolverResult Read(const ProblemData& p) { return Read(Write(p)); }
 SolverResult Read_Text(const std::string& text) { return Read(Write_Text(text, "T.ZVK")); }
 
@@ -151,38 +139,28 @@ TEST(ProblemFile, LayoutFreedomsOfTheReader) {
 // same beam in both forms gives the same factor.
 TEST(ProblemFile, OldFixedDecimalsReadAsTheNewDigits) {
   Set_Msg(6, "normal end");
-  const std::string old_form =
-      "Zarvek Version 1.0.0\nUnits : daN cm\nNb Elements   E   G\n50        2100000         807690\n"
-      "Elements : i  Li  Izi  Iti  Iwi  Betazi  Kti  Kvpi  Ktpi\n";
-  std::string t = old_form;
-  for (int n = 1; n <= 50; ++n) {
+  std::string t = "Zarvek Version 1.0.0\nUnits : daN cm\nNb Elements   E   G\n50        2100000         807690\n"
+                  "Elements : i  Li  Izi  Iti  Iwi  Betazi  Kti  Kvpi  Ktpi\n";
+  auto add = [&t](const char* format, int n, const char* fix = "") {
     char b[200];
-    std::snprintf(b, sizeof b, "%3d    10.00      603.78       19.87      126332.0    0.00         -1.00         -1.00         -1.00\n", n);
+    std::snprintf(b, sizeof b, format, n, fix, fix);
     t += b;
-  }
+  };
+  for (int n = 1; n <= 50; ++n)
+    add("%3d    10.00      603.78       19.87      126332.0    0.00         -1.00         -1.00         -1.00\n", n);
   t += "Nodes : i  Rvi  Rti  Rvpi  Rtpi  zi\n";
-  for (int n = 1; n <= 51; ++n) {
-    char b[200];
-    const char* fix = (n == 1 || n == 51) ? "1.000E+30" : "     0.00";
-    std::snprintf(b, sizeof b, "%3d      %s      %s           0.00           0.00      0.00\n", n, fix, fix);
-    t += b;
-  }
+  for (int n = 1; n <= 51; ++n)
+    add("%3d      %s      %s           0.00           0.00      0.00\n", n, n == 1 || n == 51 ? "1.000E+30" : "     0.00");
   t += "Elements : i   M1i   M2i\n";
-  for (int n = 1; n <= 50; ++n) {
-    char b[100];
-    std::snprintf(b, sizeof b, "%3d     1000000.0     1000000.0\n", n);
-    t += b;
-  }
-  t += "Member Loads\nNF NQ\n0 0\n";
+  for (int n = 1; n <= 50; ++n) add("%3d     1000000.0     1000000.0\n", n);
   SolverResult old_read;
   SolveControl ctl;
   ctl.Tol = 1e-6;
-  Solve_Problem(Write_Text(t, "OLD.ZVK"), Method_Dichotomie, old_read, ctl);
+  Solve_Problem(Write_Text(t + "Member Loads\nNF NQ\n0 0\n", "OLD.ZVK"), Method_Dichotomie, old_read, ctl);
   ProblemData p = Beam();
   for (int n = 1; n <= 50; ++n) p.It[n] = 19.87;
-  const Solved now = Solve(p, Method_Dichotomie);
   ASSERT_EQ(old_read.Solve_Status, 0);
-  EXPECT_DOUBLE_EQ(old_read.mucr, now.res.mucr);
+  EXPECT_DOUBLE_EQ(old_read.mucr, Solve(p, Method_Dichotomie).res.mucr);
 }
 
 // Each field keeps its width, at least one blank before it, and the digits
@@ -196,12 +174,15 @@ TEST(ProblemFile, WrittenNumbersKeepTheirColumnsAndTheirDigits) {
   p.Iw[2] = 1.0 / 3.0;    // computed: the 9 digits of its float
   p.Rv[2] = 12345678.125; // a double field keeps every digit
   p.Rt[2] = 0.1 + 0.2;    // 0.30000000000000004, the double it is
+  p.Rt[3] = 2e11;         // 200000000000 fills its 15 columns
+  p.Rvp[3] = -1.0 / 3.0;  // 19 characters in a field of 15
   const std::string t = Text(p);
   for (const char* line :
        {"\n  1          1E+30          1E+30             -1              0         0\n",
         "\n  1    1.005      603.78       0.692     2345678.9       0            -1            -1            -1\n",
         "\n  2       10      603.78      19.868    0.33333334       0",
-        "\n  2   12345678.125 0.30000000000000004              0              0         0\n"})
+        "\n  2   12345678.125 0.30000000000000004              0              0         0\n",
+        "\n  3              0   200000000000 -0.3333333333333333              0         0\n"})
     EXPECT_NE(t.find(line), std::string::npos) << line << "\n" << t.substr(0, 700);
   EXPECT_EQ(t.substr(0, 21), std::string("Zarvek Version 1.0.0\n"));
   EXPECT_NE(Problem_Text(p, ProblemLabels::SaveFileZVK).find("ZarvekVersion 1.0.0\n"), std::string::npos);
@@ -228,44 +209,22 @@ TEST(ProblemFile, MomentsGiveShearAndTheFirstLargestMoment) {
   EXPECT_FLOAT_EQ(r.Efforts_M[21], 1e6f);
 }
 
-}  // namespace
-
-namespace {
-
 // Values that fill their column or pass it: the reader must still see two
-// numbers, and the solve must be that of the same beam with ordinary values.
+// numbers, and the solve must be that of the same beam with ordinary values:
+// 200000000000.00 fills its 15 columns (an end spring as good as a fork), E
+// and G of sixteen digits pass theirs.
 TEST(ProblemFile, AFieldThatFillsItsWidthStaysApartFromItsNeighbour) {
   Set_Msg(6, "normal end");
-  const ProblemData fork = Fork_Beam_Uniform_Moment(50, 500.0, 1e6);
-  const double reference = Solve(fork, Method_Dichotomie).res.mucr;
+  const double reference = Solve(Beam(), Method_Dichotomie).res.mucr;
   ASSERT_GT(reference, 0);
-  struct Case {
-    const char* what;
-    void (*change)(ProblemData&);
-  };
-  const Case cases[] = {
-      // 200000000000.00 fills its 15 columns: an end spring as good as a fork
-      {"torsional end springs of 2e11 daN.cm/rd", [](ProblemData& p) { p.Rt[1] = p.Rt[p.NN()] = 2e11; }},
-      // sixteen digits of G, more than its 15 columns
-      {"G of sixteen digits", [](ProblemData& p) { p.G = 807690.0000123456; }},
-      {"E and G of sixteen digits", [](ProblemData& p) { p.E = 2100000.000012345, p.G = 807690.0000123456; }},
-  };
-  for (const Case& c : cases) {
-    ProblemData p = fork;
-    c.change(p);
-    const std::string text = Problem_Text(p, ProblemLabels::Proceed);
+  ProblemData springs = Beam(), digits = Beam();
+  springs.Rt[1] = springs.Rt[springs.NN()] = 2e11;
+  digits.E = 2100000.000012345, digits.G = 807690.0000123456;
+  for (const ProblemData& p : {springs, digits}) {
     Solved s = Solve(p, Method_Dichotomie);
-    EXPECT_EQ(s.res.Solve_Status, 0) << c.what << "\n" << text.substr(0, 400);
-    EXPECT_NEAR(s.res.mucr / reference, 1.0, 1e-5) << c.what;
+    EXPECT_EQ(s.res.Solve_Status, 0) << Text(p).substr(0, 400);
+    EXPECT_NEAR(s.res.mucr / reference, 1.0, 1e-5);
   }
-  // the other fields keep their widths exactly
-  ProblemData p = fork;
-  p.Rt[1] = 2e11;
-  p.Rvp[1] = -1.0 / 3.0;  // 19 characters in a field of 15
-  const std::string t = Problem_Text(p, ProblemLabels::Proceed);
-  EXPECT_NE(t.find("\n  1          1E+30   200000000000 -0.3333333333333333              0         0\n"),
-            std::string::npos)
-      << t.substr(0, 600);
 }
 
 // A load at the right end belongs to the last element, whatever the mesh:
@@ -276,25 +235,14 @@ TEST(ProblemFile, AFieldThatFillsItsWidthStaysApartFromItsNeighbour) {
 // 1000 cm by 0.001 cm) as with 100 of 10 cm.
 TEST(ProblemFile, ATipLoadStaysOnTheLastElementOfAnyMesh) {
   Set_Msg(6, "normal end");
-  auto cantilever = [](int nb, double z) {
-    ProblemData p = Fork_Beam_Uniform_Moment(nb, 1000.0, 0);
-    p.Rv[nb + 1] = p.Rt[nb + 1] = 0;                      // free tip
-    p.Rv[1] = p.Rt[1] = p.Rvp[1] = p.Rtp[1] = 1e30;       // built-in root
-    Set_Moments(p, [](double x) { return -1000.0 * (1000.0 - x); });  // -10 kN at the tip
-    p.NF = 1;
-    for (auto* v : {&p.F, &p.xF, &p.zF}) v->assign(2, 0.0);
-    p.F[1] = -1000;
-    p.xF[1] = 1000;
-    p.zF[1] = z;
-    return Solve(p, Method_Dichotomie).res;
+  auto mucr = [](int nb, double z) {
+    const Solved s = Solve(Cantilever(nb, 1000, 1000, Iw, z), Method_Dichotomie);
+    EXPECT_EQ(s.res.Solve_Status, 0) << nb << " " << z;
+    return s.res.mucr;
   };
-  const SolverResult top100 = cantilever(100, 15), top150 = cantilever(150, 15), centre150 = cantilever(150, 0);
-  ASSERT_EQ(top100.Solve_Status, 0);
-  ASSERT_EQ(top150.Solve_Status, 0);
-  ASSERT_EQ(centre150.Solve_Status, 0);
-  // a load above the shear centre lowers the critical factor
-  EXPECT_LT(top150.mucr, 0.9 * centre150.mucr);
-  EXPECT_NEAR(top150.mucr / top100.mucr, 1.0, 2e-3);
+  const double top150 = mucr(150, 15);
+  EXPECT_LT(top150, 0.9 * mucr(150, 0));  // a load above the shear centre lowers the factor
+  EXPECT_NEAR(top150 / mucr(100, 15), 1.0, 2e-3);
 }
 
 }  // namespace

@@ -1,12 +1,6 @@
 // The batch window: progress, the stop button and the clipboard.
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QLabel>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <QTimer>
-#include <QWindow>
 #include <QtTest>
+#include <QtWidgets>
 
 #include "analysis/qt/Frm_DirectSolve.h"
 #include "foundation/Language.h"

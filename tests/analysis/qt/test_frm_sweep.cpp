@@ -1,30 +1,17 @@
 // Tools > Sweep driven by the keyboard and the mouse: the range typed, the
 // run, the progress, the curve's table on the clipboard, refused points.
-#include <QApplication>
-#include <QClipboard>
-#include <QComboBox>
-#include <QGuiApplication>
-#include <QLabel>
-#include <QLineEdit>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QTemporaryDir>
 #include <QtTest>
-#include <cmath>
+#include <QtWidgets>
 
 #include "analysis/qt/Frm_Sweep.h"
 #include "diagrams/qt/QtSurface.h"
 #include "foundation/Language.h"
+#include "solver/solver_support.h"
 
 using namespace zarvek;
+using test::Mcr_Uniform;  // IPE 300 under uniform moment, kN and cm
 
 namespace {
-
-// Fork-supported IPE 300 of L cm under uniform moment, kN.cm.
-double Mcr_Uniform(double L) {
-  const double E = 21000, G = 8076.9, Iz = 603.78, It = 19.868, Iw = 126332;
-  return M_PI / L * std::sqrt(E * Iz * G * It) * std::sqrt(1 + M_PI * M_PI * E * Iw / (L * L * G * It));
-}
 
 void Type(QLineEdit* e, const QString& text) {
   e->setFocus(Qt::TabFocusReason);

@@ -1,14 +1,8 @@
 // The design check in the main window: its inputs on the beam page, its
 // frame on the results page after Proceed, cleared by a change of grade,
 // in English and in French.
-#include <QApplication>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTabWidget>
-#include <QTemporaryDir>
 #include <QtTest>
+#include <QtWidgets>
 #include <memory>
 
 #include "foundation/Language.h"
