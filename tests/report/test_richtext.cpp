@@ -11,30 +11,17 @@
 namespace zarvek {
 namespace {
 
-// The smallest PNG header that names a size: signature, IHDR length, type,
-// width and height (the rest of the file does not matter to the writer).
-std::string Png_Of(int w, int h) {
-  std::string s("\x89PNG\r\n\x1a\n\0\0\0\x0dIHDR", 16);
-  for (int v : {w, h})
-    for (int k = 3; k >= 0; --k) s += (char)(v >> (8 * k) & 0xFF);
-  s += std::string("\x08\x06\0\0\0", 5);
-  return s;
-}
+using rtf_test::Png_Of;
 
 TEST(RichText, TabCounter) {
   // a fraction outside 0..1 does nothing; inside, each call takes the next stop
-  struct Step {
-    double p;
-    int counter;
-    size_t stops;
-  } steps[] = {{1.5, 0, 0},  {-0.01, 0, 0}, {std::numeric_limits<double>::quiet_NaN(), 0, 0},
-               {0.1, 1, 1},  {0.0, 2, 2},    {1.0, 3, 3},
-               {1.0001, 3, 3}, {0.5, 4, 4},  {0.75, 5, 5}};
+  const std::pair<double, int> steps[] = {{1.5, 0}, {-0.01, 0}, {std::numeric_limits<double>::quiet_NaN(), 0},
+                                          {0.1, 1},  {0.0, 2},   {1.0, 3}, {1.0001, 3}, {0.5, 4}, {0.75, 5}};
   Rich_Text rt;
-  for (const Step& s : steps) {
-    rt.Tabulate(s.p);
-    EXPECT_EQ(rt.Tab_Counter(), s.counter) << s.p;
-    EXPECT_EQ(rt.Document().paragraphs.back().tabs.size(), s.stops) << s.p;
+  for (const auto& [p, counter] : steps) {
+    rt.Tabulate(p);
+    EXPECT_EQ(rt.Tab_Counter(), counter) << p;
+    EXPECT_EQ(rt.Document().paragraphs.back().tabs.size(), size_t(counter)) << p;
   }
   // five stops, then a new paragraph: it starts again at stop 0, with its own stops
   rt.NewParagraph();
