@@ -34,10 +34,17 @@ BeamModel Solved_Model() {
   return m;
 }
 
+// A date of the header: year, month 1..12, day, hour, minute.
+std::tm Date(int y, int mo, int d, int h, int mi) {
+  std::tm t{};
+  t.tm_year = y - 1900, t.tm_mon = mo - 1, t.tm_mday = d, t.tm_hour = h, t.tm_min = mi;
+  return t;
+}
+
 rtf_test::Rtf_Content Report_Of(const BeamModel& m, const std::string& code = "UK", bool pictures = true) {
   Report_Inputs in;
   in.Language_Code = code;
-  in.When = std::tm{.tm_min = 7, .tm_hour = 5, .tm_mday = 23, .tm_mon = 10, .tm_year = 2026 - 1900};
+  in.When = Date(2026, 11, 23, 5, 7);
   if (pictures) in.Pictures = Fake_Picture;
   Rich_Text rt = Report_Builder();
   Edit_Results(rt, m, in);
@@ -82,38 +89,18 @@ TEST(Report, SolvedProjectInOrder) {
 
   // every block in its order, each row with its value and unit
   const std::vector<std::string> expected = {
-      "NORVE\t11-23-2026  05:07",
-      "Results report",
-      std::string("Zarvek Version ") + Version_Text(),
-      "\tBeam",
-      "\tLength L\tL\t=\t10\tm",
-      "\tNumber of elements N\tN\t=\t100\t",
-      "\tSteel",
-      "\tYoung's modulus E\tE\t=\t210000\tMPa",
-      "\tShear modulus G\tG\t=\t80769\tMPa",
-      "\tSection - IPE 300",
-      "\t\tIz\t=\t603.78\tcm4",
-      "\t\t\xCE\xB2z\t=\t0\tcm",
-      "\tEnd 1 (left)",
-      "\tLateral displacement v\tv\t=\tFixed\t",
-      "\tTwist\t" + theta + "\t=\tFixed\t",
-      "\tWarping\t" + theta + prime + "\t=\tFree\t",
-      "\tEnd 2 (right)",
-      "\tLoads",
-      "\tIn-plane supports\t\t=\tSimply supported (hinged - hinged)\t",
-      "\tEnd moments",
-      "\t\tM1\t=\t-100\tkN.m",
-      "\t\tM2\t=\t100\tkN.m",
-      "\t(-M2/M1)\t" + psi + "\t=\t1\t",
-      "\tBending moment M and shear force V",
-      "\t M   V  ",
-      "\tEigenvalue solving process",
-      "\tConvergence tolerance\t" + epsilon + "\t=\t0.0001\t",
-      "\tCritical moment",
-      "\tBuckling mode",
-      "\t v   " + theta + "   v'   " + theta + prime + "  ",
-      "___________________",
-  };
+      "NORVE\t11-23-2026  05:07", "Results report", std::string("Zarvek Version ") + Version_Text(),
+      "\tBeam", "\tLength L\tL\t=\t10\tm", "\tNumber of elements N\tN\t=\t100\t",
+      "\tSteel", "\tYoung's modulus E\tE\t=\t210000\tMPa", "\tShear modulus G\tG\t=\t80769\tMPa",
+      "\tSection - IPE 300", "\t\tIz\t=\t603.78\tcm4", "\t\t\xCE\xB2z\t=\t0\tcm",
+      "\tEnd 1 (left)", "\tLateral displacement v\tv\t=\tFixed\t", "\tTwist\t" + theta + "\t=\tFixed\t",
+      "\tWarping\t" + theta + prime + "\t=\tFree\t", "\tEnd 2 (right)",
+      "\tLoads", "\tIn-plane supports\t\t=\tSimply supported (hinged - hinged)\t",
+      "\tEnd moments", "\t\tM1\t=\t-100\tkN.m", "\t\tM2\t=\t100\tkN.m", "\t(-M2/M1)\t" + psi + "\t=\t1\t",
+      "\tBending moment M and shear force V", "\t M   V  ",
+      "\tEigenvalue solving process", "\tConvergence tolerance\t" + epsilon + "\t=\t0.0001\t",
+      "\tCritical moment", "\tBuckling mode", "\t v   " + theta + "   v'   " + theta + prime + "  ",
+      "___________________"};
   int at = 0;
   for (const auto& e : expected) {
     const int found = Find_Line(lines, e, at);
@@ -142,16 +129,12 @@ TEST(Report, SolvedProjectInOrder) {
 
 TEST(Report, BlocksOfResultsNeedTheirResults) {
   BeamModel m = Solved_Model();
-  struct Case {
-    const char* name;
-    bool clear_process, clear_efforts;
-    std::vector<int> pictures;
-  } cases[] = {
+  const struct { const char* name; bool clear_process, clear_efforts; std::vector<int> pictures; } cases[] = {
       {"solved", false, false, {401, 402, 403, 404}},
       {"data changed after the forces were drawn", true, false, {401, 402, 403}},
       {"no solve done", true, true, {401, 402}},
   };
-  for (const Case& k : cases) {
+  for (const auto& k : cases) {
     BeamModel w = m;
     if (k.clear_process) InitProcessInfo(w);
     if (k.clear_efforts) InitEffortsInfo(w);
@@ -175,11 +158,7 @@ TEST(Report, BlocksOfResultsNeedTheirResults) {
 }
 
 TEST(Report, RowsFollowTheEntries) {
-  struct Case {
-    const char* name;
-    void (*set)(BeamModel&);
-    std::vector<std::string> present, absent;
-  } cases[] = {
+  const struct { const char* name; void (*set)(BeamModel&); std::vector<std::string> present, absent; } cases[] = {
       {"defaults", [](BeamModel&) {}, {},
        {"\tIntermediate restraint 1", "\tPoint loads", "\tPoint moment", "\tDistributed loads 1", "\t\th\t"}},
       {"punctual restraint 2 with a spring",
@@ -208,7 +187,7 @@ TEST(Report, RowsFollowTheEntries) {
         "\tShear centre not at the centroid\tzS\t=\t-3.2\tcm"},
        {"\tSection - IPE 300"}},
   };
-  for (const Case& k : cases) {
+  for (const auto& k : cases) {
     BeamModel m = Default_Model();
     k.set(m);
     const rtf_test::Rtf_Content c = Report_Of(m);
@@ -248,7 +227,7 @@ TEST(Report, SectionDrawingAfterItsRows) {
 }
 
 TEST(Report, DateOfTheHeader) {
-  const std::tm t{.tm_min = 3, .tm_hour = 14, .tm_mday = 5, .tm_mon = 0, .tm_year = 2026 - 1900};
+  const std::tm t = Date(2026, 1, 5, 14, 3);
   const std::pair<const char*, const char*> rows[] = {
       {"UK", "01-05-2026  14:03"}, {"uk", "01-05-2026  14:03"}, {"FR", "05/01/2026  14:03"}, {"", "05/01/2026  14:03"}};
   for (const auto& [code, text] : rows) EXPECT_EQ(Report_DateTime(t, code), text) << code;
