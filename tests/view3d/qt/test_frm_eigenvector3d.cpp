@@ -171,7 +171,7 @@ class Test_Frm_EigenVector3D : public QObject {
     }
   }
 
-  void copySavePrintAndNoMode() {
+  void picturesCopiedSavedPrintedAndWithoutAMode() {
     Frm_EigenVector3D frm(cant_);
     frm.show();
     QVERIFY(QTest::qWaitForWindowExposed(&frm));
@@ -200,19 +200,18 @@ class Test_Frm_EigenVector3D : public QObject {
     QCOMPARE(texts[0].text, std::string("No buckling mode yet"));
     QVERIFY(Near(texts[0].x1, 1834, 1e-6) && Near(texts[0].y1, 1000, 1e-6));
     QVERIFY(!Cmd_Draw3D_Click(nullptr, fork_, rec, true));  // external mode: ignored
-  }
 
-  void pictureFileOfTheCommandLine() {
-    const std::string png = Scratch("cli.png"), svg = Scratch("cli.svg");
+    // the picture file of the command line
+    const std::string cli = Scratch("cli.png"), clisvg = Scratch("cli.svg");
     std::string error;
-    QCOMPARE(TriD_WritePicture(fork_, png, 1, error), TriD_PictureStatus::Written);
-    const QImage img(QString::fromStdString(png));
+    QCOMPARE(TriD_WritePicture(fork_, cli, 1, error), TriD_PictureStatus::Written);
+    const QImage img(QString::fromStdString(cli));
     QCOMPARE(img.size(), QSize(800, 600));
     // A half-sine mode in the first view: the red axis is centred in the picture.
     const QPointF red = Pixels_Of(img, TriD_AxisColour).second;
     QVERIFY(Near(red.x(), 400, 15) && Near(red.y(), 300, 15));
-    QCOMPARE(TriD_WritePicture(cant_, svg, 1, error), TriD_PictureStatus::Written);
-    QFile f(QString::fromStdString(svg));
+    QCOMPARE(TriD_WritePicture(cant_, clisvg, 1, error), TriD_PictureStatus::Written);
+    QFile f(QString::fromStdString(clisvg));
     QVERIFY(f.open(QIODevice::ReadOnly));
     const QByteArray doc = f.readAll();
     // 101 stations: a web and two flanges each, 100 runs of six wires and a
@@ -221,8 +220,7 @@ class Test_Frm_EigenVector3D : public QObject {
     QCOMPARE(doc.count("<ellipse"), qsizetype(2));
     QVERIFY(doc.contains(">1</text>") && doc.contains(">2</text>"));
     QCOMPARE(TriD_WritePicture(cant_, Scratch("cli.gif"), 1, error), TriD_PictureStatus::BadExtension);
-    BeamModel none = Fork_Beam();
-    QCOMPARE(TriD_WritePicture(none, png, 1, error), TriD_PictureStatus::NoMode);
+    QCOMPARE(TriD_WritePicture(none, cli, 1, error), TriD_PictureStatus::NoMode);
     QCOMPARE(TriD_WritePicture(fork_, "/nonexistent-dir/x.png", 1, error), TriD_PictureStatus::WriteFailed);
   }
 
