@@ -162,7 +162,10 @@ TEST(Report, RowsFollowTheEntries) {
       {"defaults", [](BeamModel&) {}, {},
        {"\tIntermediate restraint 1", "\tPoint loads", "\tPoint moment", "\tDistributed loads 1", "\t\th\t"}},
       {"punctual restraint 2 with a spring",
-       [](BeamModel& m) { m.Chk_Punctual2 = true, m.Txt_xfint2 = "0.25", m.Lst_vi_p2 = RestraintList{-1, "12.5", true}; },
+       [](BeamModel& m) {
+         m.Chk_Punctual2 = true, m.Txt_xfint2 = "0.25";
+         m.Lst_vi_p2 = RestraintList{-1, "12.5", true};
+       },
        {"\tIntermediate restraint 2", "\tPosition x/L\tx/L\t=\t0.25\t",
         "\tLateral displacement v\tv\t=\t12.5\tkN/m"},
        {"\tIntermediate restraint 1"}},

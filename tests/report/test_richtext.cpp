@@ -92,7 +92,8 @@ TEST(RichText, GreekAndUnicodeEscapes) {
   EXPECT_EQ(Symbol_To_Unicode("m"), "\xCE\xBC");
   EXPECT_EQ(Symbol_To_Unicode("e"), "\xCE\xB5");
   Rich_Text rt;
-  for (const char* symbol : {"*q", "*y", "\xC3\x9Fz"}) rt.WriteLine("", symbol, "", "");  // beta-z with the German sharp s
+  // beta-z is written with the German sharp s
+  for (const char* symbol : {"*q", "*y", "\xC3\x9Fz"}) rt.WriteLine("", symbol, "", "");
   const std::string rtf = Rtf_Of(rt.Document());
   // theta 952, psi 968, sharp s 223: in the reader's own font, so any font shows them
   for (const char* e : {"\\u952?", "\\u968?", "\\u223?z"}) EXPECT_NE(rtf.find(e), std::string::npos) << e;

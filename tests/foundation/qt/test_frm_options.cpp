@@ -113,10 +113,11 @@ class TestFrmOptions : public QObject {
   // 10000 daN.m; 210000 MPa = 21000 daN/mm2 (1 daN/mm2 = 10 MPa); 30 cm =
   // 300 mm; -10 kN = -1000 daN.
   void okConvertsShownValues() {
-    const struct { UnitFamily f; int index; std::string BeamModel::*field; const char* before; double after; } cases[] = {
-        {UnitFamily::L, 0, &BeamModel::Txt_L, "10", 10000}, {UnitFamily::M, 1, &BeamModel::Txt_M1, "-100", -10000},
-        {UnitFamily::EG, 1, &BeamModel::Txt_E, "210000", 21000}, {UnitFamily::Dim, 0, &BeamModel::Txt_h, "30", 300},
-        {UnitFamily::F, 0, &BeamModel::Txt_F1, "-10", -1000}};
+    using F = UnitFamily;
+    const struct { F f; int index; std::string BeamModel::*field; const char* before; double after; } cases[] = {
+        {F::L, 0, &BeamModel::Txt_L, "10", 10000},     {F::M, 1, &BeamModel::Txt_M1, "-100", -10000},
+        {F::EG, 1, &BeamModel::Txt_E, "210000", 21000}, {F::Dim, 0, &BeamModel::Txt_h, "30", 300},
+        {F::F, 0, &BeamModel::Txt_F1, "-10", -1000}};
     for (const auto& c : cases) {
       Start_Model sm;
       BeamModel& m = sm.m;
