@@ -16,11 +16,8 @@ constexpr double W = 3705, H = 3795;
 struct P { double x, y; };
 bool Same(P a, P b) { return std::fabs(a.x - b.x) < 1e-6 && std::fabs(a.y - b.y) < 1e-6; }
 
-// Ends of an arc as drawn on the screen (y down).
-P Arc_Start(const RecordedOp& a) { return {a.x1 + a.r * std::cos(a.a0), a.y1 - a.r * std::sin(a.a0)}; }
-P Arc_End(const RecordedOp& a) {
-  return {a.x1 + a.r * std::cos(a.a0 + a.sweep), a.y1 - a.r * std::sin(a.a0 + a.sweep)};
-}
+// The point of an arc at an angle, as drawn on the screen (y down).
+P Arc_At(const RecordedOp& a, double angle) { return {a.x1 + a.r * std::cos(angle), a.y1 - a.r * std::sin(angle)}; }
 
 // The outline (black operations) must be one chain: every line starts where
 // the outline stood, an arc joins the line before to the line after, and
@@ -44,7 +41,7 @@ void Expect_ClosedPath(const Recorder& r, int arcsExpected) {
       // the next drawn line leaves from the other end of the arc
       ASSERT_LT(i + 1, path.size());
       const auto& next = path[i + 1];
-      const P a = Arc_Start(o), b = Arc_End(o), n{next.x1, next.y1};
+      const P a = Arc_At(o, o.a0), b = Arc_At(o, o.a0 + o.sweep), n{next.x1, next.y1};
       EXPECT_TRUE((Same(at, a) && Same(n, b)) || (Same(at, b) && Same(n, a))) << "arc " << i;
       at = n;
     }
