@@ -67,7 +67,7 @@ std::pair<int, QPointF> Pixels_Of(const QImage& img, Colour c) {
   return {n, n ? QPointF(sx / n, sy / n) : QPointF(-1, -1)};
 }
 
-// A drag on the picture: press, moves in steps, release.
+// A drag on the picture: press, then moves in steps (the caller releases).
 void Drag(QWidget* w, Qt::MouseButton b, QPoint from, QPoint by, int steps) {
   QTest::mousePress(w, b, {}, from);
   for (int k = 1; k <= steps; ++k) {
