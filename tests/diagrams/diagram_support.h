@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,18 +21,11 @@ using zarvek::Recorder;
 
 constexpr double Pi = 3.1415926535;
 
-// Lines of one colour that have a length (zero-length lines only move the
-// current position).
-inline std::vector<RecordedOp> Drawn_Lines(const Recorder& r, Colour c) {
+// Lines (of one colour, or all of them) that have a length: zero-length
+// lines only move the current position.
+inline std::vector<RecordedOp> Drawn_Lines(const Recorder& r, std::optional<Colour> c = {}) {
   std::vector<RecordedOp> out;
-  for (const auto& o : r.Of(RecordedOp::Line, c))
-    if (o.x1 != o.x2 || o.y1 != o.y2) out.push_back(o);
-  return out;
-}
-
-inline std::vector<RecordedOp> Drawn_Lines(const Recorder& r) {
-  std::vector<RecordedOp> out;
-  for (const auto& o : r.Of(RecordedOp::Line))
+  for (const auto& o : c ? r.Of(RecordedOp::Line, *c) : r.Of(RecordedOp::Line))
     if (o.x1 != o.x2 || o.y1 != o.y2) out.push_back(o);
   return out;
 }

@@ -26,8 +26,7 @@ struct External {
   BeamModel b;
   explicit External(int NB) {
     st.ExternalMode = true;
-    st.NB = NB;
-    e.NB = NB;
+    st.NB = e.NB = NB;
     e.Efforts_M.assign(2 * NB + 1, 0.f);
     e.Efforts_V.assign(2 * NB + 1, 0.f);
   }
@@ -52,8 +51,7 @@ TEST(ForcesDiagram, CentralPointLoadOnASimpleBeam) {
   // L = 10 m, F = 10 kN down at mid-span: M = FL/4 = 25 kN.m at mid-span,
   // sagging (drawn downward), V = -/+ 5 kN with its jump under the load.
   BeamModel b;
-  b.Chk_M = false;
-  b.Chk_F1 = true, b.Txt_F1 = "-10", b.Txt_xf1 = "0.5", b.Txt_zF1 = "0";
+  b.Chk_M = false, b.Chk_F1 = true, b.Txt_F1 = "-10", b.Txt_xf1 = "0.5", b.Txt_zF1 = "0";
   EffortsData e;
   DiagramState st;
   Recorder r(W, H);
@@ -63,11 +61,9 @@ TEST(ForcesDiagram, CentralPointLoadOnASimpleBeam) {
 
   const auto M = Chain(r, cM);
   ASSERT_EQ(M.size(), 200u);
-  double low = 0, xLow = 0;
-  for (auto [px, py] : M)
-    if (py > low) low = py, xLow = px;
-  EXPECT_NEAR(low, 0.95 * H, 0.5);  // touches the bottom frame line
-  EXPECT_NEAR(xLow, W / 2, 1);
+  const auto low = *std::max_element(M.begin(), M.end(), [](auto a, auto b) { return a.second < b.second; });
+  EXPECT_NEAR(low.second, 0.95 * H, 0.5);  // touches the bottom frame line
+  EXPECT_NEAR(low.first, W / 2, 1);
   EXPECT_NEAR(M.front().second, H / 2, 0.5);  // zero at the supports
 
   const auto V = Chain(r, cV);
@@ -107,16 +103,6 @@ TEST(ForcesDiagram, SteepElementIsDrawnAsAStepAtItsLeftEnd) {
   }
 }
 
-TEST(ForcesDiagram, ZeroMomentStopsBothCurves) {
-  External x(10);
-  for (auto& v : x.e.Efforts_V) v = 3;
-  Recorder r(W, H);
-  zarvek::Tracer_Efforts(r, x.b, x.e, x.st);
-  EXPECT_TRUE(r.Of(RecordedOp::Line, cM).empty());
-  EXPECT_TRUE(r.Of(RecordedOp::Line, cV).empty());
-  EXPECT_EQ(Drawn_Lines(r, 0x808080).size(), 5u);  // the frame stays
-}
-
 TEST(ForcesReadOut, ShowsTheValueOneElementToTheRightInTheUsersUnit) {
   // A staircase: element e carries e kN.m (e x 10^4 daN.cm) at both ends,
   // and a shear of -2 kN.
@@ -153,15 +139,13 @@ TEST(ForcesReadOut, ShowsTheValueOneElementToTheRightInTheUsersUnit) {
   EXPECT_FALSE(zarvek::Forces_ReadOut(r, x.b, x.e, x.st, x0, H / 2 + 20).hit);  // frame and axis only
 }
 
-TEST(ForcesRefresh, RefusesADiagramWithoutMoment) {
+TEST(ForcesRefresh, RefusesADiagramWithoutMomentAndDrawsNoCurveOfIt) {
   // Below 10 daN.cm (0.001 kN.m) the beam carries no moment, unless the
   // program itself fills the fields or the diagram comes from a problem file.
   zarvek::Set_Msg(3, "The beam carries no bending moment.");
-  struct Case {
-    const char* Mmax;
-    bool locked, external, refused;
-  } cases[] = {{"0", false, false, true},   {"0.0009", false, false, true}, {"0.001", false, false, false},
-               {"0", true, false, false},   {"0", false, true, false}};
+  const struct { const char* Mmax; bool locked, external, refused; } cases[] = {
+      {"0", false, false, true}, {"0.0009", false, false, true}, {"0.001", false, false, false},
+      {"0", true, false, false}, {"0", false, true, false}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.Mmax);
     External x(10);
@@ -169,8 +153,15 @@ TEST(ForcesRefresh, RefusesADiagramWithoutMoment) {
     x.b.RefreshLocked = c.locked;
     x.st.ExternalMode = c.external;
     Recorder r(W, H);
-    const std::string text = zarvek::Cmd_RefreshMV(r, x.b, x.e, x.st);
-    EXPECT_EQ(text, c.refused ? "Mmax = 0 ! - The beam carries no bending moment." : "");
+    EXPECT_EQ(zarvek::Cmd_RefreshMV(r, x.b, x.e, x.st),
+              c.refused ? "Mmax = 0 ! - The beam carries no bending moment." : "");
     EXPECT_EQ(r.Ops().empty(), c.refused);  // refused: not even cleared
   }
+  // drawn anyway, a zero moment stops both curves; the frame stays
+  External x(10);
+  for (auto& v : x.e.Efforts_V) v = 3;
+  Recorder r(W, H);
+  zarvek::Tracer_Efforts(r, x.b, x.e, x.st);
+  EXPECT_TRUE(r.Of(RecordedOp::Line, cM).empty() && r.Of(RecordedOp::Line, cV).empty());
+  EXPECT_EQ(Drawn_Lines(r, 0x808080).size(), 5u);
 }

@@ -30,12 +30,7 @@ std::vector<RecordedOp> Shafts_At(const Recorder& r, double x) {
 
 TEST(LoadArrow, HasItsTipOrTailOnTheLevelOfApplication) {
   const double x = 1000;
-  struct Case {
-    const char* name;
-    double F, z;
-    bool proportional;
-    double yStart, yEnd, tick;  // expected
-  } cases[] = {
+  const struct { const char* name; double F, z; bool proportional; double yStart, yEnd, tick; } cases[] = {
       // a downward load at the shear centre ends with its tip on the axis
       {"down, at the axis", -1, 0, false, yc - 0.4 * H, yc, yc},
       // ... above it: tip 0.05H above the axis, where the tick stands
@@ -57,8 +52,7 @@ TEST(LoadArrow, HasItsTipOrTailOnTheLevelOfApplication) {
     zarvek::Draw_Force(r, c.F, c.proportional, x, yc, c.z, ys, ye);
     EXPECT_NEAR(ys, c.yStart, 1e-9);
     EXPECT_NEAR(ye, c.yEnd, 1e-9);
-    // the level tick
-    const auto ticks = Drawn_Lines(r, Black);
+    const auto ticks = Drawn_Lines(r, Black);  // the level tick
     ASSERT_EQ(ticks.size(), 1u);
     EXPECT_NEAR(ticks[0].y1, c.tick, 1e-9);
     EXPECT_NEAR(ticks[0].y2, c.tick, 1e-9);
@@ -68,8 +62,7 @@ TEST(LoadArrow, HasItsTipOrTailOnTheLevelOfApplication) {
   r.Cls();
   double ys = 7, ye = 8;
   zarvek::Draw_Force(r, 0, false, x, yc, 1, ys, ye);
-  EXPECT_EQ(ys, 7);
-  EXPECT_EQ(ye, 8);
+  EXPECT_TRUE(ys == 7 && ye == 8);
   EXPECT_TRUE(Drawn_Lines(r).empty());
 }
 
@@ -79,11 +72,11 @@ TEST(LoadStrip, AZeroEndKeepsATwentiethOfTheOther) {
   double q1 = 0, q2 = -1;
   zarvek::Draw_DistributedLoad(r, q1, q2, 1000, 3000, yc, 0);
   EXPECT_DOUBLE_EQ(q1, -0.05);
-  const auto left = Shafts_At(r, 1000), right = Shafts_At(r, 3000);
-  ASSERT_EQ(left.size(), 1u);
-  ASSERT_EQ(right.size(), 1u);
-  EXPECT_NEAR(Length(right[0]), 0.4 * H, 1e-9);
-  EXPECT_NEAR(Length(left[0]), 0.4 * H / 20, 1e-9);
+  for (auto [x, length] : {std::pair{1000.0, 0.4 * H / 20}, {3000.0, 0.4 * H}}) {
+    const auto shaft = Shafts_At(r, x);
+    ASSERT_EQ(shaft.size(), 1u);
+    EXPECT_NEAR(Length(shaft[0]), length, 1e-9);
+  }
 }
 
 TEST(LoadsScheme, NoLoadsGivesAxisSupportsAndCrossesOnly) {
@@ -100,8 +93,7 @@ TEST(LoadsScheme, NoLoadsGivesAxisSupportsAndCrossesOnly) {
 
 TEST(LoadsScheme, CrossesHaveLongerRightArmsAndMarkIntermediateRestraints) {
   BeamModel m = Bare_Beam();
-  m.Lst_v2 = zarvek::RestraintList{0, "Free"};
-  m.Lst_t2 = zarvek::RestraintList{0, "Free"};
+  m.Lst_v2 = m.Lst_t2 = zarvek::RestraintList{0, "Free"};
   m.Chk_Punctual1 = true;
   m.Txt_xfint1 = "0.3";
   m.Lst_ti_p1 = zarvek::RestraintList{-1, "5"};  // a spring counts as held
@@ -134,9 +126,9 @@ TEST(LoadsScheme, EachLoadFamilyIsNormalisedToItsLargest) {
   Recorder r(W, H);
   zarvek::Tracer_Loads(r, m);
 
-  const auto big = Shafts_At(r, xL + 0.25 * Len), small = Shafts_At(r, xL + 0.75 * Len);
-  ASSERT_EQ(big.size(), 1u);
-  ASSERT_EQ(small.size(), 1u);
-  EXPECT_NEAR(Length(big[0]), 0.4 * H, 1e-9);
-  EXPECT_NEAR(Length(small[0]), 0.4 * H * (0.2 + 0.8 * 0.01), 1e-9);
+  for (auto [x, length] : {std::pair{0.25, 0.4 * H}, {0.75, 0.4 * H * (0.2 + 0.8 * 0.01)}}) {
+    const auto shaft = Shafts_At(r, xL + x * Len);
+    ASSERT_EQ(shaft.size(), 1u);
+    EXPECT_NEAR(Length(shaft[0]), length, 1e-9);
+  }
 }

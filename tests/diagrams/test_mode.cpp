@@ -17,21 +17,21 @@ constexpr Colour cv = 0xC00000, ct = 0x000000, cvp = 0x0000FF, ctp = 0x008000;
 
 // The first lateral-torsional mode of a beam with fork supports, 10
 // elements: v = sin(pi x/L), theta = -0.02 sin(pi x/L) and their slopes
-// (L = 1000 cm), v normalised to 1.
-BeamModel Fork_Mode(int NB = 10) {
+// (L = 1000 cm), v normalised to 1; drawn from a problem file.
+struct Fork_Mode {
   BeamModel b;
-  b.Mode_Vector = Sine_Mode(NB, 1000, 1, -0.02);
-  b.Restraint_Level.assign(NB + 2, 0.f);
-  b.Mode_Max = 1;
-  return b;
-}
-
-DiagramState External(int NB) {
   DiagramState st;
-  st.ExternalMode = true;
-  st.NB = NB;
-  return st;
-}
+  Recorder r{W, H};
+  explicit Fork_Mode(double level = 0) {
+    b.Mode_Vector = Sine_Mode(10, 1000, 1, -0.02);
+    b.Restraint_Level.assign(12, 0.f);
+    b.Restraint_Level[6] = level;  // a lateral restraint at mid-span, this high
+    b.Mode_Max = 1;
+    st.ExternalMode = true;
+    st.NB = 10;
+    zarvek::Tracer_VecteurPropre(r, b, st);
+  }
+};
 
 // Extreme ordinates of a curve's chain.
 std::pair<double, double> Range(const Recorder& r, Colour c) {
@@ -46,10 +46,7 @@ std::pair<double, double> Range(const Recorder& r, Colour c) {
 }  // namespace
 
 TEST(ModeDiagram, EachCurveOnItsOwnScaleTouchesTheFrame) {
-  BeamModel b = Fork_Mode();
-  DiagramState st = External(10);
-  Recorder r(W, H);
-  zarvek::Tracer_VecteurPropre(r, b, st);
+  const Recorder r = Fork_Mode().r;
   // v positive: down to the bottom line at mid-span; theta negative: up to
   // the top line; the slopes reach both lines at the ends
   EXPECT_NEAR(Range(r, cv).first, H / 2, 1e-3);
@@ -70,11 +67,7 @@ TEST(ModeDiagram, RestraintAboveTheShearCentreWidensTheScaleOfV) {
   // A lateral restraint 15 cm above the shear centre at mid-span (node 6):
   // there the flange moves by d = v - z theta = 1 + 15 x 0.02 = 1.3, more
   // than the axis; the v scale takes 1.3.
-  BeamModel b = Fork_Mode();
-  b.Restraint_Level[6] = 15;
-  DiagramState st = External(10);
-  Recorder r(W, H);
-  zarvek::Tracer_VecteurPropre(r, b, st);
+  const Recorder r = Fork_Mode(15).r;
   const auto circles = r.Of(RecordedOp::Arc);
   ASSERT_EQ(circles.size(), 1u);  // on v only
   EXPECT_EQ(circles[0].colour, cv);
@@ -88,17 +81,14 @@ TEST(ModeDiagram, RestraintAboveTheShearCentreWidensTheScaleOfV) {
 }
 
 TEST(ModeReadOut, NamesTheCurveUnderTheMouseWithoutFlipping) {
-  BeamModel b = Fork_Mode();
-  DiagramState st = External(10);
-  Recorder r(W, H);
-  zarvek::Tracer_VecteurPropre(r, b, st);
+  Fork_Mode f;
   // v' at the right end, at the very edge of the frame: the label stays to
   // the right even though it leaves the surface
-  auto hit = zarvek::Eigen_ReadOut(r, st, W - m * W, 0.05 * H);
+  auto hit = zarvek::Eigen_ReadOut(f.r, f.st, W - m * W, 0.05 * H);
   ASSERT_TRUE(hit.hit);
   EXPECT_EQ(hit.caption, "v'");
   EXPECT_GT(hit.Left, hit.x);
   // the grey sign marks and the background are no hit
-  EXPECT_FALSE(zarvek::Eigen_ReadOut(r, st, m * W / 2 + 20, 0.46 * H + 60).hit);
-  EXPECT_FALSE(zarvek::Eigen_ReadOut(r, st, W / 2 + 300, 0.6 * H).hit);
+  EXPECT_FALSE(zarvek::Eigen_ReadOut(f.r, f.st, m * W / 2 + 20, 0.46 * H + 60).hit);
+  EXPECT_FALSE(zarvek::Eigen_ReadOut(f.r, f.st, W / 2 + 300, 0.6 * H).hit);
 }

@@ -13,16 +13,11 @@ namespace {
 
 constexpr double W = 3705, H = 3795;
 
-struct P {
-  double x, y;
-};
+struct P { double x, y; };
 bool Same(P a, P b) { return std::fabs(a.x - b.x) < 1e-6 && std::fabs(a.y - b.y) < 1e-6; }
 
-// Ends of an arc as drawn on the screen (y down).
-P Arc_Start(const RecordedOp& a) { return {a.x1 + a.r * std::cos(a.a0), a.y1 - a.r * std::sin(a.a0)}; }
-P Arc_End(const RecordedOp& a) {
-  return {a.x1 + a.r * std::cos(a.a0 + a.sweep), a.y1 - a.r * std::sin(a.a0 + a.sweep)};
-}
+// The point of an arc at an angle, as drawn on the screen (y down).
+P Arc_At(const RecordedOp& a, double angle) { return {a.x1 + a.r * std::cos(angle), a.y1 - a.r * std::sin(angle)}; }
 
 // The outline (black operations) must be one chain: every line starts where
 // the outline stood, an arc joins the line before to the line after, and
@@ -46,7 +41,7 @@ void Expect_ClosedPath(const Recorder& r, int arcsExpected) {
       // the next drawn line leaves from the other end of the arc
       ASSERT_LT(i + 1, path.size());
       const auto& next = path[i + 1];
-      const P a = Arc_Start(o), b = Arc_End(o), n{next.x1, next.y1};
+      const P a = Arc_At(o, o.a0), b = Arc_At(o, o.a0 + o.sweep), n{next.x1, next.y1};
       EXPECT_TRUE((Same(at, a) && Same(n, b)) || (Same(at, b) && Same(n, a))) << "arc " << i;
       at = n;
     }
@@ -63,8 +58,9 @@ TEST(SectionDrawing, RolledSectionIsTrueToShapeAndFillsNinetyPercent) {
   zarvek::Draw_Section(r, m);
   Expect_ClosedPath(r, 4);
   const double k = 0.9 * H / 30;
+  const auto lines = Drawn_Lines(r, 0x000000);
   double xmin = 1e9, xmax = -1e9, ymin = 1e9, ymax = -1e9;
-  for (const auto& o : Drawn_Lines(r, 0x000000)) {
+  for (const auto& o : lines) {
     xmin = std::min({xmin, o.x1, o.x2}), xmax = std::max({xmax, o.x1, o.x2});
     ymin = std::min({ymin, o.y1, o.y2}), ymax = std::max({ymax, o.y1, o.y2});
   }
@@ -72,11 +68,11 @@ TEST(SectionDrawing, RolledSectionIsTrueToShapeAndFillsNinetyPercent) {
   EXPECT_NEAR(xmax - xmin, 15 * k, 1e-6);
   EXPECT_NEAR((xmin + xmax) / 2, W / 2, 1e-6);
   // the web's two faces, tw apart, straight between the fillets
-  const auto lines = Drawn_Lines(r, 0x000000);
-  const auto left = Vertical_At(lines, W / 2 - 0.71 * k / 2), right = Vertical_At(lines, W / 2 + 0.71 * k / 2);
-  ASSERT_EQ(left.size(), 1u);
-  ASSERT_EQ(right.size(), 1u);
-  EXPECT_NEAR(Length(left[0]), (30 - 2 * 1.07 - 2 * 1.5) * k, 1e-6);
+  for (double face : {-0.71 * k / 2, 0.71 * k / 2}) {
+    const auto web = Vertical_At(lines, W / 2 + face);
+    ASSERT_EQ(web.size(), 1u);
+    EXPECT_NEAR(Length(web[0]), (30 - 2 * 1.07 - 2 * 1.5) * k, 1e-6);
+  }
   for (const auto& a : r.Of(RecordedOp::Arc)) {
     EXPECT_NEAR(a.r, 1.5 * k, 1e-9);
     EXPECT_NEAR(a.sweep, Pi / 2, 1e-9);
@@ -91,9 +87,7 @@ TEST(SectionDrawing, MonoSymmetricSectionByDimensionsMarksCentroidAndShearCentre
   // Top flange 200 x 20, bottom flange 100 x 20, web 10 thick, 400 deep, no
   // fillets (mm, typed in cm).
   BeamModel m;
-  m.Opt_Catalogue = false;
-  m.Opt_Dimensions = true;
-  m.Tab_Dim = 1;
+  m.Opt_Catalogue = false, m.Opt_Dimensions = true, m.Tab_Dim = 1;
   m.Txt_h = "40", m.Txt_tw = "1";
   m.Txt_bf1 = "20", m.Txt_tf1 = "2", m.Txt_r1 = "0";
   m.Txt_bf2 = "10", m.Txt_tf2 = "2", m.Txt_r2 = "0";
@@ -129,8 +123,7 @@ TEST(SectionDrawing, NothingToDrawWithoutAShape) {
   zarvek::Set_Msg(67, "Section given by its properties: no drawing");
   BeamModel p, d;
   p.Opt_Catalogue = d.Opt_Catalogue = false;
-  p.Opt_Properties = true;
-  d.Opt_Dimensions = true;
+  p.Opt_Properties = d.Opt_Dimensions = true;
   d.Txt_It[2] = "  ";
   Recorder r(W, H), e(W, H);
   zarvek::Draw_Section(r, p);

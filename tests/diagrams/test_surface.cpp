@@ -12,13 +12,9 @@ using zarvek::Surface;
 
 TEST(Surface, ScalesMapToTwips) {
   // A 3000 x 1500 twips box (200 x 100 pixels at 96 dpi).
-  struct Case {
-    const char* name;
-    int mode;             // ScaleMode set first (-1: user scale below)
-    double left, top, width, height;
-    double x, y;          // a point in the scale
-    double tx, ty;        // where it lies on the device, twips
-  } cases[] = {
+  // ScaleMode set first (-1: the user scale left, top, width, height); a
+  // point x, y in the scale and where it lies on the device, twips
+  const struct { const char* name; int mode; double left, top, width, height, x, y, tx, ty; } cases[] = {
       {"twips", zarvek::Scale_Twips, 0, 0, 0, 0, 1500, 300, 1500, 300},
       {"pixels", zarvek::Scale_Pixels, 0, 0, 0, 0, 100, 20, 1500, 300},
       // a centred scale with y upward, as the 3D view sets it
@@ -32,10 +28,7 @@ TEST(Surface, ScalesMapToTwips) {
     if (c.mode >= 0) {
       r.ScaleMode(c.mode);
     } else {
-      r.ScaleLeft(c.left);
-      r.ScaleTop(c.top);
-      r.ScaleWidth(c.width);
-      r.ScaleHeight(c.height);
+      r.ScaleLeft(c.left), r.ScaleTop(c.top), r.ScaleWidth(c.width), r.ScaleHeight(c.height);
       EXPECT_EQ(r.ScaleMode(), zarvek::Scale_User);
     }
     EXPECT_NEAR(r.ToTwipsX(c.x), c.tx, 1e-9);
@@ -49,8 +42,7 @@ TEST(Surface, LinesMoveTheCurrentPositionAndStepIsRelative) {
   Recorder r(3000, 1500);
   r.Cls();
   r.Line(100, 200, 300, 400);
-  EXPECT_DOUBLE_EQ(r.CurrentX(), 300);
-  EXPECT_DOUBLE_EQ(r.CurrentY(), 400);
+  EXPECT_TRUE(r.CurrentX() == 300 && r.CurrentY() == 400);
   r.LineTo(500, 400, 0x0000FF);
   r.LineToStep(0, -100);
   // Step(dx1, dy1)-Step(dx2, dy2): start from the current point, end from the start
@@ -60,18 +52,11 @@ TEST(Surface, LinesMoveTheCurrentPositionAndStepIsRelative) {
   EXPECT_EQ(lines[0].colour, 0x000000u);  // ForeColor
   EXPECT_DOUBLE_EQ(lines[1].x1, 300);
   EXPECT_DOUBLE_EQ(lines[2].y2, 300);
-  EXPECT_DOUBLE_EQ(lines[3].x1, 510);
-  EXPECT_DOUBLE_EQ(lines[3].y1, 320);
-  EXPECT_DOUBLE_EQ(lines[3].x2, 540);
-  EXPECT_DOUBLE_EQ(lines[3].y2, 360);
+  EXPECT_TRUE(lines[3].x1 == 510 && lines[3].y1 == 320 && lines[3].x2 == 540 && lines[3].y2 == 360);
 }
 
 TEST(Surface, ArcsRunCounterClockwiseOnTheScreen) {
-  struct Case {
-    const char* name;
-    double start, end;
-    double a0, sweep;
-  } cases[] = {
+  const struct { const char* name; double start, end, a0, sweep; } cases[] = {
       {"right quarter, through 0", 7 * Pi / 4, Pi / 4, 7 * Pi / 4, Pi / 2},
       {"left quarter", 3 * Pi / 4, 5 * Pi / 4, 3 * Pi / 4, Pi / 2},
       {"to 2 pi", 3 * Pi / 2, 2 * Pi, 3 * Pi / 2, Pi / 2},

@@ -2,40 +2,22 @@
 // language list, and the two languages shipped with the program.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <functional>
-#include <iterator>
 #include <sstream>
-#include <string>
 #include <vector>
 
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
+#include "scratch_dir.h"
 
 using namespace zarvek;
+using foundation_test::Read_File;
+using foundation_test::Scratch;
 namespace fs = std::filesystem;
 
 namespace {
 
 using Lines = std::vector<std::string>;
-
-std::string Read_Bytes(const std::string& name) {
-  std::ifstream in(name, std::ios::binary);
-  return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-}
-
-void Write_Bytes(const std::string& name, const std::string& bytes) {
-  std::ofstream(name, std::ios::binary) << bytes;
-}
-
-// A scratch directory, removed with its files at the end of the test.
-struct Scratch {
-  std::string dir = mkdtemp(std::string("/tmp/zarvek-lang-XXXXXX").data());
-  ~Scratch() { std::error_code ec; fs::remove_all(dir, ec); }
-  std::string operator/(const std::string& name) const { return dir + "/" + name; }
-};
 
 // The plain lines of a well-formed language: "S<k>L<j>" in the caption
 // sections, "m<j> >: Message <j>" in the messages.
@@ -51,12 +33,6 @@ Lines Plain_Lines() {
   return lines;
 }
 
-std::string Join(const Lines& lines, const char* eol = "\n") {
-  std::string s;
-  for (const auto& l : lines) s += l + eol;
-  return s;
-}
-
 size_t Index_Of(const Lines& lines, const std::string& text) {
   for (size_t i = 0; i < lines.size(); ++i)
     if (lines[i] == text) return i;
@@ -64,9 +40,11 @@ size_t Index_Of(const Lines& lines, const std::string& text) {
   return 0;
 }
 
-// Scrambles the plain text into a .MSG file and loads it.
-bool Load_Plain(const Scratch& s, const std::string& plain) {
-  Write_Bytes(s / "plain.txt", plain);
+// Scrambles the plain lines into a .MSG file and loads it.
+bool Load_Plain(const Scratch& s, const Lines& lines, const char* eol = "\n") {
+  std::string plain;
+  for (const auto& l : lines) plain += l + eol;
+  s.Write("plain.txt", plain);
   EXPECT_TRUE(Crypt_File(s / "plain.txt", 0, s / "ZARVEK_XX.MSG"));
   bool ok = Load_LanguageFile(s / "ZARVEK_XX.MSG", s / "Zarvek.TMP");
   EXPECT_FALSE(fs::exists(s / "Zarvek.TMP")) << "the scratch copy must not survive";
@@ -77,19 +55,19 @@ TEST(CryptFile, KeyFromItsSecondLetterAndTheSameCallRestores) {
   Scratch s;
   std::string original;
   for (int i = 0; i < 256; ++i) original += static_cast<char>(i);
-  Write_Bytes(s / "a", original);
+  s.Write("a", original);
   ASSERT_TRUE(Crypt_File(s / "a", 0, s / "b"));
-  const std::string scrambled = Read_Bytes(s / "b");
+  const std::string scrambled = s.Read("b");
   ASSERT_EQ(scrambled.size(), original.size());
   // byte 1 takes the key's 'U', byte 19 its 'N', byte 20 'Q', byte 21 'U' again
   const std::string key = "QUILMORDENTASPARKWIN";
   for (size_t i = 0; i < original.size(); ++i)
     ASSERT_EQ(scrambled[i], static_cast<char>(original[i] ^ key[(i + 1) % 20])) << "byte " << i;
   ASSERT_TRUE(Crypt_File(s / "b", 0, s / "c"));
-  EXPECT_EQ(Read_Bytes(s / "c"), original);
+  EXPECT_EQ(s.Read("c"), original);
   // a count takes only the head of the file
   ASSERT_TRUE(Crypt_File(s / "a", 100, s / "d"));
-  EXPECT_EQ(Read_Bytes(s / "d"), scrambled.substr(0, 100));
+  EXPECT_EQ(s.Read("d"), scrambled.substr(0, 100));
   EXPECT_FALSE(Crypt_File(s / "missing", 0, s / "e"));
 }
 
@@ -106,7 +84,7 @@ TEST(LanguageFile, WellFormedFileFillsTextsAndMessages) {
   lines[Index_Of(lines, "m2 >: Message 2")] = "a >: b >: c";
   // a plain line outside any section is passed over
   lines.insert(lines.begin() + Index_Of(lines, "$30"), "stray text");
-  ASSERT_TRUE(Load_Plain(s, Join(lines, "\r\n")));
+  ASSERT_TRUE(Load_Plain(s, lines, "\r\n"));
 
   EXPECT_EQ(Text_Line(1), "Testish   ");
   EXPECT_EQ(Section_Line(1, 10), "S1L10");
@@ -121,10 +99,10 @@ TEST(LanguageFile, WellFormedFileFillsTextsAndMessages) {
   // extra plain lines after the messages are accepted
   lines = Plain_Lines();
   lines.insert(lines.end(), {"notes of the translator", ""});
-  EXPECT_TRUE(Load_Plain(s, Join(lines)));
+  EXPECT_TRUE(Load_Plain(s, lines));
   // a file that stops after a whole section leaves the rest empty
   lines.resize(Index_Of(lines, "$4"));
-  ASSERT_TRUE(Load_Plain(s, Join(lines)));
+  ASSERT_TRUE(Load_Plain(s, lines));
   EXPECT_EQ(Section_Line(5, 18), "S5L18");
   EXPECT_EQ(Text_Line(244), "");
 }
@@ -133,26 +111,26 @@ TEST(LanguageFile, FurtherTextsByKey) {
   Scratch s;
   Lines lines = Plain_Lines();
   lines.insert(lines.end(), {"$3", "' keyed", "Cmd_A >: Alpha  ", "  Cmd_B>:Beta >: gamma", "Cmd_C >:"});
-  ASSERT_TRUE(Load_Plain(s, Join(lines)));
+  ASSERT_TRUE(Load_Plain(s, lines));
   EXPECT_EQ(Further_Text("Cmd_A"), "Alpha");
   EXPECT_EQ(Further_Text("Cmd_B"), "Beta >: gamma");
   EXPECT_EQ(Further_Text("Cmd_C", "fallback"), "fallback");
   EXPECT_EQ(Further_Text("Missing", "fallback"), "fallback");
 
   // a language without the section keeps nothing of the one loaded before
-  ASSERT_TRUE(Load_Plain(s, Join(Plain_Lines())));
+  ASSERT_TRUE(Load_Plain(s, Plain_Lines()));
   EXPECT_EQ(Further_Text("Cmd_A"), "");
   // a keyed line without its mark, a count that is no count, a section too many
   for (Lines tail : {Lines{"$1", "no mark"}, Lines{"$x"}, Lines{"$-1"}, Lines{"$0", "$0"}}) {
     lines = Plain_Lines();
     lines.insert(lines.end(), tail.begin(), tail.end());
-    EXPECT_FALSE(Load_Plain(s, Join(lines))) << tail[0];
+    EXPECT_FALSE(Load_Plain(s, lines)) << tail[0];
   }
 }
 
 TEST(LanguageFile, AnyBreachOfTheStructureFails) {
   Scratch s;
-  ASSERT_TRUE(Load_Plain(s, Join(Plain_Lines())));
+  ASSERT_TRUE(Load_Plain(s, Plain_Lines()));
   const std::string before = Section_Line(1, 1);
   const std::vector<std::pair<const char*, std::function<void(Lines&)>>> breaches = {
       {"second section declares 64", [](Lines& l) { l[Index_Of(l, "$65")] = "$64"; }},
@@ -167,7 +145,7 @@ TEST(LanguageFile, AnyBreachOfTheStructureFails) {
   for (const auto& [why, breach] : breaches) {
     Lines lines = Plain_Lines();
     breach(lines);
-    EXPECT_FALSE(Load_Plain(s, Join(lines))) << why;
+    EXPECT_FALSE(Load_Plain(s, lines)) << why;
     EXPECT_EQ(Section_Line(1, 1), before) << why << ": the loaded language must stay whole";
   }
   EXPECT_FALSE(Load_LanguageFile(s / "ZARVEK_NONE.MSG", s / "Zarvek.TMP"));
@@ -175,7 +153,7 @@ TEST(LanguageFile, AnyBreachOfTheStructureFails) {
 
 TEST(LanguageList, ItemsOfTheFilesFound) {
   Scratch s;
-  EXPECT_TRUE(Load_Languages(s.dir + "/", s / "Zarvek.TMP").empty());  // no language at all
+  EXPECT_TRUE(Load_Languages(s.path + "/", s / "Zarvek.TMP").empty());  // no language at all
   // only the head is read: "$1" and the name must stand in the first 100 bytes
   const std::pair<const char*, std::string> files[] = {
       {"ZARVEK_UK.MSG", "' texts\r\n$1\r\nEnglish\r\n"},
@@ -185,12 +163,12 @@ TEST(LanguageList, ItemsOfTheFilesFound) {
       {"SECTION.DB", "$1\nSections\n"},
   };
   for (const auto& [name, plain] : files) {
-    Write_Bytes(s / "plain", plain);
+    s.Write("plain", plain);
     ASSERT_TRUE(Crypt_File(s / "plain", 0, s / name));
   }
   fs::remove(s / "plain");
   const Lines expected = {"FR.MSGOld", "UK  English", "DE  Deutsch"};
-  EXPECT_EQ(Load_Languages(s.dir + "/", s / "Zarvek.TMP"), expected);
+  EXPECT_EQ(Load_Languages(s.path + "/", s / "Zarvek.TMP"), expected);
   EXPECT_FALSE(fs::exists(s / "Zarvek.TMP"));
   EXPECT_EQ(Language_Code_Of("/opt/a_b/ZARVEK_uk.MSG"), "UK");
 }
@@ -212,7 +190,7 @@ class ShippedLanguage : public ::testing::TestWithParam<const char*> {};
 TEST_P(ShippedLanguage, LoadsWhole) {
   const std::string code = GetParam();
   const std::string source = std::string(ZARVEK_SOURCE_DIR) + "/data/lang/ZARVEK_" + code + ".txt";
-  const std::string plain = Read_Bytes(source);
+  const std::string plain = Read_File(source);
 
   // single-byte text: no UTF-8 sequence, no byte that the code page lacks
   for (size_t i = 0; i < plain.size(); ++i) {
@@ -228,7 +206,7 @@ TEST_P(ShippedLanguage, LoadsWhole) {
   for (int i = 1; i <= 244; ++i) EXPECT_FALSE(Trim(Text_Line(i)).empty()) << "line " << i;
   for (int n = 1; n <= 99; ++n) EXPECT_FALSE(Msg(n).empty()) << "Msg(" << n << ")";
   // the list of languages reads the name from the first 100 bytes
-  EXPECT_EQ(Load_Languages(s.dir + "/", s / "Zarvek.TMP"), Lines{Language_Item(code, Text_Line(1))});
+  EXPECT_EQ(Load_Languages(s.path + "/", s / "Zarvek.TMP"), Lines{Language_Item(code, Text_Line(1))});
 
   // menus of the main window carry their hot-key
   for (int j = 2; j <= 18; ++j) EXPECT_NE(Section_Line(1, j).find('&'), std::string::npos) << j;
@@ -252,7 +230,7 @@ TEST_P(ShippedLanguage, LoadsWhole) {
   };
   const Lines keys = further_keys(plain);
   for (const auto& k : keys) EXPECT_FALSE(Further_Text(k).empty()) << k;
-  EXPECT_EQ(keys, further_keys(Read_Bytes(std::string(ZARVEK_SOURCE_DIR) + "/data/lang/ZARVEK_" +
+  EXPECT_EQ(keys, further_keys(Read_File(std::string(ZARVEK_SOURCE_DIR) + "/data/lang/ZARVEK_" +
                                          (code == "UK" ? "FR" : "UK") + ".txt")));
 }
 

@@ -2,43 +2,22 @@
 // writes to, and the installed data it reads what that directory lacks.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <string>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
 #include "foundation/Options.h"
 #include "foundation/Startup.h"
+#include "scratch_dir.h"
 
 using namespace zarvek;
+using foundation_test::Scratch;
 namespace fs = std::filesystem;
 
 namespace {
 
-struct Tree {
-  std::string path = fs::canonical(::mkdtemp(std::string("/tmp/zvk-place-XXXXXX").data())).string();
-  ~Tree() { std::error_code ec; fs::remove_all(path, ec); }
-  std::string operator/(const std::string& name) const { return path + "/" + name; }
-  void Write(const std::string& name, const std::string& content) const {
-    fs::create_directories(fs::path(*this / name).parent_path());
-    std::ofstream(*this / name, std::ios::binary) << content;
-  }
-  std::string Read(const std::string& name) const {
-    std::ifstream in(*this / name, std::ios::binary);
-    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-  }
-  // the real data files of the build, as an installation ships them
-  void Ship(const std::string& dir, std::initializer_list<const char*> files) const {
-    fs::create_directories(*this / dir);
-    for (const char* f : files) fs::copy_file(fs::path(ZARVEK_BIN_DIR) / f, fs::path(*this / dir) / f);
-  }
-};
-
 // An unpacked package: usr/bin and usr/share/zarvek, the user's home beside it.
-struct Installed : Tree {
+struct Installed : Scratch {
   std::string bin = *this / "usr/bin", share = *this / "usr/share/zarvek", home = *this / "home";
   Installed() {
     fs::create_directories(bin);
@@ -49,7 +28,7 @@ struct Installed : Tree {
 
 TEST(StartPlace, TheCurrentDirectoryOnlyWhenItHoldsTheDataAndMayBeWritten) {
   Installed inst;
-  Tree cwd;
+  Scratch cwd;
   const std::string user = inst.home + "/.local/share/zarvek";
 
   // a build's bin folder: the catalogue and a language file
@@ -86,7 +65,7 @@ TEST(StartPlace, TheUserFolderFollowsXdgAndAFolderThatCantBeMadeIsSaid) {
   EXPECT_EQ(User_StartDir("", ""), "");
 
   Installed inst;
-  Tree cwd;
+  Scratch cwd;
   StartPlace p = Choose_StartPlace(cwd.path, inst.bin, inst / "xdg/deep", inst.home);
   EXPECT_EQ(p.Start_Dir, inst / "xdg/deep/zarvek");
   EXPECT_TRUE(fs::is_directory(p.Start_Dir));
@@ -102,7 +81,7 @@ TEST(StartPlace, TheUserFolderFollowsXdgAndAFolderThatCantBeMadeIsSaid) {
 }
 
 TEST(StartPlace, ABuildTreeIsItsOwnInstalledData) {
-  Tree t;
+  Scratch t;
   t.Ship("bin", {"ZARVEK_UK.MSG", "SECTION.DB"});
   EXPECT_EQ(Installed_DataDir(t / "bin"), t / "bin");
   // ./Zarvek started in its own build folder: that folder is the start

@@ -1,31 +1,24 @@
-// Start-up: the command line, the file names, the .INI file and the language.
+// Start-up: the command line, the file names, the .INI file and the
+// language; what a change of language writes and reloads, and where each
+// line of a window's section goes.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <unistd.h>
-
+#include "foundation/FormTexts.h"
+#include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
+#include "foundation/Options.h"
 #include "foundation/Startup.h"
+#include "scratch_dir.h"
 
 using namespace zarvek;
+using foundation_test::Read_File;
+using foundation_test::Scratch;
 namespace fs = std::filesystem;
 
 namespace {
 
-// A fresh start directory, removed afterwards.
-struct StartDir {
-  std::string path = ::mkdtemp(std::string("/tmp/zvk-start-XXXXXX").data());
-  ~StartDir() { std::error_code ec; fs::remove_all(path, ec); }
-  std::string operator/(const std::string& name) const { return path + "/" + name; }
-  void Write(const std::string& name, const std::string& content) const {
-    std::ofstream(*this / name, std::ios::binary) << content;
-  }
-};
-
 TEST(CommandLine, OnlyAnExistingProblemFileStartsTheBatchRun) {
-  StartDir d;
+  Scratch d;
   for (const char* f : {"Beam.zvk", "My Beam.ZVK", "Beam.DAT"}) d.Write(f, "x");
   // a name with a blank, as the shell hands it over in one piece
   const std::string blank = d / "My Beam.ZVK";
@@ -38,7 +31,7 @@ TEST(CommandLine, OnlyAnExistingProblemFileStartsTheBatchRun) {
       {d / "Missing.ZVK", false, d / "Missing.ZVK"},
       // quotes are not removed, so the name no longer ends in ".ZVK"
       {"\"" + (d / "Beam.zvk") + "\"", false, ""},
-      {"", false, ""}, {"   ", false, ""}, {d / "Beam.DAT", false, ""}, {d.path, false, ""},
+      {"   ", false, ""}, {d / "Beam.DAT", false, ""}, {d.path, false, ""},
   };
   for (const auto& c : cases) {
     StartupState s;
@@ -49,7 +42,7 @@ TEST(CommandLine, OnlyAnExistingProblemFileStartsTheBatchRun) {
 }
 
 TEST(StartPaths, NamesComeFromTheStartDirectoryAndAStaleScratchFileGoes) {
-  StartDir d;
+  Scratch d;
   d.Write("Zarvek.TMP", "left by a crash");
   d.Write("zarvek.tmp", "somebody else's");
   StartupState s;
@@ -68,7 +61,7 @@ TEST(StartPaths, NamesComeFromTheStartDirectoryAndAStaleScratchFileGoes) {
 }
 
 TEST(IniFile, TheFirstLineWithTheExactKeyGivesTheLanguage) {
-  StartDir d;
+  Scratch d;
   for (const char* f : {"ZARVEK_UK.MSG", "ZARVEK_FR.MSG"}) d.Write(f, "");
   const std::string ini_error = "Error in reading " + (d / "Zarvek.INI");
   // the .INI file (nullptr: none; "/": a directory of that name), the code, the error
@@ -97,12 +90,88 @@ TEST(IniFile, TheFirstLineWithTheExactKeyGivesTheLanguage) {
 }
 
 TEST(SingleInstance, OneHolderPerStartDirectory) {
-  StartDir a;
+  Scratch a;
   ASSERT_TRUE(Acquire_SingleInstance(a.path));
   // the lock is held by an open file of this process: a second holder is refused
   EXPECT_FALSE(Acquire_SingleInstance(a.path));
   // a directory where no lock file can be made does not stop the start
   EXPECT_TRUE(Acquire_SingleInstance(a / "no-such-dir"));
+}
+
+TEST(RewriteIniFile, ReplacesTheKeyAndKeepsEveryOtherLine) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"LANGUAGE=UK\n", "LANGUAGE=FR\n"},
+      {"; settings\nLANGUAGE=UK\nOTHER=1\n", "; settings\nLANGUAGE=FR\nOTHER=1\n"},
+      {"LANGUAGE=UK\r\nOTHER=1\r\n", "LANGUAGE=FR\r\nOTHER=1\r\n"},
+      // only the first line with the key, as the start-up reads only that one
+      {"LANGUAGE=UK\nLANGUAGE=DE\n", "LANGUAGE=FR\nLANGUAGE=DE\n"},
+      {"OTHER=1\n", "OTHER=1\nLANGUAGE=FR\n"},
+      {"", "LANGUAGE=FR\n"},
+      {nullptr, "LANGUAGE=FR\n"},  // no file yet
+  };
+  for (const auto& [before, after] : cases) {
+    Scratch d;
+    if (before) d.Write("Zarvek.INI", before);
+    ASSERT_TRUE(Rewrite_IniFile(d / "Zarvek.INI", "FR"));
+    EXPECT_EQ(d.Read("Zarvek.INI"), after) << (before ? before : "(none)");
+    EXPECT_EQ(std::distance(fs::directory_iterator(d.path), {}), 1) << "no scratch file is left beside it";
+  }
+  // in a read-only directory it fails without touching the file (permissions don't bind root)
+  Scratch d;
+  d.Write("Zarvek.INI", "LANGUAGE=UK\n");
+  fs::permissions(d.path, fs::perms::owner_read | fs::perms::owner_exec);
+  EXPECT_TRUE(::access(d.path.c_str(), W_OK) == 0 || !Rewrite_IniFile(d / "Zarvek.INI", "FR"));
+  fs::permissions(d.path, fs::perms::owner_all);
+  EXPECT_EQ(d.Read("Zarvek.INI"), "LANGUAGE=UK\n");
+}
+
+TEST(ChangeLanguage, LoadsTheNewTextsAndWritesTheIniFileOrChangesNothing) {
+  // a start directory with the program's two language files, English loaded
+  Scratch d;
+  StartupState s;
+  d.Ship(".", {"ZARVEK_UK.MSG", "ZARVEK_FR.MSG"});
+  d.Write("Zarvek.INI", "LANGUAGE=UK\n");
+  std::string error;
+  Set_StartPaths(d.path, s);
+  ASSERT_TRUE(Read_IniFile(s, error) && Load_Language(s, error)) << error;
+  ASSERT_EQ(Change_Language(s, "FR", error), LanguageChange::Done);
+  EXPECT_EQ(s.Language_Code, "FR");
+  EXPECT_EQ(s.File_Language, d / "ZARVEK_FR.MSG");
+  EXPECT_EQ(s.File_Help, d / "ZVK_FR.HLP");
+  EXPECT_EQ(d.Read("Zarvek.INI"), "LANGUAGE=FR\n");
+  EXPECT_EQ(Cp1252_To_Utf8(Msg(20)), "Bloqué");
+  EXPECT_EQ(Cp1252_To_Utf8(Section_Line(Section_Of_Window("FRM_SECTION"), 4)), "Annuler");
+  EXPECT_FALSE(File_Exists(s.File_Tmp));
+  ASSERT_EQ(Change_Language(s, "UK", error), LanguageChange::Done);
+  EXPECT_EQ(Msg(20), "Fixed");
+
+  // a missing or damaged file changes nothing
+  EXPECT_EQ(Change_Language(s, "DE", error), LanguageChange::FileMissing);
+  EXPECT_EQ(error, "File " + (d / "ZARVEK_DE.MSG") + " not found");
+  // A file whose window section of 65 lines declares 64.
+  std::string plain = Read_File(std::string(ZARVEK_SOURCE_DIR) + "/data/lang/ZARVEK_UK.txt");
+  const auto at = plain.find("\n$65");
+  ASSERT_NE(at, std::string::npos);
+  d.Write("plain.txt", plain.replace(at, 4, "\n$64"));
+  ASSERT_TRUE(Crypt_File(d / "plain.txt", 0, d / "ZARVEK_XX.MSG"));
+  EXPECT_EQ(Change_Language(s, "XX", error), LanguageChange::LoadFailed);
+  EXPECT_EQ(error, "Error in reading " + (d / "ZARVEK_XX.MSG"));
+  // The next start still finds a language it can read.
+  EXPECT_EQ(d.Read("Zarvek.INI"), "LANGUAGE=UK\n");
+  EXPECT_EQ(s.Language_Code, "UK");
+  EXPECT_EQ(Msg(20), "Fixed");
+}
+
+// Each window's table of targets has exactly one target per line of its
+// section, so that no caption goes to the wrong control.
+TEST(FormTargets, OneTargetPerLineOfTheSection) {
+  for (const char* w : {"FRM_OPTIONS", "FRM_SECTION", "FRM_HELP", "FRM_PROPERTIES", "FRM_ABOUT"}) {
+    const int section = Section_Of_Window(w);
+    ASSERT_GE(section, 0) << w;
+    EXPECT_EQ(int(Form_Targets(w).size()), Section_Size(section)) << w;
+    EXPECT_EQ(Form_Targets(w).front(), "") << w << ": the first line is the caption";
+  }
+  EXPECT_TRUE(Form_Targets("MINICALCULETTE").empty());
 }
 
 }  // namespace

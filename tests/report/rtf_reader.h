@@ -12,7 +12,7 @@ namespace rtf_test {
 
 struct Rtf_Picture {
   std::string type;  // "pngblip" ...
-  long picw = 0, pich = 0, picwgoal = 0, pichgoal = 0;
+  long picw = 0, picwgoal = 0;
   std::string bytes;
 };
 
@@ -27,112 +27,81 @@ inline void Put_Utf8(std::string& out, std::uint32_t cp) {
   if (cp < 0x80) {
     out += (char)cp;
   } else if (cp < 0x800) {
-    out += (char)(0xC0 | cp >> 6);
-    out += (char)(0x80 | (cp & 0x3F));
+    out += {(char)(0xC0 | cp >> 6), (char)(0x80 | (cp & 0x3F))};
   } else {
-    out += (char)(0xE0 | cp >> 12);
-    out += (char)(0x80 | (cp >> 6 & 0x3F));
-    out += (char)(0x80 | (cp & 0x3F));
+    out += {(char)(0xE0 | cp >> 12), (char)(0x80 | (cp >> 6 & 0x3F)), (char)(0x80 | (cp & 0x3F))};
   }
 }
 
 inline Rtf_Content Read_Rtf(const std::string& s) {
   Rtf_Content c;
   enum Dest { Text, Skip, Pict, Font };
-  struct Group {
-    Dest dest;
-  };
-  std::vector<Group> stack;
+  std::vector<Dest> stack;
   Dest dest = Text;
-  int skipFallback = 0;
+  int skipFallback = 0;  // characters of a \uN escape's fallback still to pass over
   std::string fontName, hex;
+  auto put = [&](char ch) {
+    if (skipFallback) --skipFallback;
+    else c.text += ch;
+  };
   c.well_formed = s.rfind("{\\rtf", 0) == 0;
   for (size_t i = 0; i < s.size();) {
-    const char ch = s[i];
+    const char ch = s[i++];
     if (ch == '{') {
-      stack.push_back({dest});
-      ++i;
-      // a destination opens right after the brace
-      if (s.compare(i, 2, "\\*") == 0) dest = Skip;
-      continue;
-    }
-    if (ch == '}') {
-      if (stack.empty()) {
-        c.well_formed = false;
-        break;
-      }
-      if (dest == Pict && (stack.back().dest != Pict)) {
-        Rtf_Picture& p = c.pictures.back();
-        for (size_t k = 0; k + 1 < hex.size(); k += 2) p.bytes += (char)std::stoi(hex.substr(k, 2), nullptr, 16);
+      stack.push_back(dest);
+      if (s.compare(i, 2, "\\*") == 0) dest = Skip;  // a destination opens right after the brace
+    } else if (ch == '}') {
+      if (stack.empty()) return c.well_formed = false, c;
+      if (dest == Pict && stack.back() != Pict) {
+        for (size_t k = 0; k + 1 < hex.size(); k += 2)
+          c.pictures.back().bytes += (char)std::stoi(hex.substr(k, 2), nullptr, 16);
         hex.clear();
       }
-      if (dest == Font && stack.back().dest != Font) {
-        // end of the font table
-      }
-      dest = stack.back().dest;
+      dest = stack.back();
       stack.pop_back();
-      ++i;
-      continue;
-    }
-    if (ch == '\\') {
-      ++i;
+    } else if (ch == '\\') {
       if (i < s.size() && !std::isalpha((unsigned char)s[i])) {
         const char sym = s[i++];
-        if (dest == Text && (sym == '\\' || sym == '{' || sym == '}')) {
-          if (skipFallback) --skipFallback;
-          else c.text += sym;
-        }
+        if (dest == Text && (sym == '\\' || sym == '{' || sym == '}')) put(sym);
         continue;
       }
-      std::string word;
+      std::string word, num;
       while (i < s.size() && std::isalpha((unsigned char)s[i])) word += s[i++];
-      std::string num;
-      if (i < s.size() && (s[i] == '-' || std::isdigit((unsigned char)s[i]))) {
-        num += s[i++];
-        while (i < s.size() && std::isdigit((unsigned char)s[i])) num += s[i++];
-      }
+      if (i < s.size() && (s[i] == '-' || std::isdigit((unsigned char)s[i]))) num += s[i++];
+      while (!num.empty() && i < s.size() && std::isdigit((unsigned char)s[i])) num += s[i++];
       if (i < s.size() && s[i] == ' ') ++i;
       const long n = num.empty() ? 0 : std::stol(num);
       if (word == "fonttbl") dest = Font;
       else if (word == "colortbl" || word == "stylesheet" || word == "info") dest = Skip;
-      else if (word == "pict") {
-        dest = Pict;
-        c.pictures.emplace_back();
-      } else if (dest == Pict) {
-        Rtf_Picture& p = c.pictures.back();
-        if (word == "pngblip" || word == "jpegblip" || word == "wmetafile" || word == "emfblip") p.type = word;
-        else if (word == "picw") p.picw = n;
-        else if (word == "pich") p.pich = n;
-        else if (word == "picwgoal") p.picwgoal = n;
-        else if (word == "pichgoal") p.pichgoal = n;
-      } else if (dest == Text) {
-        if (word == "par") c.text += '\n';
-        else if (word == "tab") c.text += '\t';
-        else if (word == "u") {
-          Put_Utf8(c.text, (std::uint32_t)(n < 0 ? n + 65536 : n));
-          skipFallback = 1;
-        }
-      }
-      continue;
-    }
-    ++i;
-    if (ch == '\r' || ch == '\n') continue;
-    if (dest == Pict) {
+      else if (word == "pict") dest = Pict, c.pictures.emplace_back();
+      else if (dest == Pict && (word == "pngblip" || word == "jpegblip" || word == "wmetafile" || word == "emfblip"))
+        c.pictures.back().type = word;
+      else if (dest == Pict && word == "picw") c.pictures.back().picw = n;
+      else if (dest == Pict && word == "picwgoal") c.pictures.back().picwgoal = n;
+      else if (dest == Text && word == "par") c.text += '\n';
+      else if (dest == Text && word == "tab") c.text += '\t';
+      else if (dest == Text && word == "u") Put_Utf8(c.text, (std::uint32_t)(n < 0 ? n + 65536 : n)), skipFallback = 1;
+    } else if (ch == '\r' || ch == '\n') {  // line ends of the file are no text
+    } else if (dest == Pict) {
       if (std::isxdigit((unsigned char)ch)) hex += ch;
     } else if (dest == Font) {
-      if (ch == ';') {
-        c.fonts.push_back(fontName);
-        fontName.clear();
-      } else {
-        fontName += ch;
-      }
+      if (ch == ';') c.fonts.push_back(fontName), fontName.clear();
+      else fontName += ch;
     } else if (dest == Text) {
-      if (skipFallback) --skipFallback;
-      else c.text += ch;
+      put(ch);
     }
   }
   if (!stack.empty()) c.well_formed = false;
   return c;
+}
+
+// The smallest PNG header that names a size: signature, IHDR length, type,
+// width and height (the rest of the file does not matter to the writer).
+inline std::string Png_Of(int w, int h) {
+  std::string s("\x89PNG\r\n\x1a\n\0\0\0\x0dIHDR", 16);
+  for (int v : {w, h})
+    for (int k = 3; k >= 0; --k) s += (char)(v >> (8 * k) & 0xFF);
+  return s + std::string("\x08\x06\0\0\0", 5);
 }
 
 }  // namespace rtf_test

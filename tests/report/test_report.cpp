@@ -1,18 +1,19 @@
 // The results report of a project, read back from its RTF.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <sstream>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
-#include "analysis/Proceed.h"
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
 #include "model/DataEntry.h"
 #include "report/Report.h"
 #include "rtf_reader.h"
+#include "solved_model.h"
 
 namespace zarvek {
 namespace {
@@ -21,42 +22,29 @@ std::string Scratch(const std::string& name) {
   return ::testing::TempDir() + "zarvek-report-" + std::to_string(::getpid()) + "-" + name;
 }
 
-std::string Png_Of(int w, int h) {
-  std::string s("\x89PNG\r\n\x1a\n\0\0\0\x0dIHDR", 16);
-  for (int v : {w, h})
-    for (int k = 3; k >= 0; --k) s += (char)(v >> (8 * k) & 0xFF);
-  return s + std::string("\x08\x06\0\0\0", 5);
-}
-
 // Each diagram as a picture of its own width, so that the reader can tell
 // them apart: beam 401, section 402, forces 403, mode 404 pixels.
-Report_Picture Fake_Picture(Report_PictureKind k) { return Make_Picture(Png_Of(401 + (int)k, 50)); }
+Report_Picture Fake_Picture(Report_PictureKind k) { return Make_Picture(rtf_test::Png_Of(401 + (int)k, 50)); }
 
-BeamModel New_Model() {
-  BeamModel m;
-  Init_Default(m, "/tmp");
+using report_test::Default_Model;
+
+BeamModel Solved_Model() {
+  BeamModel m = Default_Model();
+  EXPECT_EQ(report_test::Solve(m), "");
   return m;
 }
 
-// The default beam solved as Proceed does: IPE 300, 10 m, fork supports,
-// end moments -100 and 100 kN.m.
-BeamModel Solved_Model() {
-  BeamModel m = New_Model();
-  SolveControl ctl;
-  const ProceedResult r = Proceed(m, Scratch("PROBLEM.ZVK"), ctl);
-  EXPECT_EQ(r.Solve_Status, 0) << r.Message;
-  ::unlink(Scratch("PROBLEM.ZVK").c_str());
-  return m;
+// A date of the header: year, month 1..12, day, hour, minute.
+std::tm Date(int y, int mo, int d, int h, int mi) {
+  std::tm t{};
+  t.tm_year = y - 1900, t.tm_mon = mo - 1, t.tm_mday = d, t.tm_hour = h, t.tm_min = mi;
+  return t;
 }
 
 rtf_test::Rtf_Content Report_Of(const BeamModel& m, const std::string& code = "UK", bool pictures = true) {
   Report_Inputs in;
   in.Language_Code = code;
-  in.When.tm_year = 2026 - 1900;
-  in.When.tm_mon = 10;
-  in.When.tm_mday = 23;
-  in.When.tm_hour = 5;
-  in.When.tm_min = 7;
+  in.When = Date(2026, 11, 23, 5, 7);
   if (pictures) in.Pictures = Fake_Picture;
   Rich_Text rt = Report_Builder();
   Edit_Results(rt, m, in);
@@ -67,32 +55,27 @@ rtf_test::Rtf_Content Report_Of(const BeamModel& m, const std::string& code = "U
 
 std::vector<std::string> Lines(const std::string& text) {
   std::vector<std::string> out;
-  size_t start = 0;
-  for (size_t nl; (nl = text.find('\n', start)) != std::string::npos; start = nl + 1)
-    out.push_back(text.substr(start, nl - start));
-  out.push_back(text.substr(start));
+  std::istringstream in(text);
+  for (std::string l; std::getline(in, l);) out.push_back(l);
   return out;
 }
 
 // Index of the first line from `from` on that equals `line`; -1 when none.
 int Find_Line(const std::vector<std::string>& lines, const std::string& line, int from = 0) {
-  for (int i = from; i < (int)lines.size(); ++i)
-    if (lines[i] == line) return i;
-  return -1;
+  const auto it = std::find(lines.begin() + from, lines.end(), line);
+  return it == lines.end() ? -1 : int(it - lines.begin());
 }
 
 bool Has(const std::string& text, const std::string& what) { return text.find(what) != std::string::npos; }
 
 // The value column of a row "\tlabel\tsymbol\t=\tvalue\tunit".
 std::string Row_Value(const std::vector<std::string>& lines, const std::string& symbol) {
-  for (const auto& l : lines) {
-    const std::string key = "\t" + symbol + "\t=\t";
-    const size_t p = l.find(key);
-    if (p != std::string::npos) {
-      const size_t v = p + key.size();
-      return l.substr(v, l.find('\t', v) - v);
+  const std::string key = "\t" + symbol + "\t=\t";
+  for (const auto& l : lines)
+    if (const size_t p = l.find(key); p != std::string::npos) {
+      const std::string rest = l.substr(p + key.size());
+      return rest.substr(0, rest.find('\t'));
     }
-  }
   return "?";
 }
 
@@ -106,38 +89,18 @@ TEST(Report, SolvedProjectInOrder) {
 
   // every block in its order, each row with its value and unit
   const std::vector<std::string> expected = {
-      "NORVE\t11-23-2026  05:07",
-      "Results report",
-      std::string("Zarvek Version ") + Version_Text(),
-      "\tBeam",
-      "\tLength L\tL\t=\t10\tm",
-      "\tNumber of elements N\tN\t=\t100\t",
-      "\tSteel",
-      "\tYoung's modulus E\tE\t=\t210000\tMPa",
-      "\tShear modulus G\tG\t=\t80769\tMPa",
-      "\tSection - IPE 300",
-      "\t\tIz\t=\t603.78\tcm4",
-      "\t\t\xCE\xB2z\t=\t0\tcm",
-      "\tEnd 1 (left)",
-      "\tLateral displacement v\tv\t=\tFixed\t",
-      "\tTwist\t" + theta + "\t=\tFixed\t",
-      "\tWarping\t" + theta + prime + "\t=\tFree\t",
-      "\tEnd 2 (right)",
-      "\tLoads",
-      "\tIn-plane supports\t\t=\tSimply supported (hinged - hinged)\t",
-      "\tEnd moments",
-      "\t\tM1\t=\t-100\tkN.m",
-      "\t\tM2\t=\t100\tkN.m",
-      "\t(-M2/M1)\t" + psi + "\t=\t1\t",
-      "\tBending moment M and shear force V",
-      "\t M   V  ",
-      "\tEigenvalue solving process",
-      "\tConvergence tolerance\t" + epsilon + "\t=\t0.0001\t",
-      "\tCritical moment",
-      "\tBuckling mode",
-      "\t v   " + theta + "   v'   " + theta + prime + "  ",
-      "___________________",
-  };
+      "NORVE\t11-23-2026  05:07", "Results report", std::string("Zarvek Version ") + Version_Text(),
+      "\tBeam", "\tLength L\tL\t=\t10\tm", "\tNumber of elements N\tN\t=\t100\t",
+      "\tSteel", "\tYoung's modulus E\tE\t=\t210000\tMPa", "\tShear modulus G\tG\t=\t80769\tMPa",
+      "\tSection - IPE 300", "\t\tIz\t=\t603.78\tcm4", "\t\t\xCE\xB2z\t=\t0\tcm",
+      "\tEnd 1 (left)", "\tLateral displacement v\tv\t=\tFixed\t", "\tTwist\t" + theta + "\t=\tFixed\t",
+      "\tWarping\t" + theta + prime + "\t=\tFree\t", "\tEnd 2 (right)",
+      "\tLoads", "\tIn-plane supports\t\t=\tSimply supported (hinged - hinged)\t",
+      "\tEnd moments", "\t\tM1\t=\t-100\tkN.m", "\t\tM2\t=\t100\tkN.m", "\t(-M2/M1)\t" + psi + "\t=\t1\t",
+      "\tBending moment M and shear force V", "\t M   V  ",
+      "\tEigenvalue solving process", "\tConvergence tolerance\t" + epsilon + "\t=\t0.0001\t",
+      "\tCritical moment", "\tBuckling mode", "\t v   " + theta + "   v'   " + theta + prime + "  ",
+      "___________________"};
   int at = 0;
   for (const auto& e : expected) {
     const int found = Find_Line(lines, e, at);
@@ -166,16 +129,12 @@ TEST(Report, SolvedProjectInOrder) {
 
 TEST(Report, BlocksOfResultsNeedTheirResults) {
   BeamModel m = Solved_Model();
-  struct Case {
-    const char* name;
-    bool clear_process, clear_efforts;
-    std::vector<int> pictures;
-  } cases[] = {
+  const struct { const char* name; bool clear_process, clear_efforts; std::vector<int> pictures; } cases[] = {
       {"solved", false, false, {401, 402, 403, 404}},
       {"data changed after the forces were drawn", true, false, {401, 402, 403}},
       {"no solve done", true, true, {401, 402}},
   };
-  for (const Case& k : cases) {
+  for (const auto& k : cases) {
     BeamModel w = m;
     if (k.clear_process) InitProcessInfo(w);
     if (k.clear_efforts) InitEffortsInfo(w);
@@ -199,18 +158,12 @@ TEST(Report, BlocksOfResultsNeedTheirResults) {
 }
 
 TEST(Report, RowsFollowTheEntries) {
-  struct Case {
-    const char* name;
-    void (*set)(BeamModel&);
-    std::vector<std::string> present, absent;
-  } cases[] = {
-      {"defaults", [](BeamModel&) {},
-       {},
+  const struct { const char* name; void (*set)(BeamModel&); std::vector<std::string> present, absent; } cases[] = {
+      {"defaults", [](BeamModel&) {}, {},
        {"\tIntermediate restraint 1", "\tPoint loads", "\tPoint moment", "\tDistributed loads 1", "\t\th\t"}},
       {"punctual restraint 2 with a spring",
        [](BeamModel& m) {
-         m.Chk_Punctual2 = true;
-         m.Txt_xfint2 = "0.25";
+         m.Chk_Punctual2 = true, m.Txt_xfint2 = "0.25";
          m.Lst_vi_p2 = RestraintList{-1, "12.5", true};
        },
        {"\tIntermediate restraint 2", "\tPosition x/L\tx/L\t=\t0.25\t",
@@ -218,39 +171,27 @@ TEST(Report, RowsFollowTheEntries) {
        {"\tIntermediate restraint 1"}},
       {"point loads 1 and 3, a point moment, distributed load 2",
        [](BeamModel& m) {
-         m.Chk_F1 = m.Chk_F3 = true;
-         m.Txt_F3 = "-7";
-         m.Txt_zF3 = "15";
-         m.Chk_CC = true;
-         m.Chk_q2 = true;
-         m.Txt_q21 = "-4";
+         m.Chk_F1 = m.Chk_F3 = m.Chk_CC = m.Chk_q2 = true;
+         m.Txt_F3 = "-7", m.Txt_zF3 = "15", m.Txt_q21 = "-4";
        },
        {"\tPoint loads", "\t\tF1\t=\t-10\tkN", "\t\tF3\t=\t-7\tkN", "\tLevel z above the shear centre\tzF3\t=\t15\tcm",
         "\tPoint moment", "\t\tC\t=\t100\tkN.m", "\tDistributed loads 2", "\t\tq1\t=\t-4\tkN/m"},
        {"\t\tF2\t=\t0\tkN", "\tDistributed loads 1"}},
       {"no end moments, cantilever",
-       [](BeamModel& m) {
-         m.Chk_M = false;
-         m.Opt_AA = false;
-         m.Opt_EL = true;
-       },
+       [](BeamModel& m) { m.Chk_M = m.Opt_AA = false, m.Opt_EL = true; },
        {"\tIn-plane supports\t\t=\tCantilever (clamped - free)\t"},
        {"\tEnd moments", "\t\tM1\t=\t-100\tkN.m"}},
       {"mono-symmetric section by dimensions",
        [](BeamModel& m) {
-         m.Opt_Catalogue = false;
-         m.Opt_Dimensions = true;
-         m.Tab_Dim = 1;
-         m.Txt_bf2 = "10";
-         m.Txt_Iz[2] = "450.5";
-         m.Txt_zS[2] = "-3.2";
+         m.Opt_Catalogue = false, m.Opt_Dimensions = true, m.Tab_Dim = 1;
+         m.Txt_bf2 = "10", m.Txt_Iz[2] = "450.5", m.Txt_zS[2] = "-3.2";
        },
        {"\tSection - By Dimensions", "\t\th\t=\t30\tcm", "\t\tbf2\t=\t10\tcm", "\t\tIz\t=\t450.5\tcm4",
         "\tShear centre not at the centroid\tzS\t=\t-3.2\tcm"},
        {"\tSection - IPE 300"}},
   };
-  for (const Case& k : cases) {
-    BeamModel m = New_Model();
+  for (const auto& k : cases) {
+    BeamModel m = Default_Model();
     k.set(m);
     const rtf_test::Rtf_Content c = Report_Of(m);
     const auto lines = Lines(c.text);
@@ -263,7 +204,7 @@ TEST(Report, RowsFollowTheEntries) {
 // its properties has no drawing and the report says so in its place.
 TEST(Report, SectionDrawingAfterItsRows) {
   for (int route = 1; route <= 3; ++route) {
-    BeamModel m = New_Model();
+    BeamModel m = Default_Model();
     m.Opt_Catalogue = route == 1, m.Opt_Dimensions = route == 2, m.Opt_Properties = route == 3;
     Report_Inputs in;
     in.Pictures = Fake_Picture;
@@ -289,17 +230,10 @@ TEST(Report, SectionDrawingAfterItsRows) {
 }
 
 TEST(Report, DateOfTheHeader) {
-  std::tm t{};
-  t.tm_year = 2026 - 1900;
-  t.tm_mon = 0;
-  t.tm_mday = 5;
-  t.tm_hour = 14;
-  t.tm_min = 3;
-  struct Row {
-    const char *code, *text;
-  } rows[] = {{"UK", "01-05-2026  14:03"}, {"uk", "01-05-2026  14:03"}, {"FR", "05/01/2026  14:03"},
-              {"", "05/01/2026  14:03"}};
-  for (const Row& r : rows) EXPECT_EQ(Report_DateTime(t, r.code), r.text) << r.code;
+  const std::tm t = Date(2026, 1, 5, 14, 3);
+  const std::pair<const char*, const char*> rows[] = {
+      {"UK", "01-05-2026  14:03"}, {"uk", "01-05-2026  14:03"}, {"FR", "05/01/2026  14:03"}, {"", "05/01/2026  14:03"}};
+  for (const auto& [code, text] : rows) EXPECT_EQ(Report_DateTime(t, code), text) << code;
 }
 
 // The report follows the loaded language: titles and messages in French.

@@ -14,14 +14,13 @@ namespace {
 
 constexpr double Pi = 3.14159265358979;
 
-// A 800 x 600 pixel picture.
-constexpr double W_Twips = 12000, H_Twips = 9000;
-
+// A 800 x 600 pixel picture of a beam of NB elements on L whose first mode
+// sways by vmax and twists by tmax at mid-span.
 struct Scene {
-  Recorder rec{W_Twips, H_Twips, false};
+  Recorder rec{12000, 9000, false};
   TriD_Scene t;
-  Scene(int NB, double L, const std::vector<float>& mode, float b = 15, float h = 30) {
-    TriD_Init(t, rec, static_cast<float>(L), NB, b, b, h / 2, -h / 2, mode);
+  Scene(int NB, double L, double vmax, double tmax, float b = 15, float h = 30) {
+    TriD_Init(t, rec, static_cast<float>(L), NB, b, b, h / 2, -h / 2, Sine_Mode(NB, L, vmax, tmax));
   }
 };
 
@@ -32,15 +31,16 @@ std::vector<double> Web_Xs(const Recorder& r) {
   return xs;
 }
 
+void Expect_Point(const TriD_Scene& t, int p, int i, double x, double y, double z, double tol) {
+  EXPECT_NEAR(t.X[p][i], x, tol) << "point " << p + 1 << " station " << i;
+  EXPECT_NEAR(t.Y[p][i], y, tol) << "point " << p + 1 << " station " << i;
+  EXPECT_NEAR(t.Z[p][i], z, tol) << "point " << p + 1 << " station " << i;
+}
+
 }  // namespace
 
 TEST(TriD_Ratio, LateralShiftOfAnEighthOrTwistOfThirtyDegrees) {
-  const double L = 1000;
-  struct Case {
-    const char* what;
-    double vmax, tmax;
-    double ratio;  // by hand
-  } cases[] = {
+  const struct { const char* what; double vmax, tmax, ratio; /* by hand */ } cases[] = {
       // (L/8)/vmax = 125/2 = 62.5 against (pi/6)/0.1 = 5.236: the twist rules
       {"twist first", 2.0, 0.1, (Pi / 6) / 0.1},
       // 125/200 = 0.625 against (pi/6)/0.1: the shift rules
@@ -50,10 +50,9 @@ TEST(TriD_Ratio, LateralShiftOfAnEighthOrTwistOfThirtyDegrees) {
       {"flat mode", 0.0, 0.0, 0.0},
   };
   for (const auto& c : cases) {
-    SCOPED_TRACE(c.what);
-    Scene s(100, L, Sine_Mode(100, L, c.vmax, c.tmax));
-    EXPECT_NEAR(s.t.RapDep0, c.ratio, 1e-5 * std::max(1.0, c.ratio));
-    EXPECT_EQ(s.t.RapDep, s.t.RapDep0);
+    Scene s(100, 1000, c.vmax, c.tmax);
+    EXPECT_NEAR(s.t.RapDep0, c.ratio, 1e-5 * std::max(1.0, c.ratio)) << c.what;
+    EXPECT_EQ(s.t.RapDep, s.t.RapDep0) << c.what;
   }
 }
 
@@ -65,40 +64,23 @@ TEST(TriD_Beam, FlangeTipsOfATwistedAndWarpedStation) {
   //   upper centre (3 - 15 sin, 15 cos) = (0.019960, 14.700999)
   //   lower centre (3 + 15 sin, -15 cos) = (5.980040, -14.700999)
   //   warping angles 0.01 - 15(0.002) = -0.02 and 0.01 + 15(0.002) = 0.04
-  std::vector<float> mode(9, 0.0f);
-  mode[1] = 3.0f;
-  mode[2] = 0.2f;
-  mode[3] = 0.01f;
-  mode[4] = 0.002f;
-  Recorder rec(W_Twips, H_Twips, false);
+  const std::vector<float> mode = {0, 3.0f, 0.2f, 0.01f, 0.002f, 0, 0, 0, 0};
+  Recorder rec(12000, 9000, false);
   TriD_Scene t;
   TriD_Init(t, rec, 400, 1, 15, 10, 15, -15, mode);
   t.RapDep = 1;
   TriD_BuildBeam(t);
-  const double x0 = -200;
-  struct Tip {
-    int p;
-    double dx, y, z;
-  } tips[] = {
-      {P1, 0.0, 0.019960, 14.700999},
-      {P2, 0.0, 5.980040, -14.700999},
-      {P3, -0.149990, -7.329039, 13.210979},
-      {P4, 0.149990, 7.368959, 16.191019},
-      {P5, 0.199947, 1.083707, -15.694345},
-      {P6, -0.199947, 10.876373, -13.707652},
+  const struct { int p; double dx, y, z; } tips[] = {
+      {P1, 0.0, 0.019960, 14.700999},       {P2, 0.0, 5.980040, -14.700999},
+      {P3, -0.149990, -7.329039, 13.210979}, {P4, 0.149990, 7.368959, 16.191019},
+      {P5, 0.199947, 1.083707, -15.694345},  {P6, -0.199947, 10.876373, -13.707652},
       {P7, 0.0, 3.0, 0.0},
   };
-  for (const auto& c : tips) {
-    SCOPED_TRACE(c.p + 1);
-    EXPECT_NEAR(t.X[c.p][1], x0 + c.dx, 2e-4);
-    EXPECT_NEAR(t.Y[c.p][1], c.y, 2e-4);
-    EXPECT_NEAR(t.Z[c.p][1], c.z, 2e-4);
-  }
+  for (const auto& c : tips) Expect_Point(t, c.p, 1, -200 + c.dx, c.y, c.z, 2e-4);
 }
 
 TEST(TriD_Beam, RatioStepsByAFifthThroughZeroWithinTwiceTheDefault) {
-  const double L = 800;
-  Scene s(100, L, Sine_Mode(100, L, 4, 0));
+  Scene s(100, 800, 4, 0);
   const float a = s.t.RapDep0;  // (L/8)/4 = 25
   EXPECT_NEAR(a, 25.0, 1e-4);
   for (int k = 0; k < 20; ++k) TriD_SetRapDep(s.t, 1, s.rec);
@@ -114,33 +96,23 @@ TEST(TriD_Beam, RatioStepsByAFifthThroughZeroWithinTwiceTheDefault) {
 }
 
 TEST(TriD_View, RotationsAccumulateAndComeBackWithStepZero) {
-  const double L = 500;
   for (int index = 1; index <= 4; ++index) {  // 4: about the beam's own axis
     SCOPED_TRACE(index);
-    Scene s(100, L, Sine_Mode(100, L, 3, 0.2));
+    Scene s(100, 500, 3, 0.2);
     TriD_RotGlob(s.t, 1, 2, s.rec);  // tilt first, so the beam's axis is not X
     s.t.Angle[2] = 0;
     const TriD_Scene before = s.t;
     auto turn = [&](int step) {
-      if (index == 4)
-        TriD_RotLocX(s.t, step, s.rec);
-      else
-        TriD_RotGlob(s.t, step, index, s.rec);
+      if (index == 4) TriD_RotLocX(s.t, step, s.rec);
+      else TriD_RotGlob(s.t, step, index, s.rec);
     };
     for (int k = 0; k < 7; ++k) turn(1);
     for (int k = 0; k < 2; ++k) turn(-1);
-    const double turned = 5 * Pi / 120;
-    if (index == 4)
-      EXPECT_NEAR(s.t.LocTotal, turned, 1e-5);
-    else
-      EXPECT_NEAR(s.t.Angle[index], turned, 1e-5);
+    EXPECT_NEAR(index == 4 ? s.t.LocTotal : s.t.Angle[index], 5 * Pi / 120, 1e-5);
     turn(0);
     for (int p = 0; p < TriD_PointCount; ++p)
-      for (int i = 1; i <= s.t.Stations; i += 25) {
-        EXPECT_NEAR(s.t.X[p][i], before.X[p][i], 1e-3);
-        EXPECT_NEAR(s.t.Y[p][i], before.Y[p][i], 1e-3);
-        EXPECT_NEAR(s.t.Z[p][i], before.Z[p][i], 1e-3);
-      }
+      for (int i = 1; i <= s.t.Stations; i += 25)
+        Expect_Point(s.t, p, i, before.X[p][i], before.Y[p][i], before.Z[p][i], 1e-3);
   }
 }
 
@@ -150,27 +122,21 @@ TEST(TriD_View, OneStepTurnsAboutTheFixedAxisByOneAndAHalfDegrees) {
   // Y to (-L/2 cos a + h1 sin a, .., L/2 sin a + h1 cos a); about Z to
   // (-L/2 cos a, -L/2 sin a, h1).
   const double L = 400, h1 = 12, a = 1.5 * Pi / 180;
-  struct Case {
-    int index;
-    double x, y, z;
-  } cases[] = {
+  const struct { int index; double x, y, z; } cases[] = {
       {1, -L / 2, -h1 * std::sin(a), h1 * std::cos(a)},
       {2, -L / 2 * std::cos(a) + h1 * std::sin(a), 0, L / 2 * std::sin(a) + h1 * std::cos(a)},
       {3, -L / 2 * std::cos(a), -L / 2 * std::sin(a), h1},
   };
   for (const auto& c : cases) {
-    SCOPED_TRACE(c.index);
-    Scene s(100, L, Sine_Mode(100, L, 0, 0), 10, 2 * h1);
+    Scene s(100, L, 0, 0, 10, 2 * h1);
     TriD_RotGlob(s.t, 1, c.index, s.rec);
-    EXPECT_NEAR(s.t.X[P1][1], c.x, 1e-3);
-    EXPECT_NEAR(s.t.Y[P1][1], c.y, 1e-3);
-    EXPECT_NEAR(s.t.Z[P1][1], c.z, 1e-3);
+    Expect_Point(s.t, P1, 1, c.x, c.y, c.z, 1e-3);
   }
 }
 
 TEST(TriD_View, ZoomStopsAtTwentyAndAtOneHalf) {
   const double L = 1000;
-  Scene s(100, L, Sine_Mode(100, L, 0, 0));
+  Scene s(100, L, 0, 0);
   const int n = s.t.Stations;
   // 1.1^31 = 19.19 < 20 <= 1.1^32 = 21.11: the 32nd step is the last.
   for (int k = 0; k < 40; ++k) TriD_Zoom(s.t, 1, s.rec);
@@ -195,16 +161,15 @@ TEST(TriD_Drawing, TenthOfTheStationsInADragOrALightDrawing) {
   const double L = 1000;
   for (int NB : {100, 120, 150, 200}) {
     SCOPED_TRACE(NB);
-    Scene s(NB, L, Sine_Mode(NB, L, 0, 0));
+    Scene s(NB, L, 0, 0);
     EXPECT_EQ(Web_Xs(s.rec).size(), static_cast<std::size_t>(NB + 1));  // at rest, all
-    const int step = NB / 10;
     std::vector<double> expected;
-    for (int i = 1; i <= NB + 1; i += step) expected.push_back(-L / 2 + (i - 1) * L / NB);
+    for (int i = 1; i <= NB + 1; i += NB / 10) expected.push_back(-L / 2 + (i - 1) * L / NB);
     ASSERT_EQ(expected.size(), 11u);
 
     s.t.Dragging = true;  // a drag: always the tenth
     TriD_Draw(s.t, s.rec);
-    auto xs = Web_Xs(s.rec);
+    const auto xs = Web_Xs(s.rec);
     ASSERT_EQ(xs.size(), expected.size());
     for (std::size_t k = 0; k < xs.size(); ++k) EXPECT_NEAR(xs[k], expected[k], 1e-3);
     // The longitudinal lines join the drawn stations: 10 runs of 6 black
@@ -223,15 +188,11 @@ TEST(TriD_Drawing, TenthOfTheStationsInADragOrALightDrawing) {
 }
 
 TEST(TriD_Mouse, ZonesChooseTheRotationAndTheImage) {
-  const double L = 1000;  // W = 1100, H = 825 around the origin
-  struct Case {
-    double x, y;
-    TriD_Zone zone;
-    TriD_Cursor cursor;
-  } cases[] = {
+  // L = 1000: W = 1100, H = 825 around the origin
+  const struct { double x, y; TriD_Zone zone; TriD_Cursor cursor; } cases[] = {
       {0, 0, TriD_Zone::Upright, TriD_Cursor::RotX},
-      {180, 270, TriD_Zone::Upright, TriD_Cursor::RotX},     // |dx| < 183.3, |dy| < 275
-      {-190, 0, TriD_Zone::Flat, TriD_Cursor::RotZ},         // |dx| < 366.7, |dy| < 137.5
+      {180, 270, TriD_Zone::Upright, TriD_Cursor::RotX},  // |dx| < 183.3, |dy| < 275
+      {-190, 0, TriD_Zone::Flat, TriD_Cursor::RotZ},      // |dx| < 366.7, |dy| < 137.5
       {360, -130, TriD_Zone::Flat, TriD_Cursor::RotZ},
       {200, 200, TriD_Zone::Outside, TriD_Cursor::RotY},
       {400, 0, TriD_Zone::Outside, TriD_Cursor::RotY},
@@ -239,22 +200,19 @@ TEST(TriD_Mouse, ZonesChooseTheRotationAndTheImage) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::Message() << c.x << "," << c.y);
-    Scene s(100, L, Sine_Mode(100, L, 2, 0.1));
+    Scene s(100, 1000, 2, 0.1);
     EXPECT_EQ(TriD_ZoneOf(s.rec, c.x, c.y), c.zone);
     TriD_MouseDown(s.t, s.rec, c.x, c.y, 1);
     EXPECT_EQ(s.t.Cursor, c.cursor);
     EXPECT_TRUE(s.t.Dragging);
     // A small move turns about the zone's axis by the drag law.
-    const double dX = 2, dY = 3;
+    const double dX = 2, dY = 3, X = c.x + dX, Y = c.y + dY;
     const float a0[4] = {s.t.Angle[0], s.t.Angle[1], s.t.Angle[2], s.t.Angle[3]};
-    TriD_MouseMove(s.t, s.rec, c.x + dX, c.y + dY, 1);
+    TriD_MouseMove(s.t, s.rec, X, Y, 1);
     double expected[4] = {0, 0, 0, 0};
     if (c.zone == TriD_Zone::Upright) expected[1] = 0.1 * (-2 * Pi * dY / 825);
     if (c.zone == TriD_Zone::Flat) expected[3] = 0.1 * (2 * Pi * dX / 1100);
-    if (c.zone == TriD_Zone::Outside) {
-      const double X = c.x + dX, Y = c.y + dY;
-      expected[2] = 0.1 * (-(X * dY - Y * dX) / (X * X + Y * Y));
-    }
+    if (c.zone == TriD_Zone::Outside) expected[2] = 0.1 * (-(X * dY - Y * dX) / (X * X + Y * Y));
     for (int k = 1; k <= 3; ++k) EXPECT_NEAR(s.t.Angle[k] - a0[k], expected[k], 1e-6);
     // While dragging, a tenth of the stations; all of them come back after.
     EXPECT_EQ(Web_Xs(s.rec).size(), 11u);

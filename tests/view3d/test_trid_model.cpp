@@ -23,10 +23,7 @@ BeamModel Model_With_Mode(int NB) {
 
 TEST(TriD_Model, SectionOfEachRoute) {
   // Length 10 m (Fact_L 100 cm/m), 100 elements.
-  struct Case {
-    const char* route;
-    float b1, b2, h1, h2;
-  } cases[] = {
+  const struct { const char* route; float b1, b2, h1, h2; } cases[] = {
       // the catalogue's IPE 300: 150 wide, 300 high, axis at mid-height
       {"catalogue", 15, 15, 15, -15},
       // dimensions in mm (Fact_Dim 0.1): h 400, flanges 200 and 120, the
@@ -43,18 +40,12 @@ TEST(TriD_Model, SectionOfEachRoute) {
     m.Opt_Dimensions = route == "dimensions";
     m.Opt_Properties = route == "properties";
     m.Fact_Dim = 0.1f;
-    m.Txt_h = "400";
-    m.Txt_bf1 = "200";
-    m.Txt_bf2 = "120";
-    m.Txt_zS[2] = "200";
-    m.Txt_zS_Hidden = "30";
+    m.Txt_h = "400", m.Txt_bf1 = "200", m.Txt_bf2 = "120", m.Txt_zS[2] = "200", m.Txt_zS_Hidden = "30";
     const TriD_Beam b = TriD_BeamOf(m);
     EXPECT_FLOAT_EQ(b.L, 1000);
     EXPECT_EQ(b.NB, 100);
-    EXPECT_NEAR(b.b1, c.b1, 1e-4);
-    EXPECT_NEAR(b.b2, c.b2, 1e-4);
-    EXPECT_NEAR(b.h1, c.h1, 1e-4);
-    EXPECT_NEAR(b.h2, c.h2, 1e-4);
+    for (auto [got, want] : {std::pair{b.b1, c.b1}, {b.b2, c.b2}, {b.h1, c.h1}, {b.h2, c.h2}})
+      EXPECT_NEAR(got, want, 1e-4);
   }
 }
 

@@ -18,8 +18,7 @@ namespace {
 // M = q x (L - x) / 2, 125 kN.m at mid-span; V = q (L/2 - x), 50 kN at the ends.
 BeamModel Uniform_Load() {
   BeamModel m;
-  m.Chk_M = false;
-  m.Chk_q1 = true;
+  m.Chk_M = false, m.Chk_q1 = true;
   m.Txt_q11 = "-10", m.Txt_q12 = "-10", m.Txt_xq11 = "0", m.Txt_xq12 = "1", m.Txt_zq1 = "0";
   return m;
 }
@@ -74,15 +73,13 @@ class TestQtSurface : public QObject {
     ReadOut r = Forces_ReadOut(s, m, e, st, X, Y_Of(10 * 5.05 * 4.95 / 2, 125));
     QVERIFY(r.hit);
     QCOMPARE(r.curve, 1);
-    QCOMPARE(QString::fromStdString(r.caption), QString("M = 124.95"));
+    QCOMPARE(r.caption, std::string("M = 124.95"));
     // the same in daN.m
     m.Fact_M = 100;
-    r = Forces_ReadOut(s, m, e, st, X, Y_Of(10 * 5.05 * 4.95 / 2, 125));
-    QCOMPARE(QString::fromStdString(r.caption), QString("M = 12495"));
+    QCOMPARE(Forces_ReadOut(s, m, e, st, X, Y_Of(10 * 5.05 * 4.95 / 2, 125)).caption, std::string("M = 12495"));
     // shear over element 20 (x 1.9 to 2.0 m): V at 2.0 m = 10 (5 - 2) = 30 kN, upward
     const double Xv = st.Forces_X0 + 20.5 * st.Forces_DX;
-    r = Forces_ReadOut(s, m, e, st, Xv, Y_Of(-10 * (5 - 1.95), 50));
-    QCOMPARE(QString::fromStdString(r.caption), QString("V = -30"));
+    QCOMPARE(Forces_ReadOut(s, m, e, st, Xv, Y_Of(-10 * (5 - 1.95), 50)).caption, std::string("V = -30"));
   }
 
   void modeReadOutNamesTheCurve() {
@@ -97,11 +94,10 @@ class TestQtSurface : public QObject {
     const double h = Eigenmode_Height;
     QCOMPARE(s.Point(Eigenmode_Width / 2, 0.95 * h), std::int64_t(0xC00000));  // v
     QCOMPARE(s.Point(Eigenmode_Width / 2, 0.05 * h), std::int64_t(0x000000));  // theta
-    ReadOut r = Eigen_ReadOut(s, st, Eigenmode_Width / 2, 0.05 * h);
+    const ReadOut r = Eigen_ReadOut(s, st, Eigenmode_Width / 2, 0.05 * h);
     QVERIFY(r.hit);
-    QCOMPARE(QString::fromStdString(r.caption), QString::fromUtf8("\xCE\xB8"));
-    r = Eigen_ReadOut(s, st, Eigenmode_Width / 2, 0.95 * h);
-    QCOMPARE(QString::fromStdString(r.caption), QString("v"));
+    QCOMPARE(r.caption, std::string("\xCE\xB8"));
+    QCOMPARE(Eigen_ReadOut(s, st, Eigenmode_Width / 2, 0.95 * h).caption, std::string("v"));
   }
 
   void hiDpiPictureKeepsItsSizeAndColours() {
@@ -135,9 +131,7 @@ class TestQtSurface : public QObject {
     QVERIFY(QTest::qWaitForWindowExposed(&w));
     QCOMPARE(w.surface().Width(), 200 * 15.0);
     QCOMPARE(w.surface().Height(), 100 * 15.0);
-    w.surface().ScaleWidth(100);
-    w.surface().ScaleHeight(-10);  // y up
-    w.surface().ScaleTop(5);
+    w.surface().ScaleWidth(100), w.surface().ScaleHeight(-10), w.surface().ScaleTop(5);  // y up
     QSignalSpy moved(&w, &SurfaceWidget::mouseMoved);
     QMouseEvent ev(QEvent::MouseMove, QPointF(50, 25), w.mapToGlobal(QPointF(50, 25)), Qt::NoButton,
                    Qt::NoButton, Qt::NoModifier);

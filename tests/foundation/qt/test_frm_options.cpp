@@ -45,18 +45,30 @@ struct Start_Model {
   Start_Model() { Init_Default(m, start.path()); }
 };
 
+// Selects the language whose item starts with the code; its index.
+int Pick_Language(Frm_Options& w, const char* code) {
+  const int at = w.Lst_Language->findText(code, Qt::MatchStartsWith);
+  w.Lst_Language->setCurrentIndex(at);
+  return at;
+}
+
 }  // namespace
 
 class TestFrmOptions : public QObject {
   Q_OBJECT
 
  private slots:
-  void cancelAfterUnitChangeRestoresEverything() {
+  // Cancel after changes restores the record and the controls; opened
+  // again, OK without a change leaves every field and says nothing.
+  void cancelRestoresAndOkWithoutChangeKeeps() {
     Start_Model sm;
     auto& [start, m] = sm;
+    m.Txt_L = "7.25";
+    m.Lst_v2 = RestraintList{-1, "350", true};
     const auto texts = Shown_Texts(m);
     const auto factors = Factors(m);
     const UnitIndices units = Unit_Indices(m);
+    const QByteArray ini = start.Read("Zarvek.INI");
 
     Frm_Options w(m, start.state);
     w.Prepare();
@@ -66,11 +78,10 @@ class TestFrmOptions : public QObject {
     List(w, UnitFamily::v)->setCurrentIndex(2);   // daN/m
     w.Lst_Tolerance->setCurrentIndex(5);
     w.Lst_Duration->setCurrentIndex(6);
-    QSignalSpy units_spy(&w, &Frm_Options::unitsChanged);
+    QSignalSpy lang(&w, &Frm_Options::languageChanged), units_spy(&w, &Frm_Options::unitsChanged),
+        method(&w, &Frm_Options::methodChanged);
     w.Cmd_CancelOptions->click();
-
     QCOMPARE(w.result(), int(QDialog::Rejected));
-    QCOMPARE(units_spy.count(), 0);
     QVERIFY(Shown_Texts(m) == texts);
     QVERIFY(Factors(m) == factors);
     QVERIFY(Unit_Indices(m) == units);
@@ -79,22 +90,8 @@ class TestFrmOptions : public QObject {
     QCOMPARE(List(w, UnitFamily::M)->currentText(), QString("kN.m"));
     QCOMPARE(w.Lst_Tolerance->currentIndex(), 2);
     QCOMPARE(w.Lst_Duration->currentIndex(), 2);
-  }
 
-  void okWithoutChangeLeavesEveryField() {
-    Start_Model sm;
-    auto& [start, m] = sm;
-    m.Txt_L = "7.25";
-    m.Lst_v2 = RestraintList{-1, "350", true};
-    const auto texts = Shown_Texts(m);
-    const auto factors = Factors(m);
-    const std::string ini = start.Read("Zarvek.INI").toStdString();
-
-    Frm_Options w(m, start.state);
     w.Prepare();
-    QSignalSpy lang(&w, &Frm_Options::languageChanged);
-    QSignalSpy units(&w, &Frm_Options::unitsChanged);
-    QSignalSpy method(&w, &Frm_Options::methodChanged);
     w.Cmd_OKOptions->click();
     QCOMPARE(w.result(), int(QDialog::Accepted));
     QVERIFY(Shown_Texts(m) == texts);
@@ -107,104 +104,58 @@ class TestFrmOptions : public QObject {
     for (UnitFamily f : All_Unit_Families)
       if (f != UnitFamily::tp) QCOMPARE(Factor_Of(m, f), factors[int(f)]);
     QCOMPARE(m.Lst_v2.text, std::string("350"));
-    QCOMPARE(lang.count() + units.count() + method.count(), 0);
-    QCOMPARE(start.Read("Zarvek.INI").toStdString(), ini);
+    QCOMPARE(lang.count() + units_spy.count() + method.count(), 0);
+    QCOMPARE(start.Read("Zarvek.INI"), ini);
   }
 
   // A unit change rewrites the shown numbers of its family, so that the
-  // quantity, shown value times factor, stays.
-  void okConvertsShownValues_data() {
-    QTest::addColumn<int>("family");
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<double>("after");
-    // 10 m = 10000 mm; 100 kN.m = 10000 daN.m; 210000 MPa = 21000 daN/mm2
-    // (1 daN/mm2 = 10 MPa); 30 cm = 300 mm; -10 kN = -1000 daN
-    QTest::newRow("L m->mm") << int(UnitFamily::L) << 0 << "10" << 10000.0;
-    QTest::newRow("M kN.m->daN.m") << int(UnitFamily::M) << 1 << "-100" << -10000.0;
-    QTest::newRow("EG MPa->daN/mm2") << int(UnitFamily::EG) << 1 << "210000" << 21000.0;
-    QTest::newRow("Dim cm->mm") << int(UnitFamily::Dim) << 0 << "30" << 300.0;
-    QTest::newRow("F kN->daN") << int(UnitFamily::F) << 0 << "-10" << -1000.0;
-  }
+  // quantity, shown value times factor, stays: 10 m = 10000 mm; 100 kN.m =
+  // 10000 daN.m; 210000 MPa = 21000 daN/mm2 (1 daN/mm2 = 10 MPa); 30 cm =
+  // 300 mm; -10 kN = -1000 daN.
   void okConvertsShownValues() {
-    QFETCH(int, family);
-    QFETCH(int, index);
-    QFETCH(QString, before);
-    QFETCH(double, after);
-    Start_Model sm;
-    auto& [start, m] = sm;
-    const auto f = UnitFamily(family);
-    std::string* field = f == UnitFamily::L    ? &m.Txt_L
-                         : f == UnitFamily::M  ? &m.Txt_M1
-                         : f == UnitFamily::EG ? &m.Txt_E
-                         : f == UnitFamily::Dim ? &m.Txt_h
-                                                : &m.Txt_F1;
-    *field = before.toStdString();
-    const double quantity = Num_Of_Text(*field) * Factor_Of(m, f);
-
-    Frm_Options w(m, start.state);
-    w.Prepare();
-    const UnitIndices old = Unit_Indices(m);
-    QSignalSpy units(&w, &Frm_Options::unitsChanged);
-    List(w, f)->setCurrentIndex(index);
-    w.Cmd_OKOptions->click();
-
-    QCOMPARE(Num_Of_Text(*field), after);
-    QCOMPARE(Unit_Index(m, f), index);
-    QVERIFY(std::abs(Num_Of_Text(*field) * Factor_Of(m, f) - quantity) <= 1e-6 * std::abs(quantity));
-    QCOMPARE(units.count(), 1);
-    QVERIFY(units.at(0).at(0).value<UnitIndices>() == old);
+    using F = UnitFamily;
+    const struct { F f; int index; std::string BeamModel::*field; const char* before; double after; } cases[] = {
+        {F::L, 0, &BeamModel::Txt_L, "10", 10000},     {F::M, 1, &BeamModel::Txt_M1, "-100", -10000},
+        {F::EG, 1, &BeamModel::Txt_E, "210000", 21000}, {F::Dim, 0, &BeamModel::Txt_h, "30", 300},
+        {F::F, 0, &BeamModel::Txt_F1, "-10", -1000}};
+    for (const auto& c : cases) {
+      Start_Model sm;
+      BeamModel& m = sm.m;
+      m.*c.field = c.before;
+      const double quantity = Num_Of_Text(m.*c.field) * Factor_Of(m, c.f);
+      Frm_Options w(m, sm.start.state);
+      w.Prepare();
+      const UnitIndices old = Unit_Indices(m);
+      QSignalSpy units(&w, &Frm_Options::unitsChanged);
+      List(w, c.f)->setCurrentIndex(c.index);
+      w.Cmd_OKOptions->click();
+      QCOMPARE(Num_Of_Text(m.*c.field), c.after);
+      QCOMPARE(Unit_Index(m, c.f), c.index);
+      QVERIFY(std::abs(Num_Of_Text(m.*c.field) * Factor_Of(m, c.f) - quantity) <= 1e-6 * std::abs(quantity));
+      QCOMPARE(units.count(), 1);
+      QVERIFY(units.at(0).at(0).value<UnitIndices>() == old);
+    }
   }
 
-  // OK on another language retranslates the open windows of the program;
-  // what the change writes and reloads is proved without windows.
-  void languageSwitchRetranslatesOpenWindows() {
+  // The frame's close is refused, typed keys pick no item, Escape is
+  // Cancel; opened again, the method stays hidden until a Ctrl-click.
+  void frameKeysAndTheMethodHiddenUntilCtrlClick() {
     Start_Model sm;
     auto& [start, m] = sm;
-    Frm_Section catalogue(m, start.state.File_Section);
-    catalogue.Form_Load();
-    catalogue.show();
-    QCOMPARE(catalogue.windowTitle(), QString("Section catalogue"));
-
     Frm_Options w(m, start.state);
     w.Prepare();
-    QSignalSpy lang(&w, &Frm_Options::languageChanged);
-    for (int i = 0; i < w.Lst_Language->count(); ++i)
-      if (w.Lst_Language->itemText(i).startsWith("FR")) w.Lst_Language->setCurrentIndex(i);
-    w.Cmd_OKOptions->click();
+    w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QVERIFY(!w.close());
+    QVERIFY(w.isVisible());
+    w.Lst_NbIter->setFocus();
+    QTest::keyClicks(w.Lst_NbIter, "1");
+    QCOMPARE(w.Lst_NbIter->currentIndex(), 2);  // "70" stays: "100" and "120" aren't typed to
+    List(w, UnitFamily::F)->setCurrentIndex(0);
+    QTest::keyClick(&w, Qt::Key_Escape);
+    QVERIFY(!w.isVisible());
+    QCOMPARE(List(w, UnitFamily::F)->currentIndex(), 1);
 
-    QCOMPARE(lang.count(), 1);
-    QCOMPARE(start.Read("Zarvek.INI").trimmed(), QByteArray("LANGUAGE=FR"));
-    QCOMPARE(w.Tab_Options->tabText(0), QString::fromUtf8("Général"));
-    QCOMPARE(catalogue.windowTitle(), QString::fromUtf8("Catalogue des profilés"));
-    QCOMPARE(catalogue.Cmd_Quitter->text(), QString("Annuler"));
-    QCOMPARE(Lang_Text(m.Lst_v1.text), QString::fromUtf8("Bloqué"));
-    QCOMPARE(Lang_Text(m.Lbl_Method), w.Opt_Dichotomie->text());
-  }
-
-  void languageFileGoneEndsTheProgram() {
-    Start_Model sm;
-    auto& [start, m] = sm;
-    Frm_Options w(m, start.state);
-    QString title, text;
-    w.Fatal_Error = [&](const QString& t, const QString& x) { title = t; text = x; };
-    w.Prepare();
-    int fr = -1;
-    for (int i = 0; i < w.Lst_Language->count(); ++i)
-      if (w.Lst_Language->itemText(i).startsWith("FR")) fr = i;
-    w.Lst_Language->setCurrentIndex(fr);
-    QVERIFY(QFile::remove(start.file("ZARVEK_FR.MSG")));
-    w.Traiter_Options();
-    QCOMPARE(text, "File " + start.file("ZARVEK_FR.MSG") + " not found");
-    QCOMPARE(title, w.Lst_Language->itemText(fr));
-    QCOMPARE(start.Read("Zarvek.INI").trimmed(), QByteArray("LANGUAGE=UK"));
-    QCOMPARE(start.state.Language_Code, std::string("UK"));
-  }
-
-  void methodHiddenUntilCtrlClick() {
-    Start_Model sm;
-    auto& [start, m] = sm;
-    Frm_Options w(m, start.state);
     w.Prepare();
     w.show();
     QVERIFY(QTest::qWaitForWindowExposed(&w));
@@ -220,7 +171,6 @@ class TestFrmOptions : public QObject {
     QTest::mouseClick(w.Img_Hide, Qt::LeftButton, Qt::ControlModifier);
     QVERIFY(!w.Img_Hide->isVisible());
     QVERIFY(w.Opt_Eigen->isVisible());
-
     QSignalSpy method(&w, &Frm_Options::methodChanged);
     w.Opt_Eigen->click();
     w.Cmd_OKOptions->click();
@@ -229,44 +179,53 @@ class TestFrmOptions : public QObject {
     QCOMPARE(Method_Of(m), 1);
   }
 
-  void frameCloseIsRefusedAndKeysDontPickItems() {
+  // OK on another language retranslates the open windows of the program
+  // and the toolkit's own buttons and dialogs, there and back; a language
+  // file gone by then ends the program and changes nothing. What the change
+  // writes and reloads is proved without windows.
+  void languageSwitchRetranslatesWindowsAndDialogs() {
     Start_Model sm;
     auto& [start, m] = sm;
+    Frm_Section catalogue(m, start.state.File_Section);
+    catalogue.Form_Load();
+    catalogue.show();
+    QCOMPARE(catalogue.windowTitle(), QString("Section catalogue"));
     Frm_Options w(m, start.state);
-    w.Prepare();
-    w.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&w));
-    QVERIFY(!w.close());
-    QVERIFY(w.isVisible());
-    w.Lst_NbIter->setFocus();
-    QTest::keyClicks(w.Lst_NbIter, "1");
-    QCOMPARE(w.Lst_NbIter->currentIndex(), 2);  // "70" stays: "100" and "120" aren't typed to
-    // Escape is the Cancel button.
-    List(w, UnitFamily::F)->setCurrentIndex(0);
-    QTest::keyClick(&w, Qt::Key_Escape);
-    QVERIFY(!w.isVisible());
-    QCOMPARE(List(w, UnitFamily::F)->currentIndex(), 1);
-  }
-
-  // The toolkit's own buttons and dialogs follow a change of language made
-  // in the window, there and back.
-  void toolkitDialogsFollowTheLanguage() {
-    Start_Model sm;
-    Frm_Options w(sm.m, sm.start.state);
+    QString title, text;
+    w.Fatal_Error = [&](const QString& t, const QString& x) { title = t, text = x; };
+    QSignalSpy lang(&w, &Frm_Options::languageChanged);
     for (const auto& [code, cancel] : {std::pair{"FR", "Annuler"}, std::pair{"UK", "Cancel"}}) {
       w.Prepare();
       w.show();
       QVERIFY(QTest::qWaitForWindowExposed(&w));
-      for (int i = 0; i < w.Lst_Language->count(); ++i)
-        if (w.Lst_Language->itemText(i).startsWith(code)) w.Lst_Language->setCurrentIndex(i);
+      Pick_Language(w, code);
       QTest::mouseClick(w.Cmd_OKOptions, Qt::LeftButton);
+      QCOMPARE(lang.count(), QString(code) == "FR" ? 1 : 2);
+      QCOMPARE(start.Read("Zarvek.INI").trimmed(), "LANGUAGE=" + QByteArray(code));
       QMessageBox box(QMessageBox::Question, "t", "q", QMessageBox::Ok | QMessageBox::Cancel);
       QCOMPARE(box.button(QMessageBox::Cancel)->text().remove('&'), QString(cancel));
       QFileDialog files;
       files.setOption(QFileDialog::DontUseNativeDialog);
       QCOMPARE(files.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel)->text().remove('&'),
                QString(cancel));
+      if (QString(code) != "FR") continue;
+      QCOMPARE(w.Tab_Options->tabText(0), QString::fromUtf8("Général"));
+      QCOMPARE(catalogue.windowTitle(), QString::fromUtf8("Catalogue des profilés"));
+      QCOMPARE(catalogue.Cmd_Quitter->text(), QString("Annuler"));
+      QCOMPARE(Lang_Text(m.Lst_v1.text), QString::fromUtf8("Bloqué"));
+      QCOMPARE(Lang_Text(m.Lbl_Method), w.Opt_Dichotomie->text());
     }
+
+    w.Prepare();
+    w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    const int fr = Pick_Language(w, "FR");
+    QVERIFY(QFile::remove(start.file("ZARVEK_FR.MSG")));
+    QTest::mouseClick(w.Cmd_OKOptions, Qt::LeftButton);
+    QCOMPARE(text, "File " + start.file("ZARVEK_FR.MSG") + " not found");
+    QCOMPARE(title, w.Lst_Language->itemText(fr));
+    QCOMPARE(start.Read("Zarvek.INI").trimmed(), QByteArray("LANGUAGE=UK"));
+    QCOMPARE(start.state.Language_Code, std::string("UK"));
   }
 };
 

@@ -17,19 +17,16 @@ using namespace zarvek;
 
 namespace {
 
-// A mode of three nodes, v theta v' theta' each; index 0 unused.
-BeamModel Three_Nodes(std::vector<float> values) {
+// A mode of three nodes on 10 m, v theta v' theta' each (index 0 unused):
+// node 2 holds the normalising -1 (theta); 1e-21 at node 3 shows as 0.
+BeamModel Sample() {
   BeamModel m;
   m.Txt_L = "10";  // m
   m.Fact_L = 100;  // cm a metre
-  m.Mode_Vector = {0};
-  m.Mode_Vector.insert(m.Mode_Vector.end(), values.begin(), values.end());
+  m.Mode_Vector = {0, 0, 0, 0.5f, 0, 0.75f, -1, 0, 2e-3f, 0, 0, -0.5f, 1e-21f};
   m.Mode_Max = 1;
   return m;
 }
-
-// Node 2 holds the normalising -1 (theta); 1e-21 at node 3 shows as 0.
-BeamModel Sample() { return Three_Nodes({0, 0, 0.5f, 0, 0.75f, -1, 0, 2e-3f, 0, 0, -0.5f, 1e-21f}); }
 
 const QColor Tint(0xC0, 0xFF, 0xFF);  // 0xFFFFC0 as BBGGRR
 
@@ -38,40 +35,29 @@ const QColor Tint(0xC0, 0xFF, 0xFF);  // 0xFFFFC0 as BBGGRR
 class Test_Frm_EigenVector : public QObject {
   Q_OBJECT
  private slots:
-  void cellRules_data() {
-    QTest::addColumn<float>("value");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("tinted");
-    QTest::newRow("one") << 1.0f << "1.0000E+00" << true;
-    QTest::newRow("within 2e-5 of one") << 0.99999f << "9.9999E-01" << true;
-    QTest::newRow("3e-5 from one") << 0.99997f << "9.9997E-01" << false;
-    QTest::newRow("small") << 1.23456e-3f << "1.2346E-03" << false;
-    QTest::newRow("negative, large") << -52.5f << "-5.2500E+01" << false;
-    QTest::newRow("1e-21 shows 0") << 1e-21f << "0" << false;
-    QTest::newRow("1e-20 is kept") << 1e-20f << "1.0000E-20" << false;
-  }
-  void cellRules() {
-    QFETCH(float, value);
-    QFETCH(QString, text);
-    QFETCH(bool, tinted);
-    QCOMPARE(QString::fromStdString(Frm_EigenVector::Mode_Text(value)), text);
-    QCOMPARE(Frm_EigenVector::Mode_Tinted(value), tinted);
-  }
-
-  void abscissae() {
+  void cellTextsAndAbscissae() {
+    const struct { float value; const char* text; bool tinted; } cases[] = {
+        {1.0f, "1.0000E+00", true},          {0.99999f, "9.9999E-01", true},  // within 2e-5 of one
+        {0.99997f, "9.9997E-01", false},     {1.23456e-3f, "1.2346E-03", false},
+        {-52.5f, "-5.2500E+01", false},      {1e-21f, "0", false},  // 1e-21 shows 0
+        {1e-20f, "1.0000E-20", false}};
+    for (const auto& c : cases) {
+      QCOMPARE(Frm_EigenVector::Mode_Text(c.value), std::string(c.text));
+      QCOMPARE(Frm_EigenVector::Mode_Tinted(c.value), c.tinted);
+    }
     // n nodes equally spaced on L: node i at (i - 1) L / (n - 1), plus a
     // thousandth that settles exact halves upward
-    QCOMPARE(QString::fromStdString(Frm_EigenVector::X_Text(101, 101, 1000)), QStringLiteral("1000.0"));
-    QCOMPARE(QString::fromStdString(Frm_EigenVector::X_Text(2, 3, 0.5)), QStringLiteral("0.3"));   // 0.25
-    QCOMPARE(QString::fromStdString(Frm_EigenVector::X_Text(2, 5, 0.3)), QStringLiteral("0.1"));   // 0.075
+    QCOMPARE(Frm_EigenVector::X_Text(101, 101, 1000), std::string("1000.0"));
+    QCOMPARE(Frm_EigenVector::X_Text(2, 3, 0.5), std::string("0.3"));  // 0.25
+    QCOMPARE(Frm_EigenVector::X_Text(2, 5, 0.3), std::string("0.1"));  // 0.075
     const char keep = Dec_Sep;
     Dec_Sep = ',';
-    QCOMPARE(QString::fromStdString(Frm_EigenVector::Mode_Text(-0.5f)), QStringLiteral("-5,0000E-01"));
-    QCOMPARE(QString::fromStdString(Frm_EigenVector::X_Text(2, 3, 1000)), QStringLiteral("500,0"));
+    QCOMPARE(Frm_EigenVector::Mode_Text(-0.5f), std::string("-5,0000E-01"));
+    QCOMPARE(Frm_EigenVector::X_Text(2, 3, 1000), std::string("500,0"));
     Dec_Sep = keep;
   }
 
-  void filledTable() {
+  void filledTableAndCsvFile() {
     const BeamModel m = Sample();
     Frm_EigenVector w(m);
     QTableWidget* g = w.Grd_Eigen();
@@ -91,8 +77,26 @@ class Test_Frm_EigenVector : public QObject {
     QCOMPARE(g->horizontalHeaderItem(3)->text(), QString::fromUtf8("\xCE\xB8\n(rd)"));
     QCOMPARE(g->horizontalHeaderItem(5)->text(), QString::fromUtf8("\xCE\xB8\xE2\x80\xB2\n(rd/cm)"));
     QVERIFY(!g->isColumnHidden(1));
+
+    // the CSV file: UTF-8 with its mark, a comma between cells, CR LF
+    QTemporaryDir dir;
+    const QString path = dir.filePath("mode.csv");
+    QVERIFY(w.Save_Csv(path));
+    QFile f(path);
+    QVERIFY(f.open(QIODevice::ReadOnly));
+    const QByteArray bytes = f.readAll();
+    QVERIFY(bytes.startsWith("\xEF\xBB\xBF"));
+    const QStringList lines = QString::fromUtf8(bytes.mid(3)).split("\r\n");
+    QCOMPARE(lines.size(), 5);  // heading, three nodes, the empty rest after the last CR LF
+    QCOMPARE(lines[0], QString::fromUtf8("N\xC2\xB0,x (cm),v (cm),\xCE\xB8 (rd),v' (rd),\xCE\xB8\xE2\x80\xB2 (rd/cm)"));
+    QCOMPARE(lines[2], QString("2,500.0,7.5000E-01,-1.0000E+00,0,2.0000E-03"));
+    QVERIFY(!w.Save_Csv(dir.filePath("no/such/dir/mode.csv")));
   }
 
+  // Copy is offered while the grid has the focus; a block goes with a tab
+  // between cells and CR LF after rows, by Ctrl+C, by Edit > Copy opened
+  // with the mouse and with Alt+E: the menu opening doesn't take the grid's
+  // block away nor grey the command. Nothing selected: the clipboard stays.
   void copyOfABlock() {
     const BeamModel m = Sample();
     Frm_EigenVector w(m);
@@ -100,46 +104,26 @@ class Test_Frm_EigenVector : public QObject {
     w.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&w));
     QTableWidget* g = w.Grd_Eigen();
-    QAction* copy = w.findChild<QAction*>(QStringLiteral("Menu_Edit_Copy"));
-    QVERIFY(copy);
-    // Copy is offered while the grid has the focus
-    w.findChild<QWidget*>(QStringLiteral("Cmd_OK"))->setFocus();
+    auto* bar = w.findChild<QMenuBar*>();
+    auto* edit = w.findChild<QMenu*>("Menu_Edit");
+    QAction* copy = w.findChild<QAction*>("Menu_Edit_Copy");
+    QVERIFY(copy && edit && bar);
+    w.findChild<QWidget*>("Cmd_OK")->setFocus();
     QTRY_VERIFY(!copy->isEnabled());
     g->setFocus();
     QTRY_VERIFY(copy->isEnabled());
 
-    // rows 2 and 3, columns x to theta: tab between cells, CR LF after rows
-    g->setRangeSelected(QTableWidgetSelectionRange(1, 1, 2, 3), true);
-    const QString block = QStringLiteral("500.0\t7.5000E-01\t-1.0000E+00\r\n1000.0\t0\t0\r\n");
-    QCOMPARE(w.Selection_Text(), block);
-    QApplication::clipboard()->setText(QStringLiteral("old"));
-    QTest::keyClick(g, Qt::Key_C, Qt::ControlModifier);
-    QCOMPARE(QApplication::clipboard()->text(), block);
-
-    // nothing selected: the clipboard is left alone
-    g->clearSelection();
-    w.Menu_Edit_Copy();
-    QCOMPARE(QApplication::clipboard()->text(), block);
-  }
-
-  // Edit > Copy opened with the mouse, then with Alt+E and its letter: the
-  // menu opening doesn't take the grid's block away nor grey the command.
-  void copyFromTheMenu() {
-    const BeamModel m = Sample();
-    Frm_EigenVector w(m);
-    w.show();
-    w.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&w));
-    QTableWidget* g = w.Grd_Eigen();
+    // rows 2 and 3, columns x to theta
     auto cellCentre = [g](int r, int c) { return g->visualItemRect(g->item(r, c)).center(); };
     QTest::mouseClick(g->viewport(), Qt::LeftButton, {}, cellCentre(1, 1));
     QTest::mouseClick(g->viewport(), Qt::LeftButton, Qt::ShiftModifier, cellCentre(2, 3));
-    const QString block = QStringLiteral("500.0\t7.5000E-01\t-1.0000E+00\r\n1000.0\t0\t0\r\n");
+    const QString block = "500.0\t7.5000E-01\t-1.0000E+00\r\n1000.0\t0\t0\r\n";
+    QCOMPARE(w.Selection_Text(), block);
+    QApplication::clipboard()->setText("old");
+    QTest::keyClick(g, Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QApplication::clipboard()->text(), block);
 
-    auto* bar = w.findChild<QMenuBar*>();
-    auto* edit = w.findChild<QMenu*>(QStringLiteral("Menu_Edit"));
-    QAction* copy = w.findChild<QAction*>(QStringLiteral("Menu_Edit_Copy"));
-    QApplication::clipboard()->setText(QStringLiteral("old"));
+    QApplication::clipboard()->setText("old");
     QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(edit->menuAction()).center());
     QTRY_VERIFY(edit->isVisible());
     QVERIFY(copy->isEnabled());
@@ -147,29 +131,16 @@ class Test_Frm_EigenVector : public QObject {
     QTRY_VERIFY(!edit->isVisible());
     QCOMPARE(QApplication::clipboard()->text(), block);
 
-    QApplication::clipboard()->setText(QStringLiteral("old"));
+    QApplication::clipboard()->setText("old");
     QTest::keyClick(g, Qt::Key_E, Qt::AltModifier);
     QTRY_VERIFY(edit->isVisible());
     QTest::keyClick(edit, Qt::Key_C);
     QTRY_VERIFY(!edit->isVisible());
     QCOMPARE(QApplication::clipboard()->text(), block);
-  }
 
-  void csvFile() {
-    const BeamModel m = Sample();
-    Frm_EigenVector w(m);
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("mode.csv"));
-    QVERIFY(w.Save_Csv(path));
-    QFile f(path);
-    QVERIFY(f.open(QIODevice::ReadOnly));
-    const QByteArray bytes = f.readAll();
-    QVERIFY(bytes.startsWith("\xEF\xBB\xBF"));
-    const QStringList lines = QString::fromUtf8(bytes.mid(3)).split(QStringLiteral("\r\n"));
-    QCOMPARE(lines.size(), 5);  // heading, three nodes, the empty rest after the last CR LF
-    QCOMPARE(lines[0], QString::fromUtf8("N\xC2\xB0,x (cm),v (cm),\xCE\xB8 (rd),v' (rd),\xCE\xB8\xE2\x80\xB2 (rd/cm)"));
-    QCOMPARE(lines[2], QStringLiteral("2,500.0,7.5000E-01,-1.0000E+00,0,2.0000E-03"));
-    QVERIFY(!w.Save_Csv(dir.filePath(QStringLiteral("no/such/dir/mode.csv"))));
+    g->clearSelection();
+    w.Menu_Edit_Copy();
+    QCOMPARE(QApplication::clipboard()->text(), block);
   }
 };
 

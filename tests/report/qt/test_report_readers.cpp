@@ -12,33 +12,24 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QtTest>
-#include <unistd.h>
 
-#include "analysis/Proceed.h"
 #include "report/qt/Report_Qt.h"
+#include "report/solved_model.h"
 
 using namespace zarvek;
 
 namespace {
 
+// A beam that shows more than the defaults: a point load above the shear
+// centre and a punctual restraint.
 BeamModel Solved_Model() {
-  BeamModel m;
-  Init_Default(m, "/tmp");
-  // a beam that shows more than the defaults: a point load above the shear
-  // centre and a punctual restraint
-  m.Chk_F1 = true;
-  m.Txt_F1 = "-25";
-  m.Txt_zF1 = "15";
-  m.Chk_Punctual1 = true;
-  m.Txt_xfint1 = "0.5";
+  BeamModel m = report_test::Default_Model();
+  m.Chk_F1 = m.Chk_Punctual1 = true;
+  m.Txt_F1 = "-25", m.Txt_zF1 = "15", m.Txt_xfint1 = "0.5";
   m.Lst_vi_p1 = Restraint_Item(1);
   m.Lst_ti_p1 = RestraintList{-1, "40", true};
-  SolveControl ctl;
-  ctl.Show_Progress = [&m](int it, double) { m.Lbl_Iteration = std::to_string(it); };
-  const std::string problem = QDir::tempPath().toStdString() + "/zarvek-readers-" + std::to_string(::getpid()) + ".ZVK";
-  const ProceedResult r = Proceed(m, problem, ctl);
-  ::unlink(problem.c_str());
-  if (r.Solve_Status != 0) qWarning("solve failed: %s", r.Message.c_str());
+  const std::string error = report_test::Solve(m);
+  if (!error.empty()) qWarning("%s", error.c_str());
   return m;
 }
 
@@ -53,11 +44,7 @@ Run Run_Program(const QString& program, const QStringList& args, const QString& 
   p.start(program, args);
   Run r;
   if (!p.waitForStarted(10000)) return r;
-  if (!p.waitForFinished(ms)) {
-    p.kill();
-    p.waitForFinished();
-    return r;
-  }
+  if (!p.waitForFinished(ms)) return p.kill(), p.waitForFinished(), r;
   r.code = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
   r.out = QString::fromUtf8(p.readAllStandardOutput());
   r.err = QString::fromUtf8(p.readAllStandardError());
@@ -65,17 +52,14 @@ Run Run_Program(const QString& program, const QStringList& args, const QString& 
 }
 
 QString Pdf_Text(const QString& pdf) {
-  return Run_Program(QStringLiteral("pdftotext"), {QStringLiteral("-enc"), QStringLiteral("UTF-8"), pdf,
-                                                  QStringLiteral("-")}).out;
+  return Run_Program("pdftotext", {"-enc", "UTF-8", pdf, "-"}).out;
 }
 
 // Number of pictures in a PDF, by pdfimages' listing (two heading lines).
 int Pdf_Pictures(const QString& pdf) {
-  const QStringList lines =
-      Run_Program(QStringLiteral("pdfimages"), {QStringLiteral("-list"), pdf}).out.split('\n', Qt::SkipEmptyParts);
   int n = 0;
-  for (const QString& l : lines.mid(2))
-    if (l.contains(QStringLiteral(" image "))) ++n;  // soft masks are listed as "smask"
+  for (const QString& l : Run_Program("pdfimages", {"-list", pdf}).out.split('\n', Qt::SkipEmptyParts).mid(2))
+    if (l.contains(" image ")) ++n;  // soft masks are listed as "smask"
   return n;
 }
 
@@ -85,18 +69,16 @@ void Check_Pdf_Text(const QString& text, const BeamModel& m, const char* which) 
   const QString theta = QString::fromUtf8("\xCE\xB8"), psi = QString::fromUtf8("\xCF\x88"),
                 nu = QString::fromUtf8("\xCE\xBD"), mu = QString::fromUtf8("\xCE\xBC"),
                 prime = QString::fromUtf8("\xE2\x80\xB2");
-  QStringList must = {QStringLiteral("NORVE"), QStringLiteral("Mcr"), theta, psi, nu, mu, theta + prime,
-                      QStringLiteral("Beam"), QStringLiteral("Steel"), QStringLiteral("Section - IPE 300"),
-                      QStringLiteral("Intermediate restraint 1"), QStringLiteral("Point loads")};
+  QStringList must = {"NORVE", "Mcr", theta, psi, nu, mu, theta + prime, "Beam", "Steel", "Section - IPE 300",
+                      "Intermediate restraint 1", "Point loads", "Fixed", "Free", "kN.m", "cm6"};
   for (const std::string& v : {m.Txt_L, m.Txt_E, m.Txt_G, m.Txt_Nu, m.Txt_Iz[1], m.Txt_It[1], m.Txt_Iw[1],
                                m.Txt_M1, m.Txt_M2, m.Txt_F1, m.Txt_zF1, m.Txt_xfint1, m.Lst_ti_p1.text,
                                m.Txt_Mcr, m.Txt_mucr, m.Txt_Mmax[0], m.Lbl_Iteration})
     must << QString::fromStdString(v);
-  must << QStringLiteral("Fixed") << QStringLiteral("Free") << QStringLiteral("kN.m") << QStringLiteral("cm6");
   for (const QString& s : must) QVERIFY2(text.contains(s), qPrintable(QString::fromLatin1(which) + ": " + s));
 }
 
-bool Have(const char* tool) { return !QStandardPaths::findExecutable(QString::fromLatin1(tool)).isEmpty(); }
+bool Have(const char* tool) { return !QStandardPaths::findExecutable(tool).isEmpty(); }
 
 }  // namespace
 
@@ -110,29 +92,25 @@ class Test_Report_Readers : public QObject {
     QVERIFY(m.Lbl_Iteration != "0");
     const Rich_Document doc = Build_Report(m, "UK", Qt_ReportPictures(m));
     QTemporaryDir dir;
-    const QString rtf = dir.filePath(QStringLiteral("report.rtf"));
-    const QString own = dir.filePath(QStringLiteral("own.pdf"));
+    const QString rtf = dir.filePath("report.rtf"), own = dir.filePath("own.pdf");
     QVERIFY(Save_Rtf(doc, rtf));
     QVERIFY(Export_Pdf(doc, own));
 
     // the program's own PDF
-    const QString ownText = Pdf_Text(own);
-    Check_Pdf_Text(ownText, m, "program's PDF");
+    Check_Pdf_Text(Pdf_Text(own), m, "program's PDF");
     QCOMPARE(Pdf_Pictures(own), 4);
 
     // the RTF through LibreOffice Writer
-    QString soffice = QStandardPaths::findExecutable(QStringLiteral("soffice"));
+    const QString soffice = QStandardPaths::findExecutable("soffice");
     if (soffice.isEmpty())
       QSKIP("LibreOffice not installed (Debian: libreoffice-writer-nogui): RTF-to-PDF check skipped");
-    QDir().mkpath(dir.filePath(QStringLiteral("lo")));
-    const QString profile = QUrl::fromLocalFile(dir.filePath(QStringLiteral("profile"))).toString();
-    const Run r = Run_Program(soffice, {QStringLiteral("-env:UserInstallation=") + profile, QStringLiteral("--headless"),
-                                        QStringLiteral("--convert-to"), QStringLiteral("pdf"), QStringLiteral("--outdir"),
-                                        dir.filePath(QStringLiteral("lo")), rtf});
-    const QString lo = dir.filePath(QStringLiteral("lo/report.pdf"));
-    QVERIFY2(QFile::exists(lo), qPrintable(QStringLiteral("LibreOffice did not convert: ") + r.err));
-    const QString loText = Pdf_Text(lo);
-    Check_Pdf_Text(loText, m, "LibreOffice's PDF");
+    QDir().mkpath(dir.filePath("lo"));
+    const QString profile = QUrl::fromLocalFile(dir.filePath("profile")).toString();
+    const Run r = Run_Program(soffice, {"-env:UserInstallation=" + profile, "--headless", "--convert-to", "pdf",
+                                        "--outdir", dir.filePath("lo"), rtf});
+    const QString lo = dir.filePath("lo/report.pdf");
+    QVERIFY2(QFile::exists(lo), qPrintable("LibreOffice did not convert: " + r.err));
+    Check_Pdf_Text(Pdf_Text(lo), m, "LibreOffice's PDF");
     QCOMPARE(Pdf_Pictures(lo), 4);
   }
 
@@ -145,9 +123,9 @@ class Test_Report_Readers : public QObject {
     QStringList titles;
     for (const Rich_Paragraph& p : doc.paragraphs)
       if (p.keep_with_next && !p.runs.empty()) titles << QString::fromStdString(p.runs.back().text).trimmed();
-    QVERIFY(titles.contains(QStringLiteral("End moments")));
+    QVERIFY(titles.contains("End moments"));
     QTemporaryDir dir;
-    const QString pdf = dir.filePath(QStringLiteral("t.pdf"));
+    const QString pdf = dir.filePath("t.pdf");
     QVERIFY(Export_Pdf(doc, pdf));
     const QStringList pages = Pdf_Text(pdf).trimmed().split(QLatin1Char('\f'));
     QVERIFY(pages.size() >= 2);
@@ -158,36 +136,27 @@ class Test_Report_Readers : public QObject {
   }
 
   void commandLine() {
-    const QString cli = QStringLiteral(ZARVEK_BIN_DIR "/zarvek-cli");
-    const QString example = QStringLiteral(ZARVEK_BIN_DIR "/EXAMPLE.DAT");
+    const QString cli = ZARVEK_BIN_DIR "/zarvek-cli", example = ZARVEK_BIN_DIR "/EXAMPLE.DAT";
     if (!QFile::exists(cli) || !QFile::exists(example)) QSKIP("zarvek-cli or EXAMPLE.DAT not built");
     QTemporaryDir dir;
     for (const char* name : {"r.rtf", "r.PDF"}) {
-      const QString out = dir.filePath(QString::fromLatin1(name));
-      const Run r = Run_Program(cli, {QStringLiteral("report"), example, QStringLiteral("-o"), out}, dir.path());
+      const QString out = dir.filePath(name);
+      const Run r = Run_Program(cli, {"report", example, "-o", out}, dir.path());
       QCOMPARE(r.code, 0);
-      const QByteArray head = [&] {
-        QFile f(out);
-        return f.open(QIODevice::ReadOnly) ? f.read(8) : QByteArray();
-      }();
-      QVERIFY2(head.startsWith(QByteArray(name[2] == 'r' ? "{\\rtf1" : "%PDF-")), name);
+      QFile f(out);
+      QVERIFY2(f.open(QIODevice::ReadOnly) && f.read(8).startsWith(name[2] == 'r' ? "{\\rtf1" : "%PDF-"), name);
       QCOMPARE(r.err, QString());  // quiet: no warnings of the toolkit
     }
     // exit codes as solve: 1 command line, 2 input, nothing written
-    const QString none = dir.filePath(QStringLiteral("none.rtf"));
-    struct Case {
-      QStringList args;
-      int code;
-    } cases[] = {
-        {{QStringLiteral("report"), example}, 1},
-        {{QStringLiteral("report"), QStringLiteral("missing.DAT"), QStringLiteral("-o"), none}, 2},
-        {{QStringLiteral("report"), example, QStringLiteral("-o"), none, QStringLiteral("--lang"), QStringLiteral("XX")},
-         2},
-        {{QStringLiteral("report"), example, QStringLiteral("-o"), dir.filePath(QStringLiteral("no/dir/r.rtf"))}, 2},
-    };
-    for (const Case& c : cases) {
-      const Run r = Run_Program(cli, c.args, dir.path());
-      QVERIFY2(r.code == c.code, qPrintable(c.args.join(' ') + QStringLiteral(" -> ") + QString::number(r.code)));
+    const QString none = dir.filePath("none.rtf");
+    const std::pair<QStringList, int> cases[] = {
+        {{"report", example}, 1},
+        {{"report", "missing.DAT", "-o", none}, 2},
+        {{"report", example, "-o", none, "--lang", "XX"}, 2},
+        {{"report", example, "-o", dir.filePath("no/dir/r.rtf")}, 2}};
+    for (const auto& [args, code] : cases) {
+      const Run r = Run_Program(cli, args, dir.path());
+      QVERIFY2(r.code == code, qPrintable(args.join(' ') + " -> " + QString::number(r.code)));
     }
     QVERIFY(!QFile::exists(none));
   }
