@@ -330,12 +330,16 @@ QLabel* Frm_Zarvek::Unit_Label(const char* name) {
 bool Frm_Zarvek::Form_Load() {
   loading_ = true;
   noForces_ = false;
+  Translate_Form();
   if (QScreen* screen = QGuiApplication::primaryScreen()) {
+    // wider where the screen allows: the results page then shows the design
+    // check's values beside the solve, in the longer French captions too
+    const QRect avail = screen->availableGeometry();
+    resize(std::max(width(), std::min(1100, avail.width() - 16)), height());
     QRect r = frameGeometry();
-    r.moveCenter(screen->availableGeometry().center());
+    r.moveCenter(avail.center());
     move(r.topLeft());
   }
-  Translate_Form();
 
   // Initialisations: nu and M2 typed, the file-data commands hidden, the
   // default file or the built-in defaults, slot 2 of the section computed.
