@@ -1,6 +1,7 @@
 #include "analysis/qt/Frm_Sweep.h"
 #include "design/DesignModel.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
@@ -37,6 +38,35 @@ std::string Axis_Label(const std::string& name, const std::string& unit) {
   return unit.empty() ? name : name + " (" + unit + ")";
 }
 
+// The caption a field wears in `window`: the label or check box to its left
+// in the same row of its grid ("Length L" for Txt_L); empty when there is none.
+QString Caption_Left_Of(const QWidget* field, const QLayout* layout) {
+  if (!layout) return QString();
+  if (auto* grid = qobject_cast<const QGridLayout*>(layout)) {
+    const int i = grid->indexOf(field);
+    if (i >= 0) {
+      int row, col, rs, cs;
+      grid->getItemPosition(i, &row, &col, &rs, &cs);
+      for (int c = col - 1; c >= 0; --c) {
+        QLayoutItem* it = grid->itemAtPosition(row, c);
+        QWidget* w = it ? it->widget() : nullptr;
+        if (auto* l = qobject_cast<QLabel*>(w); l && !l->text().isEmpty()) return l->text().remove('&');
+        if (auto* b = qobject_cast<QAbstractButton*>(w); b && !b->text().isEmpty()) return b->text().remove('&');
+      }
+      return QString();
+    }
+  }
+  for (int i = 0; i < layout->count(); ++i)
+    if (const QString c = Caption_Left_Of(field, layout->itemAt(i)->layout()); !c.isEmpty()) return c;
+  return QString();
+}
+
+QString Field_Caption(const QWidget* window, const std::string& name) {
+  const QWidget* field = window ? window->findChild<QWidget*>(QString::fromStdString(name)) : nullptr;
+  if (!field || !field->parentWidget()) return QString();
+  return Caption_Left_Of(field, field->parentWidget()->layout()).simplified();
+}
+
 }  // namespace
 
 Frm_Sweep::Frm_Sweep(const BeamModel& project, QWidget* parent) : QDialog(parent), project_(project) {
@@ -45,9 +75,14 @@ Frm_Sweep::Frm_Sweep(const BeamModel& project, QWidget* parent) : QDialog(parent
 
   Cmb_Field = new QComboBox(this);
   Cmb_Field->setObjectName("Cmb_Field");
-  for (const std::string& n : Sweep_Fields()) Cmb_Field->addItem(QString::fromStdString(n));
+  // each field by its name (as scripts and the command line know it) and the
+  // caption it wears in the main window
+  for (const std::string& n : Sweep_Fields()) {
+    const QString name = QString::fromStdString(n), caption = Field_Caption(parent, n);
+    Cmb_Field->addItem(caption.isEmpty() ? name : name + QString::fromUtf8(" \u2014 ") + caption, name);
+  }
   // the span first: the study most often asked for
-  Cmb_Field->setCurrentIndex(std::max(0, Cmb_Field->findText("Txt_L")));
+  Cmb_Field->setCurrentIndex(std::max(0, Cmb_Field->findData("Txt_L")));
   auto edit = [this](const char* name) {
     auto* e = new QLineEdit(this);
     e->setObjectName(name);
@@ -147,7 +182,14 @@ void Frm_Sweep::After_Translate() {
   Draw();
 }
 
-std::string Frm_Sweep::Field() const { return Cmb_Field->currentText().toStdString(); }
+std::string Frm_Sweep::Field() const { return Cmb_Field->currentData().toString().toStdString(); }
+
+std::string Frm_Sweep::Axis_Of(const std::string& field) const {
+  const QString caption = Field_Caption(parentWidget(), field);
+  const std::string unit = Cp1252_To_Utf8(Field_Unit(project_, field));
+  const std::string name = caption.isEmpty() ? field : caption.toStdString();
+  return unit.empty() ? name : name + " (" + unit + ")";
+}
 
 void Frm_Sweep::Field_Changed() {
   // the range starts from the field's value in the project
@@ -233,10 +275,8 @@ void Frm_Sweep::Poll() {
 
 void Frm_Sweep::Draw() {
   Surface& s = Pic_Curve->surface();
-  const std::string unitF = Field_Unit(project_, field_.empty() ? Field() : field_);
   const std::string unitM = Unit_ItemText(UnitFamily::M, project_.Lst_Unit_M);
-  Draw_SweepPlot(s, points_, Cp1252_To_Utf8(Axis_Label(field_.empty() ? Field() : field_, unitF)),
-                 Cp1252_To_Utf8(Axis_Label("Mcr", unitM)));
+  Draw_SweepPlot(s, points_, Axis_Of(field_.empty() ? Field() : field_), Cp1252_To_Utf8(Axis_Label("Mcr", unitM)));
 }
 
 std::string Frm_Sweep::Csv() const {
@@ -261,7 +301,7 @@ void Frm_Sweep::Save() {
   bool ok = false;
   if (Has_Extension(file, ".svg") || Has_Extension(file, ".png")) {
     const std::string unitM = Unit_ItemText(UnitFamily::M, project_.Lst_Unit_M);
-    const std::string xl = Cp1252_To_Utf8(Axis_Label(field_, Field_Unit(project_, field_)));
+    const std::string xl = Axis_Of(field_);
     const std::string yl = Cp1252_To_Utf8(Axis_Label("Mcr", unitM));
     if (Has_Extension(file, ".svg")) {
       SvgWriter svg(SweepPlot_Width, SweepPlot_Height);

@@ -72,6 +72,8 @@ class Frm_Sweep : public QDialog {
   void Save();
   void Update_Commands();
   std::string Field() const;
+  // the label of the curve's horizontal axis: the field's caption and unit
+  std::string Axis_Of(const std::string& field) const;
 
   BeamModel project_;
   std::vector<SweepPoint> points_;
