@@ -533,22 +533,6 @@ std::string Name_Key(const std::string& name) {
   return k;
 }
 
-// Edits (insert, delete, replace) from a to b.
-size_t Edit_Distance(const std::string& a, const std::string& b) {
-  std::vector<size_t> d(b.size() + 1);
-  for (size_t j = 0; j <= b.size(); ++j) d[j] = j;
-  for (size_t i = 1; i <= a.size(); ++i) {
-    size_t diag = d[0];
-    d[0] = i;
-    for (size_t j = 1; j <= b.size(); ++j) {
-      const size_t up = d[j];
-      d[j] = std::min({d[j] + 1, d[j - 1] + 1, diag + (a[i - 1] == b[j - 1] ? 0 : 1)});
-      diag = up;
-    }
-  }
-  return d[b.size()];
-}
-
 int Command_Section(const std::string& fullName) {
   std::vector<Catalogue_Entry> all;
   std::string error;

@@ -399,4 +399,22 @@ void Keep_Freed_Memory() {
 const char* Version_Text() { return ZARVEK_VERSION; }
 const char* Program_Name() { return "Zarvek"; }
 
+size_t Edit_Distance(std::string_view a, std::string_view b, bool ignoreCase) {
+  auto same = [ignoreCase](char x, char y) {
+    return ignoreCase ? std::tolower((unsigned char)x) == std::tolower((unsigned char)y) : x == y;
+  };
+  std::vector<size_t> d(b.size() + 1);
+  for (size_t j = 0; j <= b.size(); ++j) d[j] = j;
+  for (size_t i = 1; i <= a.size(); ++i) {
+    size_t diag = d[0];
+    d[0] = i;
+    for (size_t j = 1; j <= b.size(); ++j) {
+      const size_t up = d[j];
+      d[j] = std::min({d[j] + 1, d[j - 1] + 1, diag + (same(a[i - 1], b[j - 1]) ? 0 : 1)});
+      diag = up;
+    }
+  }
+  return d[b.size()];
+}
+
 }  // namespace zarvek

@@ -63,6 +63,10 @@ bool File_Exists(const std::string& name);
 
 std::string Trim(std::string_view s);
 std::string Upper(std::string_view s);
+
+// Edits (insert, delete, replace) from a to b; letters compared without case
+// when asked. How near a mistyped name is to the names it may have meant.
+size_t Edit_Distance(std::string_view a, std::string_view b, bool ignoreCase = false);
 // Case-insensitive test of a file name's ending (".ZVK", ".DAT" ...).
 bool Has_Extension(std::string_view name, std::string_view ext);
 

@@ -1,4 +1,5 @@
 #include "model/DataEntry.h"
+#include "section/Catalogue.h"
 
 #include <algorithm>
 #include <cmath>
@@ -329,6 +330,19 @@ ChangeEffects Tab_Dim_Change(BeamModel& m, int t) {
   }
   m.File_Loading = false;
   return e;
+}
+
+void Take_CatalogueSection(BeamModel& m, const SectionTransfer& t) {
+  m.Cat_h = t.dims.Cat_h;
+  m.Cat_b = t.dims.Cat_b;
+  m.Cat_tf = t.dims.Cat_tf;
+  m.Cat_tw = t.dims.Cat_tw;
+  m.Cat_r = t.dims.Cat_r;
+  m.Txt_Iz[1] = t.Iz;
+  m.Txt_It[1] = t.It;
+  m.Txt_Iw[1] = t.Iw;
+  m.Txt_Betaz[1] = t.Betaz;
+  m.Lbl_SelectedProfile = t.SelectedProfile;
 }
 
 }  // namespace zarvek

@@ -81,6 +81,12 @@ DimensionsResult Cmd_Dimensions(BeamModel& m);
 // when the dimensions give no section.
 bool Refresh_SectionProps(BeamModel& m);
 
+// The catalogue section chosen, on the record as the catalogue window hands
+// it over: the five dimensions, slot 1 of Iz, It, Iw and Betaz, and the
+// profile's caption. The route is the caller's to choose.
+struct SectionTransfer;
+void Take_CatalogueSection(BeamModel& m, const SectionTransfer& t);
+
 // Reads the dimension fields into cm.
 SectionDims Dimensions_Of(const BeamModel& m);
 

@@ -70,27 +70,10 @@ void Load_Texts() {
 
 std::string Utf8(const std::string& cp1252) { return Cp1252_To_Utf8(cp1252); }
 
-// Edits from a to b, letters compared without case.
-size_t Distance(const std::string& a, const std::string& b) {
-  std::vector<size_t> d(b.size() + 1);
-  for (size_t j = 0; j <= b.size(); ++j) d[j] = j;
-  for (size_t i = 1; i <= a.size(); ++i) {
-    size_t diag = d[0];
-    d[0] = i;
-    for (size_t j = 1; j <= b.size(); ++j) {
-      const size_t up = d[j];
-      const bool same = std::tolower((unsigned char)a[i - 1]) == std::tolower((unsigned char)b[j - 1]);
-      d[j] = std::min({d[j] + 1, d[j - 1] + 1, diag + (same ? 0 : 1)});
-      diag = up;
-    }
-  }
-  return d[b.size()];
-}
-
 // The three names of the table nearest to a wrong one.
 std::string Nearest_Fields(const std::string& name) {
   std::vector<std::pair<size_t, std::string>> all;
-  for (const FieldDef& f : Field_Table()) all.push_back({Distance(name, f.name), f.name});
+  for (const FieldDef& f : Field_Table()) all.push_back({Edit_Distance(name, f.name, true), f.name});
   std::stable_sort(all.begin(), all.end(), [](const auto& x, const auto& y) { return x.first < y.first; });
   std::string t;
   for (size_t i = 0; i < all.size() && i < 3; ++i) t += (i ? ", " : "") + all[i].second;
@@ -297,7 +280,7 @@ std::pair<std::string, SectionRecord> Find_Section(const std::string& name) {
     for (const auto& rec : recs) {
       const std::string full = sname + " " + rec.name;
       if (key(full) == wanted) return {sname, rec};
-      const size_t dist = Distance(wanted, key(full));
+      const size_t dist = Edit_Distance(wanted, key(full), true);
       if (dist < best) best = dist, nearest = full;
     }
   }
@@ -323,16 +306,7 @@ void Use_Section(Project& p, const std::string& name) {
   const auto [series, rec] = Find_Section(name);
   BeamModel& m = p.m;
   const SectionTransfer t = Transfer_Section(Calculer_SectionI(rec), series, m.Fact_Izt, m.Fact_Iw);
-  m.Cat_h = t.dims.Cat_h;
-  m.Cat_b = t.dims.Cat_b;
-  m.Cat_tf = t.dims.Cat_tf;
-  m.Cat_tw = t.dims.Cat_tw;
-  m.Cat_r = t.dims.Cat_r;
-  m.Txt_Iz[1] = t.Iz;
-  m.Txt_It[1] = t.It;
-  m.Txt_Iw[1] = t.Iw;
-  m.Txt_Betaz[1] = t.Betaz;
-  m.Lbl_SelectedProfile = t.SelectedProfile;
+  Take_CatalogueSection(m, t);
   m.Opt_Catalogue = true;
   m.Opt_Dimensions = m.Opt_Properties = false;
   Data_Changed(m, "Opt_Catalogue");

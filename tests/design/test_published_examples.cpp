@@ -49,16 +49,7 @@ void Rolled(BeamModel& m, const std::string& series, const std::string& name, fl
   const SectionTransfer t = Transfer_Section(Calculer_SectionI(rec), series, m.Fact_Izt, m.Fact_Iw);
   m.Opt_Catalogue = true;
   m.Opt_Dimensions = m.Opt_Properties = false;
-  m.Cat_h = t.dims.Cat_h;
-  m.Cat_b = t.dims.Cat_b;
-  m.Cat_tf = t.dims.Cat_tf;
-  m.Cat_tw = t.dims.Cat_tw;
-  m.Cat_r = t.dims.Cat_r;
-  m.Txt_Iz[1] = t.Iz;
-  m.Txt_It[1] = t.It;
-  m.Txt_Iw[1] = t.Iw;
-  m.Txt_Betaz[1] = t.Betaz;
-  m.Lbl_SelectedProfile = t.SelectedProfile;
+  Take_CatalogueSection(m, t);
 }
 
 // The three examples as projects.

@@ -15,6 +15,7 @@
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
 #include "foundation/qt/Translate_Form.h"
+#include "model/DataEntry.h"
 #include "tools/Help.h"
 #include "tools/qt/Frm_Help.h"
 
@@ -181,16 +182,7 @@ void Frm_Section::Transfer_Section() {
   if (!s || Lst_SectionNumber->currentRow() < 0) return;
   const SectionTransfer t =
       zarvek::Transfer_Section(result_, s->text().toStdString(), model_.Fact_Izt, model_.Fact_Iw);
-  model_.Cat_h = t.dims.Cat_h;
-  model_.Cat_b = t.dims.Cat_b;
-  model_.Cat_tf = t.dims.Cat_tf;
-  model_.Cat_tw = t.dims.Cat_tw;
-  model_.Cat_r = t.dims.Cat_r;
-  model_.Txt_Iz[1] = t.Iz;
-  model_.Txt_It[1] = t.It;
-  model_.Txt_Iw[1] = t.Iw;
-  model_.Txt_Betaz[1] = t.Betaz;
-  model_.Lbl_SelectedProfile = t.SelectedProfile;
+  Take_CatalogueSection(model_, t);
   emit sectionTransferred();
   accept();
 }
