@@ -1,3 +1,4 @@
+#include <cstring>
 #include "design/DesignModel.h"
 
 #include <cmath>
@@ -47,6 +48,20 @@ Single Single_Load(const BeamModel& m, int& index) {
   return Single::None;
 }
 
+// The shape's end conditions in the loaded language: the shape is kept in
+// the result as a neutral name, so that a change of language after the solve
+// still shows it in the new one.
+std::string Shape_Text(const std::string& shape) {
+  static const std::pair<const char*, const char*> ends[] = {
+      {"fixed-pinned", "Design_FixedPinned"}, {"pinned", "Design_Pinned"}, {"fixed", "Design_Fixed"}};
+  for (const auto& [word, key] : ends) {
+    const std::string tail = std::string(", ") + word;
+    if (shape.size() > tail.size() && shape.compare(shape.size() - tail.size(), tail.size(), tail) == 0)
+      return shape.substr(0, shape.size() - std::strlen(word)) + T(key, word);
+  }
+  return shape;
+}
+
 }  // namespace
 
 double Table66_Kc(const BeamModel& m, std::string& shape) {
@@ -67,7 +82,7 @@ double Table66_Kc(const BeamModel& m, std::string& shape) {
       const double big = std::fabs(a) >= std::fabs(b) ? a : b, small = std::fabs(a) >= std::fabs(b) ? b : a;
       if (big == 0) return 0;
       const double psi = small / big;
-      shape = "psi = " + Fixed(psi, 3);
+      shape = "\u03c8 = " + Fixed(psi, 3);
       return Kc_Linear(psi);
     }
     case Single::Force: {
@@ -304,7 +319,7 @@ std::vector<DesignLine> Design_Lines(const DesignRun& d, const BeamModel& m) {
       add("C1 = Mcr,sc / Mcr,0", d.C1Failed ? "-" : Fixed(d.input.C1, 3));
     }
     if (r.stop == LtbStop::NoKc) return out;
-    add(r.kcShape.empty() ? "kc = 1/\u221aC1" : T("Design_kcTable", "kc (Table 6.6: ") + r.kcShape + ")",
+    add(r.kcShape.empty() ? "kc = 1/\u221aC1" : T("Design_kcTable", "kc, Table 6.6") + " (" + Shape_Text(r.kcShape) + ")",
         Fixed(r.kc, 3));
     add("f", Fixed(r.f, 3));
     add("\u03c7LT,mod", Fixed(r.chiLTmod, 3));
