@@ -1,6 +1,8 @@
 // Problems built in memory for the solver tests, written to a scratch folder.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cmath>
 #include <fstream>
 #include <functional>
@@ -54,19 +56,26 @@ inline SolverResult Read_File(const std::string& path) {
   return r;
 }
 
+// A refusal: its status and text, and mucr left as passed.
+inline void Expect_Refused(const SolverResult& r, int status, const std::string& text, const std::string& what) {
+  EXPECT_EQ(r.Solve_Status, status) << what;
+  EXPECT_EQ(r.Error_Text, text) << what;
+  EXPECT_EQ(r.mucr, 42) << what;
+}
+
 struct Solved {
   SolverResult res;
   double Mcr_kNcm() const { return res.mucr * std::fabs(res.Mmax) / 100.0; }
 };
 
+// A solve that must succeed.
 inline Solved Solve(const ProblemData& p, int method, double tol = 1e-6, int nbiter = 100,
                     bool reference = false) {
   Solved s;
   SolveControl ctl;
-  ctl.Tol = tol;
-  ctl.NbIter = nbiter;
-  ctl.Reference = reference;
+  ctl.Tol = tol, ctl.NbIter = nbiter, ctl.Reference = reference;
   Solve_Problem(Write(p), method, s.res, ctl);
+  EXPECT_EQ(s.res.Solve_Status, 0) << s.res.Error_Text;
   return s;
 }
 

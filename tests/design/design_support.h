@@ -1,0 +1,55 @@
+// Beams of the design tests: catalogue sections and loads entered as the
+// windows enter them, the project files of the examples, the closed form of Mcr.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+#include "analysis/Proceed.h"
+#include "design/DesignModel.h"
+#include "model/DataEntry.h"
+#include "model/ProjectFile.h"
+#include "section/Catalogue.h"
+#include "section/Mod_Section.h"
+
+namespace zarvek::test {
+
+constexpr double kNm = 1e4;  // daN.cm in one kN.m
+
+// A rolled section on the record as the catalogue window hands it over (cm).
+inline void Catalogue(BeamModel& m, const std::string& series, const std::string& name, float h, float b,
+                      float tw, float tf, float r) {
+  const SectionTransfer t = Transfer_Section(Calculer_SectionI({name, h, b, tf, tw, r}), series, m.Fact_Izt, m.Fact_Iw);
+  m.Opt_Catalogue = true, m.Opt_Dimensions = m.Opt_Properties = false;
+  Take_CatalogueSection(m, t);
+}
+
+// A uniform load q (kN/m, downward) over the whole span at height z (cm).
+inline void Udl(BeamModel& m, const std::string& q, const std::string& z = "0") {
+  m.Chk_q1 = true;
+  m.Txt_q11 = m.Txt_q12 = "-" + q, m.Txt_xq11 = "0", m.Txt_xq12 = "1", m.Txt_zq1 = z;
+}
+
+// A project of tests/design/<dir> as the program opens it.
+inline std::string Project_Path(const std::string& dir, const std::string& name) {
+  return std::string(ZARVEK_SOURCE_DIR) + "/tests/design/" + dir + "/" + name;
+}
+inline BeamModel Read_Project(const std::string& file) {
+  BeamModel m;
+  Init_Default(m, "/tmp");
+  EXPECT_TRUE(Read_FileDAT(m, file, "/tmp").ok) << file;
+  return m;
+}
+
+// Mcr (kN.m) of a fork-supported span by the three-factor formula
+// (Single-Storey Steel Buildings, Part 4, C.1.1) with k = kw = 1: C1 pi^2 E Iz / L^2 (sqrt(Iw/Iz + L^2 G It / (pi^2 E Iz) +
+// (C2 zg)^2) - C2 zg). E 210000 MPa; Iz, It cm4, Iw cm6, L m, zg cm, G MPa.
+inline double Mcr_Formula(double C1, double C2zg, double Iz, double It, double Iw, double L, double G) {
+  const double E = 21000, Gc = G / 10, Lc = L * 100, pi2 = M_PI * M_PI;
+  const double Nz = pi2 * E * Iz / (Lc * Lc);
+  return C1 * Nz * (std::sqrt(Iw / Iz + Lc * Lc * Gc * It / (pi2 * E * Iz) + C2zg * C2zg) - C2zg) / 100;
+}
+
+}  // namespace zarvek::test
