@@ -1,5 +1,6 @@
 // Reading problem files: every refusal has its status, and nothing a file
 // holds can crash the reader.
+#include <algorithm>
 #include <fstream>
 #include <limits>
 
@@ -120,15 +121,11 @@ TEST(ProblemFile, BrokenFilesEndInTheReadingStatus) {
 TEST(ProblemFile, LayoutFreedomsOfTheReader) {
   const std::string good = Text(Beam());
   // labels say what they like; commas separate as well as blanks; CR LF
-  std::string t = good;
-  t.replace(t.find("Units : daN cm"), 14, "whatever text");
-  EXPECT_EQ(Read_Text(t).Solve_Status, 0);
-  std::string commas = good, crlf;
-  for (auto& c : commas)
-    if (c == ' ') c = ',';
-  EXPECT_EQ(Read_Text(commas).Solve_Status, 0);
+  std::string labels = good, commas = good, crlf;
+  labels.replace(labels.find("Units : daN cm"), 14, "whatever text");
+  std::replace(commas.begin(), commas.end(), ' ', ',');
   for (char c : good) crlf += c == '\n' ? std::string("\r\n") : std::string(1, c);
-  EXPECT_EQ(Read_Text(crlf).Solve_Status, 0);
+  for (const std::string& t : {labels, commas, crlf}) EXPECT_EQ(Read_Text(t).Solve_Status, 0) << t.substr(0, 80);
 }
 
 // The old files, written with a fixed number of decimals, still read: the
@@ -162,9 +159,7 @@ TEST(ProblemFile, OldFixedDecimalsReadAsTheNewDigits) {
 // of its value: a rigid code is -1, a fixed degree of the beam model 1E+30.
 TEST(ProblemFile, WrittenNumbersKeepTheirColumnsAndTheirDigits) {
   ProblemData p = Beam();
-  p.Rvp[1] = -1;
-  p.L[1] = 201.0 / 200;
-  p.It[1] = 0.692;
+  p.Rvp[1] = -1, p.L[1] = 201.0 / 200, p.It[1] = 0.692;
   p.Iw[1] = 2345678.9;    // 9 digits as given: read back as the same float
   p.Iw[2] = 1.0 / 3.0;    // computed: the 9 digits of its float
   p.Rv[2] = 12345678.125; // a double field keeps every digit
