@@ -5,7 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <fstream>
+#include <iterator>
 #include <string>
+#include <unistd.h>
 
 #include "analysis/Proceed.h"
 #include "design/DesignModel.h"
@@ -50,6 +53,48 @@ inline double Mcr_Formula(double C1, double C2zg, double Iz, double It, double I
   const double E = 21000, Gc = G / 10, Lc = L * 100, pi2 = M_PI * M_PI;
   const double Nz = pi2 * E * Iz / (Lc * Lc);
   return C1 * Nz * (std::sqrt(Iw / Iz + Lc * Lc * Gc * It / (pi2 * E * Iz) + C2zg * C2zg) - C2zg) / 100;
+}
+
+inline std::string Read_Text(const std::string& file) {
+  std::ifstream in(file, std::ios::binary);
+  return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+}
+
+// A project solved as Proceed solves it (Mcr in kN.m), then its design check;
+// `checked`: the check must reach its figures.
+struct Solved {
+  BeamModel m;
+  EffortsData e;
+  double Mcr = 0;
+  DesignRun d;
+};
+inline Solved Solve(const BeamModel& m, bool checked = false) {
+  Solved s;
+  s.m = m;
+  SolveControl ctl;
+  const std::string file = ::testing::TempDir() + "zarvek-design-" + std::to_string(::getpid()) + ".ZVK";
+  const ProceedResult p = Proceed(s.m, file, ctl);
+  EXPECT_EQ(p.Solve_Status, 0) << p.Message;
+  s.e = p.Efforts, s.Mcr = p.Solver.mucr * std::fabs((double)p.Efforts.Efforts_Mmax) / kNm;
+  // the further solves of C1 leave the problem file of the beam as it was
+  const std::string written = Read_Text(file);
+  s.d = Run_Design(s.m, s.e, s.Mcr * kNm, ctl);
+  EXPECT_EQ(Read_Text(file), written);
+  if (checked) {
+    EXPECT_EQ(s.d.result.stop, LtbStop::None) << Design_Note(s.d);
+  }
+  return s;
+}
+
+// C1 of the program: Mcr with the loads at the shear centre over Mcr under a
+// uniform moment of the same beam. The uniform moment is given the size of
+// MEd (not the unit moment of Model_UniformMoment), so that its critical
+// factor stays within the solver's bracket of 1000.
+inline double Program_C1(const Solved& s) {
+  const double Mmax = s.e.Efforts_Mmax, M = std::fabs(Mmax) / s.m.Fact_M;
+  BeamModel u = Model_UniformMoment(s.m, Mmax);
+  u.Txt_M1 = std::to_string(Mmax >= 0 ? -M : M), u.Txt_M2 = std::to_string(Mmax >= 0 ? M : -M);
+  return Solve(Model_LoadsAtShearCentre(s.m)).Mcr / Solve(u).Mcr;
 }
 
 }  // namespace zarvek::test
