@@ -68,15 +68,18 @@ struct Solved {
   double Mcr_kNcm() const { return res.mucr * std::fabs(res.Mmax) / 100.0; }
 };
 
-// A solve that must succeed.
-inline Solved Solve(const ProblemData& p, int method, double tol = 1e-6, int nbiter = 100,
-                    bool reference = false) {
+// A solve that must succeed, of a problem file or of a problem.
+inline Solved Solve_File(const std::string& path, int method, double tol = 1e-6, int nbiter = 100,
+                         bool reference = false) {
   Solved s;
   SolveControl ctl;
   ctl.Tol = tol, ctl.NbIter = nbiter, ctl.Reference = reference;
-  Solve_Problem(Write(p), method, s.res, ctl);
+  Solve_Problem(path, method, s.res, ctl);
   EXPECT_EQ(s.res.Solve_Status, 0) << s.res.Error_Text;
   return s;
+}
+inline Solved Solve(const ProblemData& p, int method, double tol = 1e-6, int nbiter = 100, bool reference = false) {
+  return Solve_File(Write(p), method, tol, nbiter, reference);
 }
 
 // Element end moments from a moment function of x (cm), in daN.cm.

@@ -1,7 +1,5 @@
 // The critical moments the solver finds, checked against closed forms and
 // the published moment factors of lateral-torsional buckling.
-#include <gtest/gtest.h>
-
 #include "solver_support.h"
 
 using namespace zarvek;
