@@ -24,7 +24,8 @@ constexpr double kNm = 1e4;  // daN.cm in one kN.m
 // A rolled section on the record as the catalogue window hands it over (cm).
 inline void Catalogue(BeamModel& m, const std::string& series, const std::string& name, float h, float b,
                       float tw, float tf, float r) {
-  const SectionTransfer t = Transfer_Section(Calculer_SectionI({name, h, b, tf, tw, r}), series, m.Fact_Izt, m.Fact_Iw);
+  const SectionI s = Calculer_SectionI({name, h, b, tf, tw, r});
+  const SectionTransfer t = Transfer_Section(s, series, m.Fact_Izt, m.Fact_Iw);
   m.Opt_Catalogue = true, m.Opt_Dimensions = m.Opt_Properties = false;
   Take_CatalogueSection(m, t);
 }
@@ -47,8 +48,9 @@ inline BeamModel Read_Project(const std::string& file) {
 }
 
 // Mcr (kN.m) of a fork-supported span by the three-factor formula
-// (Single-Storey Steel Buildings, Part 4, C.1.1) with k = kw = 1: C1 pi^2 E Iz / L^2 (sqrt(Iw/Iz + L^2 G It / (pi^2 E Iz) +
-// (C2 zg)^2) - C2 zg). E 210000 MPa; Iz, It cm4, Iw cm6, L m, zg cm, G MPa.
+// (Single-Storey Steel Buildings, Part 4, C.1.1) with k = kw = 1:
+// C1 pi^2 E Iz / L^2 (sqrt(Iw/Iz + L^2 G It / (pi^2 E Iz) + (C2 zg)^2) - C2 zg).
+// E 210000 MPa; Iz, It cm4, Iw cm6, L m, zg cm, G MPa.
 inline double Mcr_Formula(double C1, double C2zg, double Iz, double It, double Iw, double L, double G) {
   const double E = 21000, Gc = G / 10, Lc = L * 100, pi2 = M_PI * M_PI;
   const double Nz = pi2 * E * Iz / (Lc * Lc);

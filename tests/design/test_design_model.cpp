@@ -76,7 +76,8 @@ LtbResult Expect_Hand(const Solved& s, const Hand& h) {
   const LtbResult r = Ltb_Check(in);
   EXPECT_EQ(r.stop, LtbStop::None);
   EXPECT_EQ(r.curve, h.curve);
-  const double got[] = {r.lambdaLT, r.phiLT, r.chiLT, r.f, r.chiLTmod}, want[] = {h.lambda, h.phi, h.chi, h.f, h.chimod};
+  const double got[] = {r.lambdaLT, r.phiLT, r.chiLT, r.f, r.chiLTmod};
+  const double want[] = {h.lambda, h.phi, h.chi, h.f, h.chimod};
   for (int i = 0; i < 5; ++i) EXPECT_NEAR(got[i], want[i], 0.0005) << "lambda, Phi, chi, f, chi,mod: " << i;
   EXPECT_NEAR(r.MbRd / kNm, h.MbRd, 1e-3 * h.MbRd);
   return r;
@@ -88,7 +89,8 @@ LtbResult Expect_Hand(const Solved& s, const Hand& h) {
 // here (so the files are what the tests describe), and solving it gives the
 // closed-form Mcr of its section table within the table's It and Iw.
 TEST(DesignExamples, ProjectFilesAreTheExamples) {
-  for (int n = 1; n <= 5; ++n) EXPECT_EQ(Project_Text(Read_Project(Example_File(n))), Project_Text(Example(n))) << n;
+  for (int n = 1; n <= 5; ++n)
+    EXPECT_EQ(Project_Text(Read_Project(Example_File(n))), Project_Text(Example(n))) << Example_File(n);
 }
 
 // Example 1: IPE 300 (Iz 603.8 cm4, It 20.12 cm4, Iw 125.9e3 cm6, Wpl,y
@@ -253,8 +255,8 @@ TEST(DesignModel, TrailerRoundTrip) {
   const std::string file = ::testing::TempDir() + "zarvek-design-" + std::to_string(::getpid()) + ".DAT";
   ASSERT_TRUE(Save_FileDAT(m, file));
   BeamModel r = Read_Project(file);
-  EXPECT_EQ(std::tuple(r.Lst_Grade, Num_Of_Text(r.Txt_fy), Num_Of_Text(r.Txt_GammaM1), r.Lst_LtbMethod, r.Chk_fmod),
-            std::tuple(Grade_Typed, 312.5, 1.1, 2, false));
+  EXPECT_EQ(std::tuple(r.Lst_Grade, Num_Of_Text(r.Txt_fy), Num_Of_Text(r.Txt_GammaM1), r.Lst_LtbMethod,
+                       r.Chk_fmod), std::tuple(Grade_Typed, 312.5, 1.1, 2, false));
   EXPECT_TRUE(r.Chk_Welded);
   ASSERT_TRUE(Save_FileDAT(New_Model(), file));
   r.Lst_Grade = 0;

@@ -138,7 +138,8 @@ TEST(PublishedExamples, Ipe330LoadOnTopFlange) {
   // p. 4-59: c/tf = 58.25/11.5 = 5.07, c/tw = 271/7.5 = 36.1, class 1
   const DesignRun d = Check(m, 5.07, 36.1, 0.005);
   EXPECT_NEAR(d.result.MEd / kNm, 90.48, 0.005);
-  EXPECT_EQ(std::tuple(d.result.curve, d.result.kc), std::tuple('c', 0.94));  // kc: Table 6.6, uniform load, pinned ends
+  // kc: Table 6.6, uniform load, pinned ends
+  EXPECT_EQ(std::tuple(d.result.curve, d.result.kc), std::tuple('c', 0.94));
   EXPECT_NEAR(d.result.lambdaLT, 1.288, 0.006);  // the program's own Mcr
   EXPECT_NEAR(d.result.chiLT, 0.480, 0.003);
 

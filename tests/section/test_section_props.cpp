@@ -93,7 +93,8 @@ TEST(SectionMono, WiderTopFlangeByHand) {
 TEST(SectionMono, PlasticAxisInEitherFlange) {
   // The big flange holds more than half the area: the plastic axis lies in
   // it, on top in the first case and at the bottom in its mirror image.
-  const SectionProps a = Compute(D{40, 40, 3.0, 1.0, 10, 1.0, 0.5, 0.8}), b = Compute(D{40, 10, 1.0, 0.5, 40, 3.0, 1.0, 0.8});
+  const SectionProps a = Compute(D{40, 40, 3.0, 1.0, 10, 1.0, 0.5, 0.8});
+  const SectionProps b = Compute(D{40, 10, 1.0, 0.5, 40, 3.0, 1.0, 0.8});
   EXPECT_NEAR(a.Wply, b.Wply, 1e-7 * a.Wply);
   EXPECT_NEAR(a.Wely_Top, b.Wely_Bottom, 1e-7 * a.Wely_Top);
   // Without fillets, by hand: axis 79.4 / 40 = 1.985 below the top.
@@ -105,7 +106,8 @@ TEST(SectionTorsion, RectanglesAndRolledSections) {
   // b/a = 1, 1.5, 2, 3, 5, 10 and a thin strip.
   const double ratio[] = {1, 1.5, 2, 3, 5, 10, 1000};
   const double beta[] = {0.141, 0.196, 0.229, 0.263, 0.291, 0.312, 1.0 / 3};
-  for (int i = 0; i < 7; ++i) EXPECT_NEAR(Calculer_ItRect(2, 2 * ratio[i]) / (beta[i] * 16 * ratio[i]), 1, 0.005) << i;
+  for (int i = 0; i < 7; ++i)
+    EXPECT_NEAR(Calculer_ItRect(2, 2 * ratio[i]) / (beta[i] * 16 * ratio[i]), 1, 0.005) << ratio[i];
   // Tabulated It: IPE 300 20.12, HEB 300 185.0 cm4; method 3, with its
   // fillet term, within 0.5 %, the others within 3 %.
   for (int m : {1, 2, 3, 4})
@@ -173,7 +175,9 @@ TEST_F(Catalogue, BuiltFromTheTableListedByAreaAndComputed) {
   EXPECT_EQ(series, (std::vector<std::string>{"IPE", "HEA", "HEB", "HEM", "UB", "UC"}));
   const size_t rows[] = {18, 24, 24, 24, 125, 60};  // rows of the table per series
   // the area of an I with four root fillets: 2 b tf + (h - 2 tf) tw + (4 - pi) r^2
-  auto area = [](const SectionRecord& s) { return 2.0 * s.b * s.tf + (s.h - 2.0 * s.tf) * s.tw + (4 - M_PI) * s.r * s.r; };
+  auto area = [](const SectionRecord& s) {
+    return 2.0 * s.b * s.tf + (s.h - 2.0 * s.tf) * s.tw + (4 - M_PI) * s.r * s.r;
+  };
   for (size_t k = 0; k < series.size(); ++k) {
     std::vector<SectionRecord> list;
     ASSERT_TRUE(Load_SerieNumbers(db, series[k], list));

@@ -78,7 +78,8 @@ inline Solved Solve_File(const std::string& path, int method, double tol = 1e-6,
   EXPECT_EQ(s.res.Solve_Status, 0) << s.res.Error_Text;
   return s;
 }
-inline Solved Solve(const ProblemData& p, int method, double tol = 1e-6, int nbiter = 100, bool reference = false) {
+inline Solved Solve(const ProblemData& p, int method, double tol = 1e-6, int nbiter = 100,
+                    bool reference = false) {
   return Solve_File(Write(p), method, tol, nbiter, reference);
 }
 

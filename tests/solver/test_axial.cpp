@@ -111,8 +111,6 @@ TEST(Axial, WithoutForceTheFactorIsTodaysToTheLastBit) {
   }
 }
 
-// ------------------------------------------------------------ the file block
-
 const char* const Malformed = "The axial force block is malformed.";
 
 SolverResult Read_Text(const std::string& text) {
@@ -163,7 +161,8 @@ TEST(AxialBlock, MalformedBlocksHaveTheirOwnStatusAndMessage) {
   // without moment and without force nothing loads the beam: refused with
   // the message that says so
   Set_Further_Text("No_Load", "Nothing loads the beam.");
-  Expect_Refused(Read_Text(Problem_Text(Beam(s, 0, 0), ProblemLabels::Proceed)), 112, "Nothing loads the beam.", "no load");
+  const std::string none = Problem_Text(Beam(s, 0, 0), ProblemLabels::Proceed);
+  Expect_Refused(Read_Text(none), 112, "Nothing loads the beam.", "no load");
 }
 
 }  // namespace

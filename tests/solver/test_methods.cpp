@@ -41,8 +41,9 @@ TEST(ElementMatrices, LoadHeightTermsOfPointAndSpanLoads) {
   // t1,t1, t2,t2, t1,t2, w2,w2 (L^2/105) and t1,w1, which keeps its reversed
   // primitive: the opposite of 11 L/210
   const double qzL = -2 * 15 * 10;
-  const struct { int i, j; double want, tol; } entries[] = {{2, 2, 13.0 / 35 * qzL, 1e-4}, {6, 6, 13.0 / 35 * qzL, 1e-4},
-      {2, 6, 9.0 / 70 * qzL, 1e-4}, {8, 8, qzL * 100 / 105, 1e-3}, {2, 4, -11.0 * 10 / 210 * qzL, 1e-3}};
+  const struct { int i, j; double want, tol; } entries[] = {
+      {2, 2, 13.0 / 35 * qzL, 1e-4}, {6, 6, 13.0 / 35 * qzL, 1e-4}, {2, 6, 9.0 / 70 * qzL, 1e-4},
+      {8, 8, qzL * 100 / 105, 1e-3}, {2, 4, -11.0 * 10 / 210 * qzL, 1e-3}};
   for (const auto& e : entries) EXPECT_NEAR(Kg[Packed_Index(e.i, e.j)], e.want, e.tol) << e.i << "," << e.j;
   // a span part of zero length adds nothing
   x2[1] = 0;
@@ -53,8 +54,9 @@ TEST(ElementMatrices, LoadHeightTermsOfPointAndSpanLoads) {
 class Methods : public ::testing::Test {
  protected:
   void SetUp() override {
-    for (auto [n, text] : {std::pair{42, "no critical factor below 1000"}, {44, "iteration limit"}, {82, "not stable"}})
-      Set_Msg(n, text);
+    Set_Msg(42, "no critical factor below 1000");
+    Set_Msg(44, "iteration limit");
+    Set_Msg(82, "not stable");
   }
   static SolverResult Run(const ProblemData& p, int method, SolveControl& ctl) {
     SolverResult r;
@@ -86,7 +88,8 @@ TEST_F(Methods, RefusalsOfEachMethod) {
   EXPECT_NE(n.Error_Text.find("nearly singular"), std::string::npos) << n.Error_Text;
   EXPECT_NE(n.Error_Text.find("Dichotomic process"), std::string::npos) << n.Error_Text;
   // a tiny moment: the critical factor lies far above the bracket
-  refused(Run(Fork_Beam_Uniform_Moment(50, 500.0, 10.0), Method_Dichotomie, ctl), 3, "no critical factor below 1000");
+  refused(Run(Fork_Beam_Uniform_Moment(50, 500.0, 10.0), Method_Dichotomie, ctl), 3,
+          "no critical factor below 1000");
 }
 
 // The iteration limit: the bisection still gives its estimate, the vector
@@ -101,7 +104,8 @@ TEST_F(Methods, TheIterationLimitEndsEachMethodItsOwnWay) {
   SolveControl ctl;
   ctl.Tol = 1e-12, ctl.NbIter = 5;
   SolverResult d = Run(p, Method_Dichotomie, ctl);
-  EXPECT_EQ(std::tuple(d.Solve_Status, d.Error_Text, d.Converged), std::tuple(0, std::string("iteration limit"), false));
+  EXPECT_EQ(std::tuple(d.Solve_Status, d.Error_Text, d.Converged),
+            std::tuple(0, std::string("iteration limit"), false));
   EXPECT_GT(d.mucr, 0);
   EXPECT_EQ(Run(p, Method_Eigen, ctl).Warnings, std::vector<std::string>{"Problem of convergence"});
   std::vector<std::string> boxes;

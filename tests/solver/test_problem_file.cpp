@@ -215,7 +215,9 @@ TEST(ProblemFile, AFieldThatFillsItsWidthStaysApartFromItsNeighbour) {
 // much with 150 elements of 6.667 cm (whose sum in single precision passes
 // 1000 cm by 0.001 cm) as with 100 of 10 cm.
 TEST(ProblemFile, ATipLoadStaysOnTheLastElementOfAnyMesh) {
-  auto mucr = [](int nb, double z) { return Solve(Cantilever(nb, 1000, 1000, Iw, z), Method_Dichotomie).res.mucr; };
+  auto mucr = [](int nb, double z) {
+    return Solve(Cantilever(nb, 1000, 1000, Iw, z), Method_Dichotomie).res.mucr;
+  };
   const double top150 = mucr(150, 15);
   EXPECT_LT(top150, 0.9 * mucr(150, 0));  // a load above the shear centre lowers the factor
   EXPECT_NEAR(top150 / mucr(100, 15), 1.0, 2e-3);

@@ -96,7 +96,8 @@ class TestFrmSection : public QObject {
     m.Lbl_SelectedProfile = "HEA 200", m.Txt_Betaz[1] = "3";
     Frm_Section w(m, start.state.File_Section);
     w.Form_Load();
-    QCOMPARE(w.Lst_SectionSerie->currentItem()->text() + " " + w.Lst_SectionNumber->currentItem()->text(), QString("HEA 200"));
+    QCOMPARE(w.Lst_SectionSerie->currentItem()->text(), QString("HEA"));
+    QCOMPARE(w.Lst_SectionNumber->currentItem()->text(), QString("200"));
     w.Lst_SectionSerie->setCurrentRow(Row_Of(w.Lst_SectionSerie, "IPE"));
     w.Lst_SectionNumber->setCurrentRow(Row_Of(w.Lst_SectionNumber, "300"));
     QCOMPARE(w.Lbl_SectionLabel->text(), QString("IPE 300"));
