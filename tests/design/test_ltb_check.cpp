@@ -80,7 +80,7 @@ TEST(LtbCurves, CurveSelectionByTable) {
 // (uniform moment) gives f = 1 everywhere. Table 6.6 linear diagram:
 // kc = 1/(1.33 - 0.33 psi).
 TEST(LtbCurves, ModificationFactorF) {
-  // at 1.6 the formula would give 1.0084, at 0 1.0196
+  // at 1.6 and at 0 the formula would give 1 + 0.07 x 0.28 = 1.0196
   const struct { double kc, lambda, f, tol; } rows[] = {{0.94, 0.8, 0.97, 1e-15}, {0.77, 0.8, 0.885, 1e-15},
       {0.86, 0.8 + std::sqrt(0.5), 1, 1e-12}, {0.86, 1.6, 1, 0}, {0.86, 0.0, 1, 0}, {1.0, 1.1, 1, 0}};
   for (const auto& r : rows) EXPECT_NEAR(Factor_f(r.kc, r.lambda), r.f, r.tol) << r.kc << " " << r.lambda;
