@@ -71,8 +71,7 @@ TEST(SectionMono, WiderTopFlangeByHand) {
   const double Iz1 = 1000, Iz2 = 1000.0 / 12, hs = 38.75;
   EXPECT_NEAR(p.zC, 0.5 + hs * Iz1 / (Iz1 + Iz2) - 26.03, 0.02);
   double Iy = 0, S = 0;  // over the three plates (width b, from z1 to z2 about G)
-  for (auto [b, z1, z2] :
-       {std::tuple{20.0, 12.47, 13.97}, {0.6, -25.03, 12.47}, {10.0, -26.03, -25.03}}) {
+  for (auto [b, z1, z2] : {std::tuple{20.0, 12.47, 13.97}, {0.6, -25.03, 12.47}, {10.0, -26.03, -25.03}}) {
     Iy += b * (std::pow(z2, 3) - std::pow(z1, 3)) / 3;
     S += std::pow(b, 3) / 24 * (z2 * z2 - z1 * z1) + b * (std::pow(z2, 4) - std::pow(z1, 4)) / 4;
   }
