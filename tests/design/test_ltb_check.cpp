@@ -20,6 +20,12 @@ LtbSection Rolled(double h, double b, double tw, double tf, double r) {
   s.h = h, s.tw = tw, s.b1 = s.b2 = b, s.tf1 = s.tf2 = tf, s.r1 = s.r2 = r;
   return s;
 }
+// The same of welded plates (no fillets).
+LtbSection Welded(double h, double b, double tw, double tf) {
+  LtbSection s = Rolled(h, b, tw, tf, 0);
+  s.welded = true;
+  return s;
+}
 
 // IPE 300 in S235 with the moduli of the section tables (Wpl,y 628.4,
 // Wel,y 557.1 cm3), under 100 kN.m; Mcr that gives the slenderness lambda.
@@ -121,22 +127,17 @@ TEST(LtbSteel, YieldStrengthThicknessSteps) {
 // each class limit belong to the lower class, a hair above to the next one.
 TEST(LtbClass, LimitsOfEachGrade) {
   for (int g = 0; g < Grade_Count; ++g) {
-    const double fy = Grade_fy(g, 10);
-    const double e = std::sqrt(235 / fy);
+    const double fy = Grade_fy(g, 10), e = std::sqrt(235 / fy);
     const double flange[3] = {9 * e, 10 * e, 14 * e}, web[3] = {72 * e, 83 * e, 124 * e};
     for (int k = 0; k < 3; ++k) {
       for (double nudge : {1 - 1e-9, 1 + 1e-9}) {
         // welded plates (no fillets): c = (b - tw)/2 for the flange, web
         // stocky enough to be class 1
-        LtbSection s = Rolled(40, 0, 1.0, 1.0, 0);
-        s.welded = true, s.b1 = s.b2 = 1.0 + 2 * flange[k] * nudge;
-        ClassResult c = Classify_Bending(s, fy, true);
+        ClassResult c = Classify_Bending(Welded(40, 1.0 + 2 * flange[k] * nudge, 1.0, 1.0), fy, true);
         EXPECT_EQ(c.flangeClass, nudge < 1 ? k + 1 : k + 2) << Grade_Name(g) << " flange " << k;
         EXPECT_NEAR(c.flangeLimit[k], flange[k], 1e-12);
         // web c = h - 2 tf with wide, thick flanges
-        LtbSection w = Rolled(2 + web[k] * nudge * 0.5, 10, 0.5, 1.0, 0);
-        w.welded = true;
-        c = Classify_Bending(w, fy, false);
+        c = Classify_Bending(Welded(2 + web[k] * nudge * 0.5, 10, 0.5, 1.0), fy, false);
         EXPECT_EQ(c.webClass, nudge < 1 ? k + 1 : k + 2) << Grade_Name(g) << " web " << k;
       }
     }
@@ -165,9 +166,7 @@ TEST(LtbClass, SectionModuli) {
   EXPECT_NEAR(Wpl, 628.4, 0.5);
   EXPECT_NEAR(Wt, 557.1, 0.5);
   EXPECT_NEAR(Wb, Wt, 1e-9);
-  LtbSection w = Rolled(50, 20, 1.0, 1.6, 0);
-  w.welded = true;
-  Section_Moduli(w, Wpl, Wt, Wb);
+  Section_Moduli(Welded(50, 20, 1.0, 1.6), Wpl, Wt, Wb);
   EXPECT_NEAR(Wpl, 20 * 1.6 * 48.4 + 1.0 * 46.8 * 46.8 / 4, 1e-9);
   EXPECT_NEAR(Wt, (20 * 125000.0 - 19 * std::pow(46.8, 3)) / 12 / 25, 1e-9);
 
