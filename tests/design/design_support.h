@@ -64,12 +64,7 @@ inline std::string Read_Text(const std::string& file) {
 
 // A project solved as Proceed solves it (Mcr in kN.m), then its design check;
 // `checked`: the check must reach its figures.
-struct Solved {
-  BeamModel m;
-  EffortsData e;
-  double Mcr = 0;
-  DesignRun d;
-};
+struct Solved { BeamModel m; EffortsData e; double Mcr = 0; DesignRun d; };
 inline Solved Solve(const BeamModel& m, bool checked = false) {
   Solved s;
   s.m = m;

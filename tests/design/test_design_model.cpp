@@ -61,11 +61,7 @@ BeamModel Example(int n) {
 
 // A hand calculation: the published Mcr (kN.m) and modulus W (cm3) of the
 // section tables, and what follows from them.
-struct Hand {
-  double Mcr, W;
-  char curve;
-  double lambda, phi, chi, f, chimod, MbRd;  // Mb,Rd in kN.m
-};
+struct Hand { double Mcr, W; char curve; double lambda, phi, chi, f, chimod, MbRd; };  // Mb,Rd in kN.m
 
 // The check with Mcr and W given, as the hand calculation takes them; the
 // figures to the last digit quoted, Mb,Rd to 0.1 %.
