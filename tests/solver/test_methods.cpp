@@ -155,18 +155,15 @@ TEST_F(Methods, RestraintHeightsComeBackInTheModeAtTheShearCentre) {
 // The routines that skip what lies outside each column's profile must give
 // exactly the numbers of the plain packed loops.
 TEST_F(Methods, ProfileRoutinesGiveBitIdenticalResults) {
-  std::vector<ProblemData> problems = {Fork_Beam_Uniform_Moment(100, 1000.0, 1e6),
-                                       Fork_Beam_Uniform_Load(150, 900.0, 12.0, 15.0),
-                                       Fork_Beam_Uniform_Moment(60, 600.0, 1e6),
-                                       Fork_Beam_Uniform_Load(80, 800.0, 10.0, -10.0),
-                                       // a small moment: the bracket has to grow to 100 first
-                                       Fork_Beam_Uniform_Moment(50, 500.0, 3e4)};
+  // the last with a small moment: the bracket has to grow to 100 first
+  std::vector<ProblemData> problems = {
+      Fork_Beam_Uniform_Moment(100, 1000.0, 1e6), Fork_Beam_Uniform_Load(150, 900.0, 12.0, 15.0),
+      Fork_Beam_Uniform_Moment(60, 600.0, 1e6), Fork_Beam_Uniform_Load(80, 800.0, 10.0, -10.0),
+      Fork_Beam_Uniform_Moment(50, 500.0, 3e4)};
   ProblemData& p = problems[2];
   Set_Moments(p, [](double x) { return 1e6 * (1 - 1.5 * x / 600); });
-  p.Rv[31] = 3000, p.z[31] = 14;
-  p.Rvp[1] = p.Rtp[61] = -1;
-  p.Betaz[7] = 5;
-  p.Kvp[30] = 0;
+  p.Rv[31] = 3000, p.z[31] = 14, p.Rvp[1] = p.Rtp[61] = -1;
+  p.Betaz[7] = 5, p.Kvp[30] = 0;
   problems[3].Rv[1] = 1e5, problems[3].z[1] = -12;  // lateral spring and a height at the left end
   // the dichotomy also one trial factor per sweep, as without vector lanes
   const int One_Per_Sweep = 3;

@@ -22,8 +22,7 @@ void Expect_Refused(const SolverResult& r, int status, const std::string& what) 
 }
 
 // Replaces text at the start of the first line after `after` that begins with `from`.
-std::string Edit_Line(std::string t, const std::string& after, const std::string& from,
-                      const std::string& to) {
+std::string Edit_Line(std::string t, const std::string& after, const std::string& from, const std::string& to) {
   auto pos = t.find("\n" + from, t.find(after));
   EXPECT_NE(pos, std::string::npos) << from;
   if (pos != std::string::npos) t.replace(pos + 1, from.size(), to);
@@ -42,11 +41,7 @@ ProblemData With_Loads(float xF, float x1, float x2) {
 }
 
 TEST(ProblemFile, EachCheckHasItsStatusAndItsWidenedLimit) {
-  struct Case {
-    const char* what;
-    void (*change)(ProblemData&);
-    int status;  // 0: read
-  } cases[] = {
+  const struct { const char* what; void (*change)(ProblemData&); int status; /* 0: read */ } cases[] = {
       {"E 999", [](ProblemData& p) { p.E = 999, p.G = 300; }, 103},
       {"E 999.95", [](ProblemData& p) { p.E = 999.95, p.G = 400; }, 0},
       {"E 1.0002e7", [](ProblemData& p) { p.E = 1.0002e7, p.G = 3e6; }, 103},
@@ -64,7 +59,7 @@ TEST(ProblemFile, EachCheckHasItsStatusAndItsWidenedLimit) {
       // -1 (written -1.00) is the rigid code, not a negative stiffness
       {"rigid codes", [](ProblemData& p) { p.Kvp[3] = -1, p.Rtp[4] = -1; }, 0},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     ProblemData p = Beam();
     c.change(p);
     if (c.status == 0) EXPECT_EQ(Read(p).Solve_Status, 0) << c.what;
