@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <tuple>
 
 #include "design/LtbCheck.h"
 
@@ -17,6 +18,12 @@ constexpr double kNm = 1e4;  // daN.cm in one kN.m
 LtbSection Rolled(double h, double b, double tw, double tf, double r) {
   LtbSection s;
   s.h = h, s.tw = tw, s.b1 = s.b2 = b, s.tf1 = s.tf2 = tf, s.r1 = s.r2 = r;
+  return s;
+}
+// The same of welded plates (no fillets).
+LtbSection Welded(double h, double b, double tw, double tf) {
+  LtbSection s = Rolled(h, b, tw, tf, 0);
+  s.welded = true;
   return s;
 }
 
@@ -38,19 +45,17 @@ LtbInput Ipe300(double lambda) {
 TEST(LtbCurves, PlateauEdgesAndCaps) {
   for (char curve : {'a', 'b', 'c', 'd'}) {
     const double a = Alpha_Of(curve);
-    // 6.3.2.2 at 0.2: Phi = 0.5 (1 + 0.04) = 0.52, chi = 1/(0.52 + 0.48) = 1
-    ChiResult g = Chi_LT(LtbMethod::General, a, 0.2);
-    EXPECT_DOUBLE_EQ(g.phi, 0.52);
-    EXPECT_NEAR(g.chi, 1.0, 1e-12);
-    EXPECT_LT(Chi_LT(LtbMethod::General, a, 0.2001).chi, 1.0);
-    // 6.3.2.3 at 0.4: Phi = 0.5 (1 + 0.75 0.16) = 0.56, chi = 1/(0.56 + 0.44) = 1
-    ChiResult r = Chi_LT(LtbMethod::Rolled, a, 0.4);
-    EXPECT_DOUBLE_EQ(r.phi, 0.56);
-    EXPECT_NEAR(r.chi, 1.0, 1e-12);
-    EXPECT_LT(Chi_LT(LtbMethod::Rolled, a, 0.4001).chi, 1.0);
+    // 6.3.2.2 at 0.2: Phi = 0.5 (1 + 0.04) = 0.52, chi = 1/(0.52 + 0.48) = 1;
+    // 6.3.2.3 at 0.4: Phi = 0.5 (1 + 0.75 0.16) = 0.56, chi = 1/(0.56 + 0.44) = 1;
     // below the plateau the formula exceeds 1: capped
-    EXPECT_EQ(Chi_LT(LtbMethod::General, a, 0.1).chi, 1.0);
-    EXPECT_EQ(Chi_LT(LtbMethod::Rolled, a, 0.3).chi, 1.0);
+    for (auto [method, edge, phi] : {std::tuple{LtbMethod::General, 0.2, 0.52}, {LtbMethod::Rolled, 0.4, 0.56}}) {
+      SCOPED_TRACE(testing::Message() << curve << " at " << edge);
+      const ChiResult at = Chi_LT(method, a, edge);
+      EXPECT_DOUBLE_EQ(at.phi, phi);
+      EXPECT_NEAR(at.chi, 1.0, 1e-12);
+      EXPECT_LT(Chi_LT(method, a, edge + 1e-4).chi, 1.0);
+      EXPECT_EQ(Chi_LT(method, a, edge - 0.1).chi, 1.0);
+    }
   }
   // curve b, 6.3.2.3, lambda 3: Phi = 0.5 (1 + 0.34 x 2.6 + 0.75 x 9) = 4.317,
   // the formula gives 1/(4.317 + sqrt(18.6365 - 6.75)) = 0.12879 > 1/9
@@ -81,13 +86,10 @@ TEST(LtbCurves, CurveSelectionByTable) {
 // (uniform moment) gives f = 1 everywhere. Table 6.6 linear diagram:
 // kc = 1/(1.33 - 0.33 psi).
 TEST(LtbCurves, ModificationFactorF) {
-  EXPECT_DOUBLE_EQ(Factor_f(0.94, 0.8), 0.97);
-  EXPECT_DOUBLE_EQ(Factor_f(0.77, 0.8), 0.885);
-  const double edge = 0.8 + std::sqrt(0.5);
-  EXPECT_NEAR(Factor_f(0.86, edge), 1.0, 1e-12);
-  EXPECT_EQ(Factor_f(0.86, 1.6), 1.0);  // the formula would give 1.0084
-  EXPECT_EQ(Factor_f(0.86, 0.0), 1.0);  // and 1.0196 here
-  EXPECT_EQ(Factor_f(1.0, 1.1), 1.0);
+  // at 1.6 and at 0 the formula would give 1 + 0.07 x 0.28 = 1.0196
+  const struct { double kc, lambda, f, tol; } rows[] = {{0.94, 0.8, 0.97, 1e-15}, {0.77, 0.8, 0.885, 1e-15},
+      {0.86, 0.8 + std::sqrt(0.5), 1, 1e-12}, {0.86, 1.6, 1, 0}, {0.86, 0.0, 1, 0}, {1.0, 1.1, 1, 0}};
+  for (const auto& r : rows) EXPECT_NEAR(Factor_f(r.kc, r.lambda), r.f, r.tol) << r.kc << " " << r.lambda;
   EXPECT_DOUBLE_EQ(Kc_Linear(1), 1.0);
   EXPECT_NEAR(Kc_Linear(0), 0.752, 0.0005);
   EXPECT_NEAR(Kc_Linear(-1), 0.602, 0.0005);
@@ -125,23 +127,17 @@ TEST(LtbSteel, YieldStrengthThicknessSteps) {
 // each class limit belong to the lower class, a hair above to the next one.
 TEST(LtbClass, LimitsOfEachGrade) {
   for (int g = 0; g < Grade_Count; ++g) {
-    const double fy = Grade_fy(g, 10);
-    const double e = std::sqrt(235 / fy);
+    const double fy = Grade_fy(g, 10), e = std::sqrt(235 / fy);
     const double flange[3] = {9 * e, 10 * e, 14 * e}, web[3] = {72 * e, 83 * e, 124 * e};
     for (int k = 0; k < 3; ++k) {
       for (double nudge : {1 - 1e-9, 1 + 1e-9}) {
         // welded plates (no fillets): c = (b - tw)/2 for the flange, web
         // stocky enough to be class 1
-        LtbSection s = Rolled(40, 0, 1.0, 1.0, 0);
-        s.welded = true;
-        s.b1 = s.b2 = 1.0 + 2 * flange[k] * nudge;
-        ClassResult c = Classify_Bending(s, fy, true);
+        ClassResult c = Classify_Bending(Welded(40, 1.0 + 2 * flange[k] * nudge, 1.0, 1.0), fy, true);
         EXPECT_EQ(c.flangeClass, nudge < 1 ? k + 1 : k + 2) << Grade_Name(g) << " flange " << k;
         EXPECT_NEAR(c.flangeLimit[k], flange[k], 1e-12);
         // web c = h - 2 tf with wide, thick flanges
-        LtbSection w = Rolled(2 + web[k] * nudge * 0.5, 10, 0.5, 1.0, 0);
-        w.welded = true;
-        c = Classify_Bending(w, fy, false);
+        c = Classify_Bending(Welded(2 + web[k] * nudge * 0.5, 10, 0.5, 1.0), fy, false);
         EXPECT_EQ(c.webClass, nudge < 1 ? k + 1 : k + 2) << Grade_Name(g) << " web " << k;
       }
     }
@@ -149,11 +145,11 @@ TEST(LtbClass, LimitsOfEachGrade) {
   // IPE 300 in S235: flange (150 - 7.1 - 30)/2/10.7 = 5.28, web 248.6/7.1 = 35.0:
   // class 1. HEA 300 in S355: flange (300 - 8.5 - 54)/2/14 = 8.48 > 10 eps
   // = 8.14: class 3 by its flange.
-  ClassResult ipe = Classify_Bending(Rolled(30, 15, 0.71, 1.07, 1.5), 235, true);
+  const ClassResult ipe = Classify_Bending(Rolled(30, 15, 0.71, 1.07, 1.5), 235, true);
   EXPECT_NEAR(ipe.flangeRatio, 5.276, 0.001);
   EXPECT_NEAR(ipe.webRatio, 35.01, 0.01);
   EXPECT_EQ(ipe.cls, 1);
-  ClassResult hea = Classify_Bending(Rolled(29, 30, 0.85, 1.4, 2.7), 355, true);
+  const ClassResult hea = Classify_Bending(Rolled(29, 30, 0.85, 1.4, 2.7), 355, true);
   EXPECT_NEAR(hea.flangeRatio, 8.482, 0.001);
   EXPECT_EQ(hea.flangeClass, 3);
   EXPECT_EQ(hea.cls, 3);
@@ -170,9 +166,7 @@ TEST(LtbClass, SectionModuli) {
   EXPECT_NEAR(Wpl, 628.4, 0.5);
   EXPECT_NEAR(Wt, 557.1, 0.5);
   EXPECT_NEAR(Wb, Wt, 1e-9);
-  LtbSection w = Rolled(50, 20, 1.0, 1.6, 0);
-  w.welded = true;
-  Section_Moduli(w, Wpl, Wt, Wb);
+  Section_Moduli(Welded(50, 20, 1.0, 1.6), Wpl, Wt, Wb);
   EXPECT_NEAR(Wpl, 20 * 1.6 * 48.4 + 1.0 * 46.8 * 46.8 / 4, 1e-9);
   EXPECT_NEAR(Wt, (20 * 125000.0 - 19 * std::pow(46.8, 3)) / 12 / 25, 1e-9);
 
@@ -222,13 +216,11 @@ TEST(LtbCheck, StopsWithItsReason) {
 // "May be ignored" (6.3.2.2(4)): by the slenderness, or by MEd/Mcr <= lambda0^2.
 TEST(LtbCheck, MayBeIgnored) {
   LtbInput in = Ipe300(0.4);  // the plateau's end exactly
-  in.useF = false;
-  in.MEd = 10 * kNm;
+  in.useF = false, in.MEd = 10 * kNm;
   LtbResult r = Ltb_Check(in);
   EXPECT_TRUE(r.mayIgnore);
   EXPECT_EQ(r.chiLT, 1.0);
-  in.Mcr = Ipe300(0.5).Mcr;
-  in.MEd = 0.16 * in.Mcr;
+  in.Mcr = Ipe300(0.5).Mcr, in.MEd = 0.16 * in.Mcr;
   r = Ltb_Check(in);
   EXPECT_FALSE(r.mayIgnore);
   EXPECT_TRUE(r.mayIgnoreByMoment);

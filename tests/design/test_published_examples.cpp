@@ -18,39 +18,14 @@
 //         portal frame, whose column and rafter are the members of [MSB8]).
 // The guides take E = 210000 MPa and G = 80770 MPa [MSB4] or 81000 MPa [SSB4
 // p. 4-76]; the projects carry the guide's G.
-#include <gtest/gtest.h>
+#include <tuple>
 
-#include <cmath>
-#include <string>
-#include <unistd.h>
-
-#include "analysis/Proceed.h"
-#include "design/DesignModel.h"
-#include "model/DataEntry.h"
-#include "model/ProjectFile.h"
-#include "section/Catalogue.h"
-#include "section/Mod_Section.h"
+#include "design_support.h"
 
 using namespace zarvek;
+using namespace zarvek::test;
 
 namespace {
-
-constexpr double kNm = 1e4;  // daN.cm
-
-std::string Project_File(const std::string& name) {
-  return std::string(ZARVEK_SOURCE_DIR) + "/tests/design/published/" + name;
-}
-
-// A rolled section of the catalogue as the catalogue window hands it over;
-// dimensions in cm, those of the table of rolled sections.
-void Rolled(BeamModel& m, const std::string& series, const std::string& name, float h, float b,
-            float tw, float tf, float r) {
-  SectionRecord rec{name, h, b, tf, tw, r};
-  const SectionTransfer t = Transfer_Section(Calculer_SectionI(rec), series, m.Fact_Izt, m.Fact_Iw);
-  m.Opt_Catalogue = true;
-  m.Opt_Dimensions = m.Opt_Properties = false;
-  Take_CatalogueSection(m, t);
-}
 
 // The three examples as projects.
 //  1 [MSB4] A.1: IPE 330, S235, L = 5.70 m, forks, 22.28 kN/m on the top
@@ -62,36 +37,21 @@ void Rolled(BeamModel& m, const std::string& series, const std::string& name, fl
 BeamModel Published(int n) {
   BeamModel m;
   Init_Default(m, "/tmp");
-  m.Chk_M = false;
-  m.Opt_Nu = false;
-  m.Opt_G = true;
-  m.Txt_G = "81000";
+  m.Chk_M = m.Opt_Nu = false, m.Opt_G = true, m.Txt_G = "81000";
   switch (n) {
     case 1:
-      Rolled(m, "IPE", "330", 33, 16, 0.75f, 1.15f, 1.8f);
-      m.Txt_L = "5.7";
-      m.Lst_Grade = 0;
-      m.Txt_G = "80770";
-      m.Chk_q1 = true;
-      m.Txt_q11 = m.Txt_q12 = "-22.28";
-      m.Txt_xq11 = "0";
-      m.Txt_xq12 = "1";
-      m.Txt_zq1 = "16.5";
+      Catalogue(m, "IPE", "330", 33, 16, 0.75f, 1.15f, 1.8f);
+      m.Txt_L = "5.7", m.Lst_Grade = 0, m.Txt_G = "80770";
+      Udl(m, "22.28", "16.5");
       break;
     case 2:
-      Rolled(m, "IPE", "450", 45, 19, 0.94f, 1.46f, 2.1f);
-      m.Txt_L = "1.7";
-      m.Chk_M = true;
-      m.Txt_M1 = "-356";
-      m.Txt_M2 = "356";
+      Catalogue(m, "IPE", "450", 45, 19, 0.94f, 1.46f, 2.1f);
+      m.Txt_L = "1.7", m.Chk_M = true, m.Txt_M1 = "-356", m.Txt_M2 = "356";
       Calculer_Psi(m);
       break;
     case 3:
-      Rolled(m, "IPE", "500", 50, 20, 1.02f, 1.6f, 2.1f);
-      m.Txt_L = "3.8";
-      m.Chk_M = true;
-      m.Txt_M1 = "0";
-      m.Txt_M2 = "444";
+      Catalogue(m, "IPE", "500", 50, 20, 1.02f, 1.6f, 2.1f);
+      m.Txt_L = "3.8", m.Chk_M = true, m.Txt_M1 = "0", m.Txt_M2 = "444";
       Calculer_Psi(m);
       m.Chk_fmod = false;
       break;
@@ -99,74 +59,48 @@ BeamModel Published(int n) {
   return m;
 }
 const char* const Files[] = {"", "MSB4_A1.DAT", "MSB8_WE2.DAT", "MSB8_WE1.DAT"};
-
-// The project read from its file, as the program opens it.
-BeamModel Read_Project(int n) {
-  BeamModel m;
-  Init_Default(m, "/tmp");
-  EXPECT_TRUE(Read_FileDAT(m, Project_File(Files[n]), "/tmp").ok) << Files[n];
-  return m;
-}
-
-// Mcr (kN.m) of a solve, with its internal forces.
-struct Solved {
-  double Mcr = 0;
-  EffortsData e;
-};
-Solved Solve(BeamModel m) {
-  SolveControl ctl;
-  const ProceedResult p = Proceed(m, "", ctl);
-  EXPECT_EQ(p.Solve_Status, 0) << p.Message;
-  return {p.Solver.mucr * std::fabs((double)p.Efforts.Efforts_Mmax) / kNm, p.Efforts};
-}
+BeamModel Read_Project(int n) { return test::Read_Project(Project_Path("published", Files[n])); }
 
 // The same beam with the constants of the guide's section table typed on the
 // properties route (cm4, cm6).
 BeamModel With_Table_Constants(BeamModel m, const char* Iz, const char* It, const char* Iw) {
-  m.Opt_Catalogue = m.Opt_Dimensions = false;
-  m.Opt_Properties = true;
-  m.Txt_Iz[3] = Iz;
-  m.Txt_It[3] = It;
-  m.Txt_Iw[3] = Iw;
-  m.Txt_Betaz[3] = "0";
+  m.Opt_Catalogue = m.Opt_Dimensions = false, m.Opt_Properties = true;
+  m.Txt_Iz[3] = Iz, m.Txt_It[3] = It, m.Txt_Iw[3] = Iw, m.Txt_Betaz[3] = "0";
   return m;
 }
 
-// C1 of the program: Mcr with the loads at the shear centre over Mcr under a
-// uniform moment of the same beam. The uniform moment is given the size of
-// MEd (not the unit moment of Model_UniformMoment), so that its critical
-// factor stays within the solver's bracket of 1000.
-double Program_C1(const BeamModel& m) {
-  const Solved s = Solve(m);
-  BeamModel u = Model_UniformMoment(m, s.e.Efforts_Mmax);
-  const double M = std::fabs((double)s.e.Efforts_Mmax) / m.Fact_M;
-  u.Txt_M1 = std::to_string(s.e.Efforts_Mmax >= 0 ? -M : M);
-  u.Txt_M2 = std::to_string(s.e.Efforts_Mmax >= 0 ? M : -M);
-  return Solve(Model_LoadsAtShearCentre(m)).Mcr / Solve(u).Mcr;
-}
-
-// Mcr (kN.m) of a fork-supported span by the three-factor formula of [SSB4
-// C.1.1] with k = kw = 1: C1 pi^2 E Iz / L^2 (sqrt(Iw/Iz + L^2 G It / (pi^2 E
-// Iz) + (C2 zg)^2) - C2 zg). Iz, It cm4, Iw cm6, L m, zg cm, G MPa.
-double Mcr_Formula(double C1, double C2zg, double Iz, double It, double Iw, double L, double G) {
-  const double E = 21000, Gc = G / 10, Lc = L * 100, pi2 = M_PI * M_PI;
-  const double Nz = pi2 * E * Iz / (Lc * Lc);
-  return C1 * Nz * (std::sqrt(Iw / Iz + Lc * Lc * Gc * It / (pi2 * E * Iz) + C2zg * C2zg) - C2zg) / 100;
+// The program's C1 lies between the table's value and the older tables', and
+// comes back to the table's within tol on a span of 60 m (small kappa).
+double Expect_C1(const BeamModel& m, double table, double older, double tol) {
+  const double C1 = Program_C1(Solve(m));
+  EXPECT_TRUE(C1 > table && C1 < older) << C1;
+  BeamModel longSpan = m;
+  longSpan.Txt_L = "60";
+  EXPECT_NEAR(Program_C1(Solve(longSpan)), table, tol);
+  return C1;
 }
 
 // The check of a project with its inputs as the program reads them, Mcr
-// replaced by the published one and Wpl,y by the guide's table value.
-LtbResult Chain(const DesignRun& d, double Mcr_kNm, double Wpl) {
+// replaced by the published one and Wpl,y by the guide's table value: curve
+// c, and lambdaLT, PhiLT, chiLT to the digits printed.
+LtbResult Chain(const DesignRun& d, double Mcr_kNm, double Wpl, double lambda, double phi, double chi,
+                double phiTol = 0.0005) {
   LtbInput in = d.input;
-  in.Mcr = Mcr_kNm * kNm;
-  in.section.Wpl = Wpl;
-  return Ltb_Check(in);
+  in.Mcr = Mcr_kNm * kNm, in.section.Wpl = Wpl;
+  const LtbResult r = Ltb_Check(in);
+  EXPECT_EQ(r.curve, 'c');
+  EXPECT_NEAR(r.lambdaLT, lambda, 0.0005);
+  EXPECT_NEAR(r.phiLT, phi, phiTol);
+  EXPECT_NEAR(r.chiLT, chi, 0.0005);
+  return r;
 }
 
-DesignRun Check(const BeamModel& m) {
-  const Solved s = Solve(m);
-  const DesignRun d = Run_Design(m, s.e, s.Mcr * kNm, SolveControl{});
-  EXPECT_EQ(d.result.stop, LtbStop::None) << Design_Note(d);
+// The check of a solved project, and the class the guide finds by its c/t.
+DesignRun Check(const BeamModel& m, double flangeRatio, double webRatio, double flangeTol = 0.05) {
+  const DesignRun d = Solve(m, true).d;
+  EXPECT_EQ(d.result.cls.cls, 1);
+  EXPECT_NEAR(d.result.cls.flangeRatio, flangeRatio, flangeTol);
+  EXPECT_NEAR(d.result.cls.webRatio, webRatio, 0.05);
   return d;
 }
 
@@ -189,40 +123,28 @@ TEST(PublishedExamples, Ipe330LoadOnTopFlange) {
   // With the guide's own constants the solve gives the published Mcr within
   // 0.5 %: the table's C1 = 1.127 and C2 = 0.454 are the values of a small
   // torsion parameter kappa = pi/L sqrt(E Iw/(G It)), here 0.76.
-  const double table = Solve(With_Table_Constants(m, "788.1", "28.15", "199100")).Mcr;
-  EXPECT_NEAR(table / 113.9, 1, 0.005);
-  EXPECT_NEAR(Mcr_Formula(1.127, 0.454 * 16.5, 788.1, 28.15, 199100, 5.7, 80770), 113.9, 0.05);
+  EXPECT_NEAR(Solve(With_Table_Constants(m, "788.1", "28.15", "199100")).Mcr / 113.9, 1, 0.005);
+  const double guide = Mcr_Formula(1.127, 0.454 * 16.5, 788.1, 28.15, 199100, 5.7, 80770);
+  EXPECT_NEAR(guide, 113.9, 0.05);
   // The catalogue's It is 2 % below the table's (27.58 against 28.15 cm4):
   // the project's Mcr follows the formula's ratio of the two sets of constants.
-  const Solved s = Solve(m);
-  const double ratio = Mcr_Formula(1.127, 0.454 * 16.5, 788.14, 27.576, 199877, 5.7, 80770) /
-                       Mcr_Formula(1.127, 0.454 * 16.5, 788.1, 28.15, 199100, 5.7, 80770);
-  EXPECT_NEAR(s.Mcr / (113.9 * ratio), 1, 0.005);
+  const double ratio = Mcr_Formula(1.127, 0.454 * 16.5, 788.14, 27.576, 199877, 5.7, 80770) / guide;
+  EXPECT_NEAR(Solve(m).Mcr / (113.9 * ratio), 1, 0.005);
   // C1 under the uniform load: between the 1.127 of the table and the 1.132
   // of the older tables at this kappa, the table's 1.127 to its last digit on
   // a long span (kappa = 0.07 at 60 m)
-  const double C1 = Program_C1(m);
-  EXPECT_GT(C1, 1.127);
-  EXPECT_LT(C1, 1.132);
-  BeamModel longSpan = m;
-  longSpan.Txt_L = "60";
-  EXPECT_NEAR(Program_C1(longSpan), 1.127, 0.0005);
+  Expect_C1(m, 1.127, 1.132, 0.0005);
 
-  const DesignRun d = Check(m);
-  EXPECT_EQ(d.result.cls.cls, 1);  // p. 4-59: c/tf = 58.25/11.5 = 5.07, c/tw = 271/7.5 = 36.1
-  EXPECT_NEAR(d.result.cls.flangeRatio, 5.07, 0.005);
-  EXPECT_NEAR(d.result.cls.webRatio, 36.1, 0.05);
+  // p. 4-59: c/tf = 58.25/11.5 = 5.07, c/tw = 271/7.5 = 36.1, class 1
+  const DesignRun d = Check(m, 5.07, 36.1, 0.005);
   EXPECT_NEAR(d.result.MEd / kNm, 90.48, 0.005);
-  EXPECT_EQ(d.result.curve, 'c');
-  EXPECT_EQ(d.result.kc, 0.94);  // Table 6.6, uniform load, pinned ends
+  // kc: Table 6.6, uniform load, pinned ends
+  EXPECT_EQ(std::tuple(d.result.curve, d.result.kc), std::tuple('c', 0.94));
   EXPECT_NEAR(d.result.lambdaLT, 1.288, 0.006);  // the program's own Mcr
   EXPECT_NEAR(d.result.chiLT, 0.480, 0.003);
 
-  const LtbResult r = Chain(d, 113.9, 804.3);
-  EXPECT_NEAR(r.lambdaLT, 1.288, 0.0005);
+  const LtbResult r = Chain(d, 113.9, 804.3, 1.288, 1.340, 0.480);
   EXPECT_EQ(r.alphaLT, 0.49);
-  EXPECT_NEAR(r.phiLT, 1.340, 0.0005);
-  EXPECT_NEAR(r.chiLT, 0.480, 0.0005);
   // hand continuation: f = 1 - 0.03 (1 - 2 x 0.4882^2) = 0.984,
   // chi,mod = 0.4803 / 0.9843 = 0.488, Mb,Rd = 0.488 x 804.3 x 0.235 = 92.2 kN.m
   EXPECT_NEAR(r.f, 0.984, 0.0005);
@@ -241,26 +163,17 @@ TEST(PublishedExamples, Ipe450UniformMoment) {
   EXPECT_NEAR(Solve(With_Table_Constants(m, "1676", "66.9", "791000")).Mcr, 2733, 0.5);
   EXPECT_NEAR(Mcr_Formula(1, 0, 1676, 66.9, 791e3, 1.7, 81000), 2733, 0.5);
   // the catalogue's constants (It 66.18, Iw 794.2e3): 0.1 % more
-  const Solved s = Solve(m);
-  EXPECT_NEAR(s.Mcr, Mcr_Formula(1, 0, 1675.9, 66.177, 794246, 1.7, 81000), 0.5);
+  EXPECT_NEAR(Solve(m).Mcr, Mcr_Formula(1, 0, 1675.9, 66.177, 794246, 1.7, 81000), 0.5);
 
-  const DesignRun d = Check(m);
   // p. 8-18: c/tw = 378.8/9.4 = 40.3, c/tf = 69.3/14.6 = 4.7, class 1
-  EXPECT_EQ(d.result.cls.cls, 1);
-  EXPECT_NEAR(d.result.cls.webRatio, 40.3, 0.05);
-  EXPECT_NEAR(d.result.cls.flangeRatio, 4.7, 0.05);
-  EXPECT_EQ(d.result.kc, 1.0);  // Table 6.6, psi = 1
-  EXPECT_EQ(d.result.f, 1.0);
-  EXPECT_EQ(d.furtherSolves, 0);
+  const DesignRun d = Check(m, 4.7, 40.3);
+  // Table 6.6, psi = 1: kc = 1, f = 1, no further solve
+  EXPECT_EQ(std::tuple(d.result.kc, d.result.f, d.furtherSolves), std::tuple(1.0, 1.0, 0));
   // the program's own figures round to the published ones
   EXPECT_NEAR(d.result.lambdaLT, 0.470, 0.0005);
   EXPECT_NEAR(d.result.chiLT, 0.961, 0.0005);
 
-  const LtbResult r = Chain(d, 2733, 1702);
-  EXPECT_EQ(r.curve, 'c');
-  EXPECT_NEAR(r.lambdaLT, 0.470, 0.0005);
-  EXPECT_NEAR(r.phiLT, 0.60, 0.005);
-  EXPECT_NEAR(r.chiLT, 0.961, 0.0005);
+  const LtbResult r = Chain(d, 2733, 1702, 0.470, 0.60, 0.961, 0.005);
   // The guide multiplies the rounded chi: 0.961 x 604.2 = 580.6 -> 581; the
   // unrounded 0.96070 gives 580.5. The last digit holds within the 0.3 kN.m
   // of chi's rounding and the 0.5 of Mb,Rd's.
@@ -283,27 +196,15 @@ TEST(PublishedExamples, Ipe500EndMomentPsiZero) {
   // exact C1 of psi = 0 grows with kappa (here 1.58) towards the 1.879 of
   // the older tables. The program's C1 lies between, and comes back to the
   // table's 1.77 on a long span (kappa = 0.1 at 60 m).
-  const double C1 = Program_C1(m);
-  EXPECT_GT(C1, 1.77);
-  EXPECT_LT(C1, 1.879);
-  BeamModel longSpan = m;
-  longSpan.Txt_L = "60";
-  EXPECT_NEAR(Program_C1(longSpan), 1.77, 0.005);
+  const double C1 = Expect_C1(m, 1.77, 1.879, 0.005);
   // with the table's constants, the solve is the formula with the program's C1
   const double table = Solve(With_Table_Constants(m, "2142", "89.29", "1249000")).Mcr;
   EXPECT_NEAR(table / Mcr_Formula(C1, 0, 2142, 89.29, 1249e3, 3.8, 81000), 1, 0.001);
 
-  const DesignRun d = Check(m);
   // p. 8-16: c/tw = 426/10.2 = 41.8, c/tf = 73.9/16 = 4.6, class 1
-  EXPECT_EQ(d.result.cls.cls, 1);
-  EXPECT_NEAR(d.result.cls.webRatio, 41.8, 0.05);
-  EXPECT_NEAR(d.result.cls.flangeRatio, 4.6, 0.05);
-  const LtbResult r = Chain(d, Mcr_table, 2194);
+  const DesignRun d = Check(m, 4.6, 41.8);
+  const LtbResult r = Chain(d, Mcr_table, 2194, 0.707, 0.763, 0.821);
   EXPECT_FALSE(r.useF);
-  EXPECT_EQ(r.curve, 'c');
-  EXPECT_NEAR(r.lambdaLT, 0.707, 0.0005);
-  EXPECT_NEAR(r.phiLT, 0.763, 0.0005);
-  EXPECT_NEAR(r.chiLT, 0.821, 0.0005);
   EXPECT_NEAR(r.MbRd / kNm, 640, 0.5);
 
   // The program's default for a rolled section applies f with kc = 1/1.33
@@ -311,20 +212,19 @@ TEST(PublishedExamples, Ipe500EndMomentPsiZero) {
   // Mb,Rd = 0.821 / 0.878 x 778.9 = 728 kN.m; the project follows the guide.
   BeamModel withF = m;
   withF.Chk_fmod = true;
-  const LtbResult rf = Chain(Check(withF), Mcr_table, 2194);
+  const LtbResult rf = Chain(Check(withF, 4.6, 41.8), Mcr_table, 2194, 0.707, 0.763, 0.821);
   EXPECT_NEAR(rf.kc, 1 / 1.33, 1e-12);
   EXPECT_NEAR(rf.f, 0.878, 0.0005);
   EXPECT_NEAR(rf.MbRd / kNm, 728, 1);
   // The program's own Mcr (its exact C1, 4.5 % above the table's) gives a
   // resistance 1 % above the guide's.
-  EXPECT_GT(d.result.MbRd / kNm, 640);
-  EXPECT_LT(d.result.MbRd / kNm, 640 * 1.015);
+  EXPECT_TRUE(d.result.MbRd / kNm > 640 && d.result.MbRd / kNm < 640 * 1.015) << d.result.MbRd / kNm;
 }
 
 // Writes the projects (run by hand with --gtest_also_run_disabled_tests after
 // a change of the examples).
 TEST(PublishedExamples, DISABLED_WriteProjects) {
-  for (int n = 1; n <= 3; ++n) ASSERT_TRUE(Save_FileDAT(Published(n), Project_File(Files[n])));
+  for (int n = 1; n <= 3; ++n) ASSERT_TRUE(Save_FileDAT(Published(n), Project_Path("published", Files[n])));
 }
 
 // The rafter of example 2 with a load the tables have no kc for (800 kN at
@@ -333,14 +233,8 @@ TEST(PublishedExamples, DISABLED_WriteProjects) {
 // (1000) under a unit moment: the uniform moment must carry the size of MEd.
 TEST(PublishedExamples, ShortStiffBeamKeepsItsC1) {
   BeamModel m = Published(2);
-  m.Chk_M = false;
-  m.Chk_F1 = true;
-  m.Txt_F1 = "-800";
-  m.Txt_xf1 = "0.3";
-  m.Txt_zF1 = "0";
-  const Solved s = Solve(m);
-  const DesignRun d = Run_Design(m, s.e, s.Mcr * kNm, SolveControl{});
+  m.Chk_M = false, m.Chk_F1 = true, m.Txt_F1 = "-800", m.Txt_xf1 = "0.3", m.Txt_zF1 = "0";
+  const DesignRun d = Solve(m, true).d;
   EXPECT_FALSE(d.C1Failed);
-  EXPECT_EQ(d.result.stop, LtbStop::None) << Design_Note(d);
   EXPECT_NEAR(d.Mcr_0 / kNm, Mcr_Formula(1, 0, 1675.9, 66.177, 794246, 1.7, 81000), 0.5);
 }

@@ -1,6 +1,8 @@
 // Problems built in memory for the solver tests, written to a scratch folder.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cmath>
 #include <fstream>
 #include <functional>
@@ -54,20 +56,31 @@ inline SolverResult Read_File(const std::string& path) {
   return r;
 }
 
+// A refusal: its status and text, and mucr left as passed.
+inline void Expect_Refused(const SolverResult& r, int status, const std::string& text, const std::string& what) {
+  EXPECT_EQ(r.Solve_Status, status) << what;
+  EXPECT_EQ(r.Error_Text, text) << what;
+  EXPECT_EQ(r.mucr, 42) << what;
+}
+
 struct Solved {
   SolverResult res;
   double Mcr_kNcm() const { return res.mucr * std::fabs(res.Mmax) / 100.0; }
 };
 
-inline Solved Solve(const ProblemData& p, int method, double tol = 1e-6, int nbiter = 100,
-                    bool reference = false) {
+// A solve that must succeed, of a problem file or of a problem.
+inline Solved Solve_File(const std::string& path, int method, double tol = 1e-6, int nbiter = 100,
+                         bool reference = false) {
   Solved s;
   SolveControl ctl;
-  ctl.Tol = tol;
-  ctl.NbIter = nbiter;
-  ctl.Reference = reference;
-  Solve_Problem(Write(p), method, s.res, ctl);
+  ctl.Tol = tol, ctl.NbIter = nbiter, ctl.Reference = reference;
+  Solve_Problem(path, method, s.res, ctl);
+  EXPECT_EQ(s.res.Solve_Status, 0) << s.res.Error_Text;
   return s;
+}
+inline Solved Solve(const ProblemData& p, int method, double tol = 1e-6, int nbiter = 100,
+                    bool reference = false) {
+  return Solve_File(Write(p), method, tol, nbiter, reference);
 }
 
 // Element end moments from a moment function of x (cm), in daN.cm.

@@ -1,9 +1,7 @@
 // Element matrices and the two methods' exits, results and modes.
-#include <gtest/gtest.h>
-
 #include <cstring>
+#include <tuple>
 
-#include "foundation/Language.h"
 #include "solver/ElementMatrices.h"
 #include "solver/Mod_Eigen.h"
 #include "solver_support.h"
@@ -21,7 +19,7 @@ TEST(ElementMatrices, AReleasedLinkTakesAllStiffnessOffItsDegree) {
   Build_Ke(2.1e6, 807690, 10, 603.78, 19.868, 126332, links, K);
   for (int i = 1; i <= 8; ++i) EXPECT_EQ(K[Packed_Index(3, i)], 0.0) << i;
   // what remains is the stiffness of a propped member: v1,v1 = 3 E Iz / L^3
-  EXPECT_NEAR(K[Packed_Index(1, 1)], 3 * 2.1e6 * 603.78 / 1000, 1e-6 * K[Packed_Index(1, 1)]);
+  EXPECT_NEAR(K[Packed_Index(1, 1)] / (3 * 2.1e6 * 603.78 / 1000), 1, 1e-6);
 }
 
 TEST(ElementMatrices, LoadHeightTermsOfPointAndSpanLoads) {
@@ -40,13 +38,13 @@ TEST(ElementMatrices, LoadHeightTermsOfPointAndSpanLoads) {
   double q1[2] = {0, -2}, x1[2] = {0, 0}, q2[2] = {0, -2}, x2[2] = {0, 1}, zq[2] = {0, 15};
   ElementLoads sp{0, 1, nullptr, nullptr, nullptr, q1, x1, q2, x2, zq};
   Build_Kg(10, 0, 0, 0, 0, V1, V2, sp, Kg);
+  // t1,t1, t2,t2, t1,t2, w2,w2 (L^2/105) and t1,w1, which keeps its reversed
+  // primitive: the opposite of 11 L/210
   const double qzL = -2 * 15 * 10;
-  EXPECT_NEAR(Kg[Packed_Index(2, 2)], 13.0 / 35 * qzL, 1e-4);
-  EXPECT_NEAR(Kg[Packed_Index(6, 6)], 13.0 / 35 * qzL, 1e-4);
-  EXPECT_NEAR(Kg[Packed_Index(2, 6)], 9.0 / 70 * qzL, 1e-4);
-  EXPECT_NEAR(Kg[Packed_Index(8, 8)], qzL * 100 / 105, 1e-3);
-  // the t1,w1 entry keeps its reversed primitive: the opposite of 11 L/210
-  EXPECT_NEAR(Kg[Packed_Index(2, 4)], -11.0 * 10 / 210 * qzL, 1e-3);
+  const struct { int i, j; double want, tol; } entries[] = {
+      {2, 2, 13.0 / 35 * qzL, 1e-4}, {6, 6, 13.0 / 35 * qzL, 1e-4}, {2, 6, 9.0 / 70 * qzL, 1e-4},
+      {8, 8, qzL * 100 / 105, 1e-3}, {2, 4, -11.0 * 10 / 210 * qzL, 1e-3}};
+  for (const auto& e : entries) EXPECT_NEAR(Kg[Packed_Index(e.i, e.j)], e.want, e.tol) << e.i << "," << e.j;
   // a span part of zero length adds nothing
   x2[1] = 0;
   Build_Kg(10, 0, 0, 0, 0, V1, V2, sp, Kg);
@@ -56,7 +54,6 @@ TEST(ElementMatrices, LoadHeightTermsOfPointAndSpanLoads) {
 class Methods : public ::testing::Test {
  protected:
   void SetUp() override {
-    Set_Msg(6, "normal end");
     Set_Msg(42, "no critical factor below 1000");
     Set_Msg(44, "iteration limit");
     Set_Msg(82, "not stable");
@@ -74,13 +71,13 @@ TEST_F(Methods, RefusalsOfEachMethod) {
   SolveControl ctl;
   std::vector<std::string> boxes;
   ctl.Show_Box = [&](const std::string& t) { boxes.push_back(t); };
-  SolverResult e = Run(p, Method_Eigen, ctl);
-  EXPECT_EQ(e.Solve_Status, 5);
-  EXPECT_EQ(e.Error_Text, "Unstable structure - Check Data");
-  EXPECT_EQ(e.mucr, 0);
-  SolverResult d = Run(p, Method_Dichotomie, ctl);
-  EXPECT_EQ(d.Solve_Status, 2);
-  EXPECT_EQ(d.Error_Text, "not stable");
+  auto refused = [&](const SolverResult& r, int status, const std::string& text) {
+    EXPECT_EQ(r.Solve_Status, status) << text;
+    EXPECT_EQ(r.Error_Text, text);
+    EXPECT_EQ(r.mucr, 0) << text;
+  };
+  refused(Run(p, Method_Eigen, ctl), 5, "Unstable structure - Check Data");
+  refused(Run(p, Method_Dichotomie, ctl), 2, "not stable");
   EXPECT_TRUE(boxes.empty());
   // held in twist by 0.01 daN.cm/rad at one end: stable, but the last twist
   // pivot keeps 3e-12 of the 3.2e9 (12 E Iw / Le^3) it started from, ten
@@ -91,10 +88,8 @@ TEST_F(Methods, RefusalsOfEachMethod) {
   EXPECT_NE(n.Error_Text.find("nearly singular"), std::string::npos) << n.Error_Text;
   EXPECT_NE(n.Error_Text.find("Dichotomic process"), std::string::npos) << n.Error_Text;
   // a tiny moment: the critical factor lies far above the bracket
-  d = Run(Fork_Beam_Uniform_Moment(50, 500.0, 10.0), Method_Dichotomie, ctl);
-  EXPECT_EQ(d.Solve_Status, 3);
-  EXPECT_EQ(d.Error_Text, "no critical factor below 1000");
-  EXPECT_EQ(d.mucr, 0);
+  refused(Run(Fork_Beam_Uniform_Moment(50, 500.0, 10.0), Method_Dichotomie, ctl), 3,
+          "no critical factor below 1000");
 }
 
 // The iteration limit: the bisection still gives its estimate, the vector
@@ -102,25 +97,17 @@ TEST_F(Methods, RefusalsOfEachMethod) {
 // window to show it. Either way the result says it is not converged.
 TEST_F(Methods, TheIterationLimitEndsEachMethodItsOwnWay) {
   const ProblemData p = Fork_Beam_Uniform_Moment(100, 1000.0, 1e6);
-  for (int method : {Method_Dichotomie, Method_Eigen}) {
-    const Solved ok = Solve(p, method, 1e-4, 100);
-    EXPECT_TRUE(ok.res.Converged) << method;
-    EXPECT_TRUE(ok.res.Warnings.empty()) << method;
-  }
   SolveControl ctl;
-  ctl.Tol = 1e-12;
-  ctl.NbIter = 5;
+  ctl.Tol = 1e-12, ctl.NbIter = 5;
   SolverResult d = Run(p, Method_Dichotomie, ctl);
-  EXPECT_EQ(d.Solve_Status, 0);
-  EXPECT_EQ(d.Error_Text, "iteration limit");
+  EXPECT_EQ(std::tuple(d.Solve_Status, d.Error_Text, d.Converged),
+            std::tuple(0, std::string("iteration limit"), false));
   EXPECT_GT(d.mucr, 0);
-  EXPECT_FALSE(d.Converged);
   EXPECT_EQ(Run(p, Method_Eigen, ctl).Warnings, std::vector<std::string>{"Problem of convergence"});
   std::vector<std::string> boxes;
   ctl.Show_Box = [&](const std::string& t) { boxes.push_back(t); };
   SolverResult e = Run(p, Method_Eigen, ctl);
-  EXPECT_EQ(e.mucr, 0);
-  EXPECT_FALSE(e.Converged);
+  EXPECT_EQ(std::tuple(e.mucr, e.Converged), std::tuple(0.0, false));
   EXPECT_EQ(boxes, std::vector<std::string>{"Problem of convergence"});
 }
 
@@ -133,18 +120,14 @@ TEST_F(Methods, AStopRequestEndsWithTheCurrentBracket) {
   SolverResult d = Run(Fork_Beam_Uniform_Moment(100, 1000.0, 1e6), Method_Dichotomie, ctl);
   EXPECT_EQ(d.Solve_Status, 0);
   const double exact = Mcr_Uniform(1000) * 100 / 1e6;
-  EXPECT_GT(d.mucr, 0.25 * exact);
-  EXPECT_LE(d.mucr, exact * 1.0001);
+  EXPECT_TRUE(d.mucr > 0.25 * exact && d.mucr <= exact * 1.0001) << d.mucr / exact;
   EXPECT_LT(calls, 12);
 }
 
 TEST_F(Methods, TheModeIsNormalisedAndSymmetric) {
   for (int method : {Method_Eigen, Method_Dichotomie}) {
-    SolveControl ctl;
-    ctl.Tol = 1e-7;
-    SolverResult r = Run(Fork_Beam_Uniform_Moment(100, 1000.0, 1e6), method, ctl);
-    ASSERT_EQ(r.Solve_Status, 0);
-    const auto& v = r.Mode_Vector;
+    const std::vector<float> v = Solve(Fork_Beam_Uniform_Moment(100, 1000.0, 1e6), method, 1e-7).res.Mode_Vector;
+    ASSERT_EQ(v.size(), 4u * 101 + 1);
     const int at = std::max_element(v.begin() + 1, v.end(), [](float a, float b) { return std::fabs(a) < std::fabs(b); }) - v.begin();
     EXPECT_EQ(std::fabs(v[at]), 1.0f);  // exactly +1 or -1
     EXPECT_EQ(at, 4 * 51 - 3) << "largest: lateral displacement at mid-span";
@@ -161,12 +144,9 @@ TEST_F(Methods, RestraintHeightsComeBackInTheModeAtTheShearCentre) {
   // a support at the top flange: the mode at that node, read at the shear
   // centre, moves laterally by -z theta where the flange point stays put
   ProblemData p = Fork_Beam_Uniform_Moment(100, 1000.0, 1e6);
-  p.Rv[51] = -1;
-  p.z[51] = 15;
-  SolveControl ctl;
-  ctl.Tol = 1e-7;
-  SolverResult r = Run(p, Method_Dichotomie, ctl);
-  ASSERT_EQ(r.Solve_Status, 0);
+  p.Rv[51] = -1, p.z[51] = 15;
+  const SolverResult r = Solve(p, Method_Dichotomie, 1e-7).res;
+  ASSERT_EQ(r.Mode_Vector.size(), 4u * 101 + 1);
   EXPECT_NEAR(r.Mode_Vector[4 * 51 - 3] + 15 * r.Mode_Vector[4 * 51 - 2], 0.0, 1e-5);
   EXPECT_NE(r.Mode_Vector[4 * 51 - 2], 0.0f);
   EXPECT_EQ(r.Restraint_Level[51], 15.0f);
@@ -175,18 +155,15 @@ TEST_F(Methods, RestraintHeightsComeBackInTheModeAtTheShearCentre) {
 // The routines that skip what lies outside each column's profile must give
 // exactly the numbers of the plain packed loops.
 TEST_F(Methods, ProfileRoutinesGiveBitIdenticalResults) {
-  std::vector<ProblemData> problems = {Fork_Beam_Uniform_Moment(100, 1000.0, 1e6),
-                                       Fork_Beam_Uniform_Load(150, 900.0, 12.0, 15.0),
-                                       Fork_Beam_Uniform_Moment(60, 600.0, 1e6),
-                                       Fork_Beam_Uniform_Load(80, 800.0, 10.0, -10.0),
-                                       // a small moment: the bracket has to grow to 100 first
-                                       Fork_Beam_Uniform_Moment(50, 500.0, 3e4)};
+  // the last with a small moment: the bracket has to grow to 100 first
+  std::vector<ProblemData> problems = {
+      Fork_Beam_Uniform_Moment(100, 1000.0, 1e6), Fork_Beam_Uniform_Load(150, 900.0, 12.0, 15.0),
+      Fork_Beam_Uniform_Moment(60, 600.0, 1e6), Fork_Beam_Uniform_Load(80, 800.0, 10.0, -10.0),
+      Fork_Beam_Uniform_Moment(50, 500.0, 3e4)};
   ProblemData& p = problems[2];
   Set_Moments(p, [](double x) { return 1e6 * (1 - 1.5 * x / 600); });
-  p.Rv[31] = 3000, p.z[31] = 14;
-  p.Rvp[1] = p.Rtp[61] = -1;
-  p.Betaz[7] = 5;
-  p.Kvp[30] = 0;
+  p.Rv[31] = 3000, p.z[31] = 14, p.Rvp[1] = p.Rtp[61] = -1;
+  p.Betaz[7] = 5, p.Kvp[30] = 0;
   problems[3].Rv[1] = 1e5, problems[3].z[1] = -12;  // lateral spring and a height at the left end
   // the dichotomy also one trial factor per sweep, as without vector lanes
   const int One_Per_Sweep = 3;
@@ -196,13 +173,13 @@ TEST_F(Methods, ProfileRoutinesGiveBitIdenticalResults) {
       b.Reference = true;
       a.One_Factor_Per_Sweep = method == One_Per_Sweep;
       const int m = method == One_Per_Sweep ? Method_Dichotomie : method;
+      SCOPED_TRACE(testing::Message() << "problem " << k << " method " << method);
       SolverResult ra = Run(problems[k], m, a), rb = Run(problems[k], m, b);
-      ASSERT_EQ(ra.Solve_Status, 0) << k << " " << ra.Error_Text;
-      ASSERT_EQ(rb.Solve_Status, 0) << k;
-      EXPECT_EQ(std::memcmp(&ra.mucr, &rb.mucr, sizeof(double)), 0) << k << " method " << method;
+      ASSERT_EQ(ra.Solve_Status, 0) << ra.Error_Text;
+      ASSERT_EQ(rb.Solve_Status, 0);
+      EXPECT_EQ(std::memcmp(&ra.mucr, &rb.mucr, sizeof(double)), 0);
       ASSERT_EQ(ra.Mode_Vector.size(), rb.Mode_Vector.size());
-      EXPECT_EQ(std::memcmp(ra.Mode_Vector.data(), rb.Mode_Vector.data(), ra.Mode_Vector.size() * sizeof(float)), 0)
-          << k << " method " << method;
+      EXPECT_EQ(std::memcmp(ra.Mode_Vector.data(), rb.Mode_Vector.data(), ra.Mode_Vector.size() * sizeof(float)), 0);
       EXPECT_GT(ra.mucr, k + 1 == problems.size() ? 10 : 0);
     }
 }
@@ -212,21 +189,16 @@ TEST_F(Methods, ProfileRoutinesGiveBitIdenticalResults) {
 // rigid support at the same node (the bisection to the last bit).
 TEST_F(Methods, AnEnormousSpringSolvesAlikeByBothRoutes) {
   ProblemData rigid = Fork_Beam_Uniform_Moment(50, 500.0, 1e6), spring = rigid;
-  rigid.Rv[26] = -1;  // lateral support at mid-span
-  spring.Rv[26] = 1e305;
+  rigid.Rv[26] = -1, spring.Rv[26] = 1e305;  // lateral support at mid-span
   for (int method : {Method_Dichotomie, Method_Eigen}) {
     const double r = Solve(rigid, method).res.mucr;
     ASSERT_GT(r, 0) << method;
     double by[2];
     for (bool reference : {false, true}) {
-      const Solved s = Solve(spring, method, 1e-6, 100, reference);
-      EXPECT_EQ(s.res.Solve_Status, 0) << method << " reference " << reference << ": " << s.res.Error_Text;
-      EXPECT_NEAR(s.res.mucr / r, 1.0, 1e-5) << method << " reference " << reference;
-      by[reference] = s.res.mucr;
+      by[reference] = Solve(spring, method, 1e-6, 100, reference).res.mucr;
+      EXPECT_NEAR(by[reference] / r, 1.0, 1e-5) << method << " reference " << reference;
     }
-    if (method == Method_Dichotomie) {
-      EXPECT_EQ(by[0], by[1]);
-    }
+    EXPECT_TRUE(method != Method_Dichotomie || by[0] == by[1]) << by[0] << " " << by[1];
   }
 }
 

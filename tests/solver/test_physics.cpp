@@ -1,7 +1,5 @@
 // The critical moments the solver finds, checked against closed forms and
 // the published moment factors of lateral-torsional buckling.
-#include <gtest/gtest.h>
-
 #include "solver_support.h"
 
 using namespace zarvek;
@@ -24,17 +22,16 @@ ProblemData Point_Load(double F, double z) {
 class BothMethods : public ::testing::TestWithParam<int> {};
 
 TEST_P(BothMethods, UniformMomentMatchesTheClosedForm) {
-  for (double tol : {1e-6, 1e-4}) {  // the batch tolerance still gives four digits
-    Solved s = Solve(Fork(), GetParam(), tol, tol < 1e-5 ? 100 : 50);
-    ASSERT_EQ(s.res.Solve_Status, 0) << s.res.Error_Text;
+  // the batch tolerance still gives four digits; converged, without warning
+  for (double tol : {1e-6, 1e-4}) {
+    const Solved s = Solve(Fork(), GetParam(), tol, tol < 1e-5 ? 100 : 50);
     EXPECT_NEAR(s.Mcr_kNcm() / Mcr_Uniform(L), 1.0, 1e-4) << tol;
+    EXPECT_TRUE(s.res.Converged && s.res.Warnings.empty()) << tol;
   }
   // lateral rotation and warping also held at both ends: half the length
   ProblemData p = Fork();
   for (int n : {1, 101}) p.Rvp[n] = p.Rtp[n] = -1;
-  Solved s = Solve(p, GetParam());
-  ASSERT_EQ(s.res.Solve_Status, 0) << s.res.Error_Text;
-  EXPECT_NEAR(s.Mcr_kNcm() / Mcr_Uniform(L / 2), 1.0, 1e-4);
+  EXPECT_NEAR(Solve(p, GetParam()).Mcr_kNcm() / Mcr_Uniform(L / 2), 1.0, 1e-4);
 }
 
 INSTANTIATE_TEST_SUITE_P(Solver, BothMethods, ::testing::Values(Method_Eigen, Method_Dichotomie),
@@ -46,9 +43,7 @@ INSTANTIATE_TEST_SUITE_P(Solver, BothMethods, ::testing::Values(Method_Eigen, Me
 // which both methods agree.
 TEST(MomentFactor, LinearMomentsAndLoadsFallInThePublishedRanges) {
   auto C1 = [](const ProblemData& p, int method = Method_Dichotomie) {
-    Solved s = Solve(p, method, 1e-7);
-    EXPECT_EQ(s.res.Solve_Status, 0) << s.res.Error_Text;
-    return s.Mcr_kNcm() / Mcr_Uniform(L);
+    return Solve(p, method, 1e-7).Mcr_kNcm() / Mcr_Uniform(L);
   };
   ProblemData psi0 = Fork(), psim1 = Fork();
   Set_Moments(psi0, [](double x) { return 1e6 * (1 - x / L); });
@@ -58,8 +53,7 @@ TEST(MomentFactor, LinearMomentsAndLoadsFallInThePublishedRanges) {
       {&psi0, 1.77, 1.88}, {&psim1, 2.55, 2.75}, {&q, 1.12, 1.14}, {&F, 1.30, 1.40}};
   for (const auto& r : rows) {
     const double c = C1(*r.p);
-    EXPECT_GT(c, r.lo);
-    EXPECT_LT(c, r.hi);
+    EXPECT_TRUE(c > r.lo && c < r.hi) << c << " not in " << r.lo << " .. " << r.hi;
   }
   EXPECT_NEAR(C1(F, Method_Eigen) / C1(F), 1.0, 1e-5);
 }
@@ -68,13 +62,13 @@ TEST(MomentFactor, LinearMomentsAndLoadsFallInThePublishedRanges) {
 // destabilise, below it they stabilise: a span load by bisection, a point
 // load by the vector iteration.
 TEST(LoadHeight, AboveLowersAndBelowRaisesTheCriticalMoment) {
-  auto q = [](double z) { return Solve(Fork_Beam_Uniform_Load(100, L, 8e6 / (L * L), z), Method_Dichotomie).Mcr_kNcm(); };
+  auto q = [](double z) {
+    return Solve(Fork_Beam_Uniform_Load(100, L, 8e6 / (L * L), z), Method_Dichotomie).Mcr_kNcm();
+  };
   auto F = [](double z) { return Solve(Point_Load(4000, z), Method_Eigen, 1e-7).Mcr_kNcm(); };
   const double q0 = q(0), F0 = F(0);
-  EXPECT_LT(q(15), 0.9 * q0);
-  EXPECT_GT(q(-15), 1.1 * q0);
-  EXPECT_LT(F(15), F0);
-  EXPECT_GT(F(-15), F0);
+  EXPECT_TRUE(q(15) < 0.9 * q0 && q(-15) > 1.1 * q0);
+  EXPECT_TRUE(F(15) < F0 && F(-15) > F0);
 }
 
 // Mid-span supports under uniform moment. Sagging moments compress the top
@@ -87,18 +81,14 @@ TEST(Restraints, MidSpanSupportsAndReleases) {
   auto with = [](const std::function<void(ProblemData&)>& change) {
     ProblemData p = Fork();
     change(p);
-    Solved s = Solve(p, Method_Dichotomie);
-    EXPECT_EQ(s.res.Solve_Status, 0) << s.res.Error_Text;
-    return s.Mcr_kNcm();
+    return Solve(p, Method_Dichotomie).Mcr_kNcm();
   };
   auto spring_at = [&](double z) { return with([z](ProblemData& p) { p.Rv[51] = 50, p.z[51] = z; }); };
   const double top = spring_at(15), centre = spring_at(0), bottom = spring_at(-15);
-  EXPECT_GT(top, centre);
-  EXPECT_GT(centre, bottom);
-  EXPECT_GT(bottom, Mcr_Uniform(L) * 0.999);
+  EXPECT_TRUE(top > centre && centre > bottom && bottom > Mcr_Uniform(L) * 0.999)
+      << top << " " << centre << " " << bottom;
   const double rigid = with([](ProblemData& p) { p.Rv[51] = p.Rt[51] = -1; }) / Mcr_Uniform(L / 2);
-  EXPECT_GT(rigid, 0.9999);
-  EXPECT_LT(rigid, 1.10);
+  EXPECT_TRUE(rigid > 0.9999 && rigid < 1.10) << rigid;
   EXPECT_LT(with([](ProblemData& p) { p.Kt[51] = p.Ktp[51] = 0; }), 0.999 * Mcr_Uniform(L));
 }
 
@@ -113,15 +103,11 @@ TEST(Cantilever, TipLoadAtTheShearCentreByBothMethods) {
     SCOPED_TRACE(iw);
     const Solved e = Solve(Cantilever(100, Lc, F, iw), Method_Eigen);
     const Solved d = Solve(Cantilever(100, Lc, F, iw), Method_Dichotomie);
-    ASSERT_EQ(d.res.Solve_Status, 0) << d.res.Error_Text;
-    ASSERT_EQ(e.res.Solve_Status, 0) << e.res.Error_Text;
-    EXPECT_TRUE(e.res.Converged);
-    EXPECT_TRUE(e.res.Warnings.empty());
+    EXPECT_TRUE(e.res.Converged && e.res.Warnings.empty());
+    EXPECT_NEAR(e.res.mucr / d.res.mucr, 1.0, 1e-5);
     if (iw == 0) {
       EXPECT_NEAR(d.res.mucr * F / Fcr, 1.0, 2e-4);
-      EXPECT_NEAR(e.res.mucr * F / Fcr, 1.0, 2e-4);
     } else {
-      EXPECT_NEAR(e.res.mucr / d.res.mucr, 1.0, 1e-5);
       EXPECT_GT(d.res.mucr * F, Fcr);
     }
   }
@@ -149,10 +135,8 @@ TEST(MonoSymmetric, UniformMomentEitherWayMatchesTheClosedForm) {
     const double expected = M > 0 ? big : small;
     for (int method : {Method_Eigen, Method_Dichotomie}) {
       const Solved s = Solve(p, method);
-      ASSERT_EQ(s.res.Solve_Status, 0) << s.res.Error_Text;
       EXPECT_NEAR(s.res.mucr * 1e6 / expected, 1.0, 1e-4) << method;
-      EXPECT_TRUE(s.res.Warnings.empty()) << s.res.Warnings[0];
-      EXPECT_TRUE(s.res.Converged);
+      EXPECT_TRUE(s.res.Converged && s.res.Warnings.empty()) << method;
     }
   }
 }

@@ -5,22 +5,13 @@
 #include <QtWidgets>
 #include <memory>
 
-#include "foundation/Language.h"
-#include "foundation/Mod_Zarvek.h"
 #include "model/qt/Frm_Zarvek.h"
+#include "tools/qt/start_dir.h"
 
 using namespace zarvek;
 
 class Test_Design_Window : public QObject {
   Q_OBJECT
-
-  QTemporaryDir dir_;
-  StartupState s_;
-
-  void Load(const char* code) {
-    QVERIFY(Load_LanguageFile(std::string(ZARVEK_BIN_DIR) + "/ZARVEK_" + code + ".MSG", s_.File_Tmp));
-    Load_Messages();
-  }
 
   // Pictures for a look by eye, when ZARVEK_SHOTS names a folder.
   static void Shot(QWidget* w, const QString& name) {
@@ -29,15 +20,6 @@ class Test_Design_Window : public QObject {
   }
 
  private slots:
-  void initTestCase() {
-    QVERIFY(dir_.isValid());
-    s_.Dir_Data = dir_.path().toStdString();
-    s_.App_Path = s_.Dir_Data + "/";
-    s_.File_Tmp = s_.App_Path + "Zarvek.TMP";
-    s_.File_Problem = s_.App_Path + "Zarvek.ZVK";
-    s_.File_Default = s_.App_Path + "Zarvek.DFT";
-  }
-
   // Example 1 (IPE 300, S235, 6 m, 10 kN/m): chiLT,mod 0.589 and the class,
   // as the hand calculation of tests/design gives them.
   void proceedShowsTheCheck_data() {
@@ -49,8 +31,8 @@ class Test_Design_Window : public QObject {
   void proceedShowsTheCheck() {
     QFETCH(QString, code);
     QFETCH(QString, verdict);
-    Load(code.toLatin1().constData());
-    auto w = std::make_unique<Frm_Zarvek>(s_);
+    zarvek_test::StartDir start(code.toLatin1().constData());
+    auto w = std::make_unique<Frm_Zarvek>(start.state);
     w->Message_Box = [](const QString&, const QString&) {};
     w->Beep = [] {};
     QVERIFY(w->Form_Load());

@@ -1,16 +1,8 @@
 // The catalogue window: series by growing area, the current section
 // preselected, the transfer into the beam model, a missing or damaged
 // catalogue.
-#include <QApplication>
-#include <QFontInfo>
-#include <QLabel>
-#include <QListWidget>
-#include <QMessageBox>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QTimer>
 #include <QtTest>
+#include <QtWidgets>
 #include <cmath>
 
 #include "foundation/Mod_Zarvek.h"
@@ -41,9 +33,8 @@ struct MessageCatcher {
 };
 
 int Row_Of(QListWidget* l, const QString& text) {
-  for (int i = 0; i < l->count(); ++i)
-    if (l->item(i)->text() == text) return i;
-  return -1;
+  const auto items = l->findItems(text, Qt::MatchExactly);
+  return items.isEmpty() ? -1 : l->row(items[0]);
 }
 
 }  // namespace
@@ -102,8 +93,7 @@ class TestFrmSection : public QObject {
     Init_Default(m, start.path());
     m.Lst_Unit_Izt = unitIzt;
     Set_Factors(m);
-    m.Lbl_SelectedProfile = "HEA 200";
-    m.Txt_Betaz[1] = "3";
+    m.Lbl_SelectedProfile = "HEA 200", m.Txt_Betaz[1] = "3";
     Frm_Section w(m, start.state.File_Section);
     w.Form_Load();
     QCOMPARE(w.Lst_SectionSerie->currentItem()->text(), QString("HEA"));
