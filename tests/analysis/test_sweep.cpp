@@ -25,14 +25,16 @@ BeamModel Default_Model() {
   return m;
 }
 
-// Records that differ in span, load and method, so that two threads at once
-// never hold the same numbers.
-BeamModel Varied_Model(int i) {
+// Record i of a set that differs in span, load and method, so that two
+// threads at once never hold the same numbers; solved through a problem file
+// at `path` or in memory.
+ProceedResult Solve_Varied(int i, const std::string& path = "") {
   BeamModel m = Default_Model();
   m.Txt_L = Number_To_Text(2.0 + 0.5 * i);
   if (i % 3 == 1) m.Chk_F1 = true, m.Txt_zF1 = "15";  // the mid-span force on top of the end moments
   if (i % 4 == 0) m.Opt_Eigen = true, m.Opt_Dichotomie = false;
-  return m;
+  SolveControl ctl;
+  return Proceed(m, path, ctl);
 }
 
 TEST(Reentrancy, ThreadsGetWhatEachSolveGetsAlone) {
@@ -40,9 +42,7 @@ TEST(Reentrancy, ThreadsGetWhatEachSolveGetsAlone) {
   const int n = 24;
   std::vector<ProceedResult> alone(n);
   for (int i = 0; i < n; ++i) {
-    BeamModel m = Varied_Model(i);
-    SolveControl ctl;
-    alone[i] = Proceed(m, test::Scratch_Dir() + "/SWEEP.ZVK", ctl);
+    alone[i] = Solve_Varied(i, test::Scratch_Dir() + "/SWEEP.ZVK");
     ASSERT_EQ(alone[i].Solve_Status, 0) << i << " " << alone[i].Message;
   }
   // eight threads, each going through every record from a different start,
@@ -52,21 +52,17 @@ TEST(Reentrancy, ThreadsGetWhatEachSolveGetsAlone) {
   std::vector<std::thread> pool;
   for (int t = 0; t < threads; ++t)
     pool.emplace_back([&, t] {
-      for (int k = 0; k < n; ++k) {
-        const int i = (k + 3 * t) % n;
-        BeamModel m = Varied_Model(i);
-        SolveControl ctl;
-        got[t][i] = Proceed(m, "", ctl);
-      }
+      for (int k = 0; k < n; ++k) got[t][(k + 3 * t) % n] = Solve_Varied((k + 3 * t) % n);
     });
   for (auto& th : pool) th.join();
   for (int t = 0; t < threads; ++t)
     for (int i = 0; i < n; ++i) {
+      SCOPED_TRACE(testing::Message() << "thread " << t << ", record " << i);
       const SolverResult &a = alone[i].Solver, &b = got[t][i].Solver;
-      ASSERT_EQ(got[t][i].Solve_Status, 0) << t << " " << i;
-      EXPECT_EQ(std::memcmp(&a.mucr, &b.mucr, sizeof a.mucr), 0) << t << " " << i << ": " << a.mucr << " " << b.mucr;
-      EXPECT_EQ(a.Mode_Vector, b.Mode_Vector) << t << " " << i;
-      EXPECT_EQ(alone[i].Efforts.Efforts_M, got[t][i].Efforts.Efforts_M) << t << " " << i;
+      ASSERT_EQ(got[t][i].Solve_Status, 0);
+      EXPECT_EQ(std::memcmp(&a.mucr, &b.mucr, sizeof a.mucr), 0) << a.mucr << " " << b.mucr;
+      EXPECT_EQ(a.Mode_Vector, b.Mode_Vector);
+      EXPECT_EQ(alone[i].Efforts.Efforts_M, got[t][i].Efforts.Efforts_M);
     }
 }
 

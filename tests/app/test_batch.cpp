@@ -59,8 +59,7 @@ TEST(BatchRun, ExampleGivesTheClosedFormCriticalMoment) {
   r = Expect_Zero(d.path, {d / "bad.ZVK"});
   const auto lines = Lines_Of(Read_All(d / "Zarvek.TMP"));
   ASSERT_EQ(lines.size(), 4u);
-  EXPECT_EQ(lines[0], "       0.000000");
-  EXPECT_EQ(lines[3], Message("UK", 57) + " (1)");
+  EXPECT_EQ(lines[0], "       0.000000"); EXPECT_EQ(lines[3], Message("UK", 57) + " (1)");
   EXPECT_EQ(Lines_Of(r.out), lines);
 }
 
@@ -83,8 +82,7 @@ TEST(BatchRun, EachStartFailureStopsWithItsTextOnStandardError) {
     spoil(d);
     const std::string expected = std::string(text).replace(text.find('@'), 1, d.path);
     RunResult r = Run_Zarvek(d.path, {d / "EXAMPLE.ZVK"});
-    EXPECT_EQ(r.exit_code, 1);
-    EXPECT_TRUE(Has(r.err, expected + "\n")) << r.err;
+    EXPECT_EQ(r.exit_code, 1); EXPECT_TRUE(Has(r.err, expected + "\n")) << r.err;
     EXPECT_TRUE(r.out.empty() && !fs::exists(d / "Zarvek.TMP")) << r.out;
   }
   // a missing problem file leads to the normal start, which deletes the stale
@@ -103,8 +101,7 @@ TEST(SingleInstance, ASecondInstanceInTheSameDirectoryEndsSilently) {
   ASSERT_EQ(::flock(fd, LOCK_EX | LOCK_NB), 0);
   RunResult r = Run_Zarvek(a.path, {a / "EXAMPLE.ZVK"});
   ::close(fd);
-  EXPECT_EQ(r.exit_code, 3);
-  EXPECT_EQ(r.out + r.err, "");
+  EXPECT_EQ(r.exit_code, 3); EXPECT_EQ(r.out + r.err, "");
   EXPECT_EQ(Read_All(a / "Zarvek.TMP"), "result of the running instance");  // not touched
 }
 
@@ -118,8 +115,7 @@ TEST(SingleInstance, TwoDirectoriesRunSideBySideEachInItsLanguage) {
   Expect_ExampleResult(Lines_Of(Read_All(a / "Zarvek.TMP")));
   Expect_ExampleResult(Lines_Of(Read_All(b / "Zarvek.TMP")), "FR");
   EXPECT_NE(Message("FR", 6), Message("UK", 6));
-  // the console gets UTF-8
-  EXPECT_TRUE(Has(rb.out, zarvek::Cp1252_To_Utf8(Message("FR", 6)) + " (0)\n"));
+  EXPECT_TRUE(Has(rb.out, zarvek::Cp1252_To_Utf8(Message("FR", 6)) + " (0)\n"));  // UTF-8 on the console
 }
 
 // HOME and XDG_DATA_HOME of the children started in its lifetime.
@@ -128,7 +124,7 @@ struct Environment {
   const char* xdg = std::getenv("XDG_DATA_HOME");
   std::string xdgSaved = xdg ? xdg : "";
   static void Set(const char* name, const char* value) { value ? ::setenv(name, value, 1) : ::unsetenv(name); }
-  Environment(const std::string& newHome, const char* newXdg) { Set("HOME", newHome.c_str()), Set("XDG_DATA_HOME", newXdg); }
+  Environment(const std::string& h, const char* x) { Set("HOME", h.c_str()), Set("XDG_DATA_HOME", x); }
   ~Environment() { Set("HOME", home.c_str()), Set("XDG_DATA_HOME", xdg ? xdgSaved.c_str() : nullptr); }
 };
 
@@ -143,8 +139,7 @@ TEST(UserFolder, TheBatchRouteAwayFromTheDataLeavesItsResultInTheUserFolder) {
     const std::string user = (x && x[0] == '/' ? std::string(x) : home / ".local/share") + "/zarvek";
     Expect_Zero(elsewhere.path, {Bin + "/EXAMPLE.ZVK"});
     const auto lines = Lines_Of(Read_All(user + "/Zarvek.TMP"));
-    ASSERT_EQ(lines.size(), 4u);
-    EXPECT_NEAR(std::stod(lines[0]) * std::stod(lines[1]) / Mcr_Example(), 1.0, 1e-3);
+    ASSERT_EQ(lines.size(), 4u); EXPECT_NEAR(std::stod(lines[0]) * std::stod(lines[1]) / Mcr_Example(), 1.0, 1e-3);
     EXPECT_EQ(Read_All(user + "/Zarvek.INI"), Read_All(Bin + "/Zarvek.INI"));
     EXPECT_TRUE(fs::is_empty(elsewhere.path));
   }

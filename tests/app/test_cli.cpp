@@ -43,19 +43,16 @@ TEST(Cli, ProjectAndProblemFileGiveTheClosedForm) {
   TempDir files;
   const std::string dat = Save(files, "BEAM.DAT");
   const auto lines = Lines_Of(Expect_Cli({"solve", dat}, 0).out);  // mucr, Mcr, Mmax, x/L, message
-  ASSERT_GE(lines.size(), 5u);
-  EXPECT_TRUE(Has(lines[1], "kN.m"));
+  ASSERT_GE(lines.size(), 5u); EXPECT_TRUE(Has(lines[1], "kN.m"));
   EXPECT_NEAR(std::strtod(lines[1].c_str() + 4, nullptr) * 1e4 / Mcr_Example(), 1.0, 1e-4);
 
   RunResult j = Expect_Cli({"solve", dat, "--json"}, 0, "", "\"unit_M\":\"kN.m\"");
   EXPECT_EQ(Lines_Of(j.out).size(), 1u);
   const double mucr = Json_Value(j.out, "mucr");
   EXPECT_NEAR(mucr * 1e6 / Mcr_Example(), 1.0, 1e-4);  // mucr x 100 kN.m
-  EXPECT_NEAR(Json_Value(j.out, "Mcr"), mucr * 100, 1e-6 * mucr * 100);
-  EXPECT_EQ(Json_Value(j.out, "Mmax"), 100);
+  EXPECT_NEAR(Json_Value(j.out, "Mcr"), mucr * 100, 1e-6 * mucr * 100); EXPECT_EQ(Json_Value(j.out, "Mmax"), 100);
   const auto m = j.out.find("\"mode\":[[");  // 101 nodes of v, theta, v', theta'
-  ASSERT_NE(m, std::string::npos);
-  EXPECT_EQ(std::count(j.out.begin() + m + 8, j.out.end(), '['), 101);
+  ASSERT_NE(m, std::string::npos); EXPECT_EQ(std::count(j.out.begin() + m + 8, j.out.end(), '['), 101);
 
   // the same beam as the shipped problem file: daN.cm, the dichotomy, a mode too
   RunResult z = Expect_Cli({"solve", Example_ZVK, "--json"}, 0, "", "\"mode\":[[");
@@ -151,8 +148,7 @@ TEST(Cli, NoUsableResultIsExit3) {
 
 TEST(Cli, AnyFileNameGivesValidJson) {
   TempDir files;
-  const std::string latin1 = files / "caf\xe9 \"1\".ZVK";  // Latin-1 e acute and quotes
-  const std::string utf8 = files / "caf\xc3\xa9.ZVK";
+  const std::string latin1 = files / "caf\xe9 \"1\".ZVK", utf8 = files / "caf\xc3\xa9.ZVK";  // Latin-1 e acute, quotes
   for (const auto& f : {latin1, utf8}) fs::copy_file(Example_ZVK, f);
   RunResult a = Expect_Cli({"solve", latin1, "--json"}, 0, "", "caf\\u00e9 \\\"1\\\".ZVK\"");
   for (unsigned char c : a.out) EXPECT_LT(c, 0x80) << a.out;
@@ -162,11 +158,10 @@ TEST(Cli, AnyFileNameGivesValidJson) {
 TEST(Cli, SectionCatalogueInAnyCaseWithNearestNames) {
   EXPECT_TRUE(Has("\n" + Expect_Cli({"sections"}, 0).out, "\nIPE 300\n"));  // one name a line
   for (const Args& name : std::vector<Args>{{"IPE 300"}, {"ipe 300"}, {"IPE300"}, {"ipe", "300"}, {" Ipe  300 "}}) {
-    Args a{"section"};
-    a.insert(a.end(), name.begin(), name.end());
-    RunResult r = Expect_Cli(a, 0);
-    EXPECT_EQ(r.out.rfind("IPE 300\n", 0), 0u) << r.out;
-    EXPECT_TRUE(Has(r.out, "603.78") && Has(r.out, "19.868")) << r.out;  // Iz and It, cm4
+    Args a = name;
+    a.insert(a.begin(), "section");
+    RunResult r = Expect_Cli(a, 0);  // the name first, then Iz and It in cm4
+    EXPECT_TRUE(r.out.rfind("IPE 300\n", 0) == 0 && Has(r.out, "603.78") && Has(r.out, "19.868")) << r.out;
   }
   Expect_Cli({"section", "IPE 305"}, 2, "nearest: IPE 300");
   Expect_Cli({"section", "UB 457x191x6"}, 2, "UB 457x191x67");
@@ -185,7 +180,7 @@ TEST(Cli, AnEmptyOrUnreadableCatalogueIsAnError) {
     }
   }
   ::chmod((inst / "SECTION.DB").c_str(), 0);
-  if (::geteuid() != 0) EXPECT_EQ(Cli({"sections"}, program).exit_code, 2);
+  EXPECT_TRUE(::geteuid() == 0 || Cli({"sections"}, program).exit_code == 2);  // root reads it all the same
 }
 
 // The example beam in S355 (the default): Mcr = 48.33 kN.m by the closed
@@ -196,7 +191,7 @@ TEST(Cli, AnEmptyOrUnreadableCatalogueIsAnError) {
 TEST(CliDesign, CheckOfTheExampleBeam) {
   TempDir files;
   const std::string dat = Save(files, "BEAM.DAT");
-  RunResult j = Expect_Cli({"solve", dat, "--json"}, 0, "", "\"design\":{\"grade\":\"S355\"");
+  const RunResult j = Expect_Cli({"solve", dat, "--json"}, 0, "", "\"design\":{\"grade\":\"S355\"");
   const double Mcr = Mcr_Example() / 1e4;
   EXPECT_NEAR(Json_Value(j.out, "lambdaLT"), std::sqrt(628.4 * 3550 / (Mcr * 1e4)), 5e-4);
   EXPECT_NEAR(Json_Value(j.out, "chiLT"), 1 / (2.148437 * 2.148437), 5e-4);
@@ -226,8 +221,6 @@ TEST(CliDesign, CheckOfTheExampleBeam) {
   EXPECT_GT(C1, 1.0) << t.out;
   EXPECT_NEAR(Json_Value(t.out, "kc"), 1 / std::sqrt(C1), 1e-6);
 }
-
-// ---- draw ----
 
 // Width and height of a PNG file from its header; 0 x 0 when it is none.
 std::pair<std::uint32_t, std::uint32_t> Png_Size(const std::string& file) {
@@ -283,9 +276,6 @@ TEST(CliDraw, ProblemFileAndRefusals) {
   EXPECT_FALSE(fs::exists(png));
 }
 
-// ---- sweep ----
-
-// A span sweep: its table, its curve, and the exit codes.
 TEST(CliSweep, TableCurveAndRefusals) {
   TempDir files;
   const std::string dat = Save(files, "SPAN.DAT");

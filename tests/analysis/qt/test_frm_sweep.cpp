@@ -55,15 +55,13 @@ class Test_Frm_Sweep : public QObject {
     Frm_Sweep f(m_);
     f.show();
     QVERIFY(QTest::qWaitForWindowExposed(&f));
-    QCOMPARE(f.Cmb_Field->currentText(), QString("Txt_L"));
-    QCOMPARE(f.Lbl_Unit[0]->text(), QString("m"));
+    QCOMPARE(f.Cmb_Field->currentText(), QString("Txt_L")); QCOMPARE(f.Lbl_Unit[0]->text(), QString("m"));
     QVERIFY(!f.Cmd_Copy->isEnabled());
 
     // another field and back, by the keys of the list
     f.Cmb_Field->setFocus(Qt::TabFocusReason);
     QTest::keyClicks(f.Cmb_Field, "Txt_E");
-    QCOMPARE(f.Cmb_Field->currentText(), QString("Txt_E"));
-    QCOMPARE(f.Lbl_Unit[0]->text(), QString("MPa"));
+    QCOMPARE(f.Cmb_Field->currentText(), QString("Txt_E")); QCOMPARE(f.Lbl_Unit[0]->text(), QString("MPa"));
     QTest::qWait(QApplication::keyboardInputInterval() + 100);  // a new search
     QTest::keyClicks(f.Cmb_Field, "Txt_L");
     QCOMPARE(f.Cmb_Field->currentText(), QString("Txt_L"));
@@ -93,8 +91,7 @@ class Test_Frm_Sweep : public QObject {
     for (int i = 0; i < 3; ++i) {
       const QStringList c = rows[i + 2].split(',');
       QCOMPARE(c[0].toDouble(), spans[i]); QCOMPARE(c[3], QString("0"));
-      QVERIFY2(  // kN.cm -> kN.m
-          std::fabs(std::fabs(c[2].toDouble()) / (Mcr_Uniform(spans[i] * 100) / 100) - 1) < 2e-4,
+      QVERIFY2(std::fabs(std::fabs(c[2].toDouble()) / (Mcr_Uniform(spans[i] * 100) / 100) - 1) < 2e-4,  // kN.cm -> kN.m
                qPrintable(rows[i + 2]));
     }
 
