@@ -1,9 +1,6 @@
 // The main window with every companion window hooked in, driven as a user
-// drives it: options and language, help, the section catalogue, an external
-// problem file, the windows of the results, the drawings at every window
-// size and the project file. Modal windows are answered from the event loop
-// that their exec() runs, as a user answers them; pictures are read back
-// pixel by pixel from their surfaces.
+// drives it. Modal windows are answered from the event loop that their exec()
+// runs, as a user answers them; pictures are read back from their surfaces.
 #include <QtTest>
 #include <QtWidgets>
 #include <cmath>
@@ -97,8 +94,7 @@ class Test_Main_Integration : public QObject {
     w->Choose_File = [this](int, const QString&, const QString&) {
       return chosen_.isEmpty() ? QString() : chosen_.takeFirst();
     };
-    w->Beep = [] {};
-    w->Progress_Interval_ms = 1000;
+    w->Beep = [] {}, w->Progress_Interval_ms = 1000;
     Install_Windows(*w);
     if (!w->Form_Load()) return nullptr;
     w->show();
@@ -106,7 +102,6 @@ class Test_Main_Integration : public QObject {
     return QTest::qWaitForWindowActive(w.get()) ? std::move(w) : nullptr;
   }
 
-  // A page chosen by a click on its tab.
   void Click_Tab(QTabWidget* tabs, int p) {
     QTest::mouseClick(tabs->tabBar(), Qt::LeftButton, {}, tabs->tabBar()->tabRect(p).center());
     QTRY_COMPARE(tabs->currentIndex(), p);
@@ -152,7 +147,6 @@ class Test_Main_Integration : public QObject {
   }
 
  private slots:
-  // A start directory in English and the main window on it, hooked up.
   void init() {
     start_ = std::make_unique<zarvek_test::StartDir>("UK");
     QFile::copy(QString(ZARVEK_BIN_DIR) + "/EXAMPLE.ZVK", start_->file("EXAMPLE.ZVK"));
@@ -164,11 +158,8 @@ class Test_Main_Integration : public QObject {
   void cleanup() {
     if (auto* h = Help_Browser()) h->close();
     if (auto* p = Help_PictureWindow()) p->close();
-    w_.reset();
-    start_.reset();
+    w_.reset(), start_.reset();
   }
-
-  // ---- options ----------------------------------------------------------
 
   // UK -> FR through the options: the main window's captions follow, the
   // restraint lists keep their choice and a typed spring keeps its number.
@@ -179,8 +170,7 @@ class Test_Main_Integration : public QObject {
     v2->setCurrentIndex(2);
     emit v2->activated(2);
     QTest::keyClicks(v2->lineEdit(), "350");
-    QCOMPARE(w_->Model().Lst_v2.index, -1);
-    QCOMPARE(F<QComboBox>("Lst_v1")->currentText(), QString("Fixed"));
+    QCOMPARE(w_->Model().Lst_v2.index, -1); QCOMPARE(F<QComboBox>("Lst_v1")->currentText(), QString("Fixed"));
 
     QVERIFY(Answer<Frm_Options>([](Frm_Options* o) {
       for (int i = 0; i < o->Lst_Language->count(); ++i)
@@ -192,8 +182,7 @@ class Test_Main_Integration : public QObject {
     QCOMPARE(w_->Tab_Zarvek->tabText(1).toStdString(), Cp1252_To_Utf8(Section_Line(1, 20)));
     QCOMPARE(F<QComboBox>("Lst_v1")->currentText(), QString::fromUtf8("Bloqué"));
     QCOMPARE(w_->Model().Lst_v1.index, 1);
-    QCOMPARE(v2->currentText(), QString("350"));
-    QCOMPARE(w_->Model().Lst_v2.index, -1);
+    QCOMPARE(v2->currentText(), QString("350")); QCOMPARE(w_->Model().Lst_v2.index, -1);
     QCOMPARE(Num_Of_Text(w_->Model().Lst_v2.text), 350.0);
     QCOMPARE(w_->Menu_File->title(), QString("&Fichier"));
     Expect_Worded_Tooltips();
@@ -207,8 +196,7 @@ class Test_Main_Integration : public QObject {
     Click_Page(3);
     Solve();
     Surface& mode = w_->Img_Eigenmode->surface();
-    QVERIFY(Count(mode, 0xC00000) > 20);  // v
-    QVERIFY(Count(mode, 0x008000) > 20);  // theta'
+    QVERIFY(Count(mode, 0xC00000) > 20); QVERIFY(Count(mode, 0x008000) > 20);  // v, theta'
     const auto results = [this] { return F("Txt_mucr")->text() + " | " + F("Txt_Mcr")->text(); };
     const QString before = results();
     QVERIFY(!before.startsWith("0 "));
@@ -217,8 +205,7 @@ class Test_Main_Integration : public QObject {
       QVERIFY(Answer<Frm_Options>(leave, [this] { w_->Menu_Tools_Options->trigger(); }));
       QVERIFY(!QApplication::activeModalWidget());
       QCOMPARE(results(), before);
-      QVERIFY(w_->Model().Mode_Max > 0);
-      QVERIFY(Count(mode, 0xC00000) > 20);
+      QVERIFY(w_->Model().Mode_Max > 0 && Count(mode, 0xC00000) > 20);
     }
   }
 
@@ -240,8 +227,6 @@ class Test_Main_Integration : public QObject {
     Key(key, Qt::AltModifier);
     QTRY_COMPARE(opened, 1);
   }
-
-  // ---- pages of the main window -------------------------------------------
 
   // The check of the dimensions leaves their page in front, with the
   // properties it computed in view, though the route is the catalogue's.
@@ -325,8 +310,6 @@ class Test_Main_Integration : public QObject {
     }
   }
 
-  // ---- the project file ----------------------------------------------------
-
   // More properties of a project of the dimensions route, opened in a new
   // session, show its own section: h 40 cm, flanges 15 x 1.07, web 0.71, root
   // radius 1.5 give A = 2 x 15 x 1.07 + (40 - 2 x 1.07) x 0.71 + 4 (1 - pi/4)
@@ -365,11 +348,8 @@ class Test_Main_Integration : public QObject {
     QString text;
     QVERIFY(Answer<QMessageBox>([&](QMessageBox* b) { icon = b->icon(), text = b->text(), b->accept(); },
                                 [this] { QTest::keyClick(w_.get(), Qt::Key_O, Qt::ControlModifier); }));
-    QCOMPARE(icon, QMessageBox::Warning);
-    QVERIFY2(text.contains("CUT.DAT"), qPrintable(text));
+    QCOMPARE(icon, QMessageBox::Warning); QVERIFY2(text.contains("CUT.DAT"), qPrintable(text));
   }
-
-  // ---- help and the catalogue ---------------------------------------------
 
   void helpOfThePageAndPictures() {
     Click_Page(1);
@@ -379,9 +359,8 @@ class Test_Main_Integration : public QObject {
     QVERIFY(!Help_Browser()->Txt_Help->toPlainText().trimmed().isEmpty());
     w_->Cmd_Help[4]->click();
     Frm_Help* p = Help_PictureWindow();
-    QVERIFY(p && p->isVisible());
+    QVERIFY(p && p->isVisible() && p->Img_Help->pixmap().width() > 100);
     QCOMPARE(p->Picture_Index(), 4);
-    QVERIFY(p->Img_Help->pixmap().width() > 100);
     Click_Page(2);  // another page: the picture told of the page it was asked from
     QVERIFY(!p->isVisible());
   }
@@ -398,24 +377,18 @@ class Test_Main_Integration : public QObject {
     QVERIFY2(std::fabs(Value("Txt_Iz(1)") / 142.4 - 1) < 2e-3, qPrintable(F("Txt_Iz(1)")->text()));
   }
 
-  // ---- external problem file --------------------------------------------
-
-  // A problem file of 300 elements while the main window's list says 100,
-  // opened through its editor (closed unchanged): F5 solves it as the batch
-  // route does, and the mode is drawn over the file's 301 nodes (the half
-  // sine of a span on forks comes back to the axis at the right end). A
-  // second run of a file that fails clears the results and the mode of the
-  // first, and the box names the file; F5 with no file of the user's solves
-  // nothing.
+  // A problem file of 300 elements (the main window's list says 100), opened
+  // through its editor: F5 solves it as the batch route does, the mode drawn
+  // over its 301 nodes (the half sine on forks back on the axis at the right
+  // end). A file that fails then clears the results and the drawings of the
+  // first, the box naming it; F5 with no file of the user's solves nothing.
   void externalModeSolvesTheProblemFile() {
-    // the warning of the external mode, answered
-    QStringList boxes;
+    QStringList boxes;  // the warning of the external mode, answered
     QVERIFY(Answer<QMessageBox>([&boxes](QMessageBox* b) { boxes << b->text(), b->accept(); },
                                 [this] { w_->Menu_Tools_External->trigger(); }));
-    QVERIFY(w_->ExternalMode());
+    QVERIFY(w_->ExternalMode() && !w_->Cmd_Draw3D->isEnabled());
     QCOMPARE(boxes.size(), 1);
     for (int p = 0; p < 4; ++p) QCOMPARE(w_->Tab_Zarvek->isTabEnabled(p), p == 3);
-    QVERIFY(!w_->Cmd_Draw3D->isEnabled());
 
     const std::string path = start_->path() + "/B300.ZVK";
     ProblemData p = Fork_Beam_Uniform_Moment(300, 1000.0, 1e6);
@@ -428,8 +401,7 @@ class Test_Main_Integration : public QObject {
         editor = true, e->Choose_File = [](int, const std::string&) { return std::string(); };
       d->reject();
     }, [this] { w_->Menu_File_Open_Action->trigger(); }));
-    QVERIFY(editor);
-    QCOMPARE(w_->File_External, path);
+    QVERIFY(editor); QCOMPARE(w_->File_External, path);
 
     shown_.clear();
     Key(Qt::Key_F5);
@@ -453,8 +425,7 @@ class Test_Main_Integration : public QObject {
     for (int x = right - 4; x < right; ++x)
       for (int y = 0; y < img.height(); ++y)
         if (img.pixel(x, y) == blue) ++found, far += std::abs(y - mid) > 4;
-    QVERIFY(found > 0);
-    QCOMPARE(far, 0);
+    QVERIFY(found > 0); QCOMPARE(far, 0);
 
     // a file that fails (no moment, status 112)
     for (int e = 1; e <= 300; ++e) p.M1[e] = p.M2[e] = 0;
@@ -487,12 +458,9 @@ class Test_Main_Integration : public QObject {
     QCOMPARE(F("Txt_mucr")->text(), QString("0"));
 
     w_->Menu_Tools_External->trigger();
-    QVERIFY(!w_->ExternalMode());
+    QVERIFY(!w_->ExternalMode() && w_->Cmd_Draw3D->isEnabled());
     for (int p = 0; p < 4; ++p) QVERIFY(w_->Tab_Zarvek->isTabEnabled(p));
-    QVERIFY(w_->Cmd_Draw3D->isEnabled());
   }
-
-  // ---- windows of the results -------------------------------------------
 
   // After a solve each result command opens its window; the report stays
   // loaded and follows the data of a new solve.
@@ -527,8 +495,7 @@ class Test_Main_Integration : public QObject {
     Solve();
     const QString text8 = report();
     QVERIFY2(text8.contains(F("Txt_Mcr")->text()), qPrintable(F("Txt_Mcr")->text() + " in " + text8.right(600)));
-    QVERIFY(!text8.contains(mcr10));
-    QCOMPARE(w_->findChildren<Frm_Edit*>().size(), qsizetype(1));
+    QVERIFY(!text8.contains(mcr10)); QCOMPARE(w_->findChildren<Frm_Edit*>().size(), qsizetype(1));
   }
 };
 
