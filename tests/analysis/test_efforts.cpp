@@ -69,13 +69,11 @@ TEST(Efforts, MidSpanForceOnPinnedBeamAndLoadsOutsideIt) {
   const int j = Find_Mmax(d.NB, d.M, Mmax);
   EXPECT_NEAR(Mmax, -F * L / 4, 1e-5 * F * L);
   EXPECT_NEAR(d.X[j], 0.5, 1.5e-6);  // the sample just beside the middle
-  EXPECT_NEAR(d.V[1], F / 2, 1e-5 * F);
-  EXPECT_NEAR(d.V[101], -F / 2, 1e-5 * F);
+  EXPECT_NEAR(d.V[1], F / 2, 1e-5 * F); EXPECT_NEAR(d.V[101], -F / 2, 1e-5 * F);
   // a force between nodes acts on the nearest node: 0.304 -> 0.30
   Add_Force(Case_AA, L, a.NB, a.X, F, 0.30, a.M, a.V);
   Add_Force(Case_AA, L, b.NB, b.X, F, 0.304, b.M, b.V);
-  EXPECT_EQ(a.M, b.M);
-  EXPECT_NEAR(a.V[60] - a.V[61], F, 1e-3);
+  EXPECT_EQ(a.M, b.M); EXPECT_NEAR(a.V[60] - a.V[61], F, 1e-3);
   // nothing outside the beam, without load, or on the clamps
   Add_Force(Case_AA, L, none.NB, none.X, 100, 1.2, none.M, none.V);
   Add_Force(Case_EE, L, none.NB, none.X, 100, -0.1, none.M, none.V);
@@ -84,8 +82,7 @@ TEST(Efforts, MidSpanForceOnPinnedBeamAndLoadsOutsideIt) {
   Add_DistLoad(Case_AA, L, none.NB, none.X, 5, 0.6, 5, 0.4, none.M, none.V);
   Add_EndMoments(Case_EE, L, none.NB, none.X, 30, 80, none.M, none.V);
   EXPECT_EQ(none.Largest(none.M) + none.Largest(none.V), 0.0);
-  EXPECT_EQ(Find_Mmax(none.NB, none.M, Mmax), 0);
-  EXPECT_EQ(Mmax, 0.0f);
+  EXPECT_EQ(Find_Mmax(none.NB, none.M, Mmax), 0); EXPECT_EQ(Mmax, 0.0f);
 }
 
 TEST(Efforts, HandbookValues) {
@@ -94,18 +91,15 @@ TEST(Efforts, HandbookValues) {
   struct Row { int Case; double xF, qa, qb, t, M, V; };
   const Row rows[] = {
       {Case_EL, 1.0, 0, 0, 0.0, 1.0, 1.0},  // cantilever, tip load: M(0) = F L, V = F
-      {Case_EA, 0.5, 0, 0, 0.0, 3.0 / 16, 11.0 / 16},  // propped cantilever, mid-span load
-      {Case_EA, 0.5, 0, 0, 0.5, -5.0 / 32, 11.0 / 16},
+      // propped cantilever, mid-span load
+      {Case_EA, 0.5, 0, 0, 0.0, 3.0 / 16, 11.0 / 16}, {Case_EA, 0.5, 0, 0, 0.5, -5.0 / 32, 11.0 / 16},
       {Case_AA, 0, 1, 1, 0.5, -1.0 / 8, 0},  // uniform load, pinned
-      {Case_EE, 0, 1, 1, 0.0, 1.0 / 12, 0.5},  // clamped both ends
-      {Case_EE, 0, 1, 1, 0.5, -1.0 / 24, 0},
-      {Case_EE, 0, 1, 1, 1.0, 1.0 / 12, -0.5},
-      {Case_EA, 0, 1, 1, 0.0, 1.0 / 8, 5.0 / 8},  // propped cantilever, largest at 5L/8
-      {Case_EA, 0, 1, 1, 0.625, -9.0 / 128, 0},
-      {Case_AA, 0, 0, 1, 0.0, 0, 1.0 / 6},  // triangular 0..q, pinned
-      {Case_AA, 0, 0, 1, 0.5, -1.0 / 16, 1.0 / 24},
-      {Case_AA, 0, 0, 1, 1.0, 0, -1.0 / 3},
-  };
+      // clamped both ends
+      {Case_EE, 0, 1, 1, 0, 1. / 12, 0.5}, {Case_EE, 0, 1, 1, 0.5, -1. / 24, 0}, {Case_EE, 0, 1, 1, 1, 1. / 12, -0.5},
+      // propped cantilever, largest at 5L/8
+      {Case_EA, 0, 1, 1, 0.0, 1.0 / 8, 5.0 / 8}, {Case_EA, 0, 1, 1, 0.625, -9.0 / 128, 0},
+      // triangular 0..q, pinned
+      {Case_AA, 0, 0, 1, 0, 0, 1. / 6}, {Case_AA, 0, 0, 1, 0.5, -1. / 16, 1. / 24}, {Case_AA, 0, 0, 1, 1, 0, -1. / 3}};
   const double F = 250, q = 2, L = 600;
   for (const Row& r : rows) {
     Diagram d(200, L);
@@ -113,8 +107,8 @@ TEST(Efforts, HandbookValues) {
     else Add_DistLoad(r.Case, L, d.NB, d.X, r.qa * q, 0, r.qb * q, 1, d.M, d.V);
     const double P = r.xF > 0 ? F : q * L;
     const int j = d.Near(r.t);
-    EXPECT_NEAR(d.M[j], r.M * P * L, 1e-5 * P * L) << r.Case << " at " << r.t;
-    EXPECT_NEAR(d.V[j], r.V * P, 1e-5 * P) << r.Case << " at " << r.t;
+    SCOPED_TRACE(testing::Message() << "case " << r.Case << " at " << r.t);
+    EXPECT_NEAR(d.M[j], r.M * P * L, 1e-5 * P * L); EXPECT_NEAR(d.V[j], r.V * P, 1e-5 * P);
   }
 }
 
@@ -123,14 +117,11 @@ TEST(Efforts, EndMomentsAndCouples) {
   Diagram d(100, L), ea(100, L), c(100, L);
   Add_EndMoments(Case_AA, L, d.NB, d.X, -100, 50, d.M, d.V);  // linear from 100 to 50
   Add_EndMoments(Case_EA, L, ea.NB, ea.X, 30, 80, ea.M, ea.V);  // M2 at the pin, M2/2 at the clamp
-  EXPECT_NEAR(d.M[1], 100, 1e-3);
-  EXPECT_NEAR(d.M[200], 50, 1e-3);
-  EXPECT_NEAR(ea.M[1], -40, 1e-3);
-  EXPECT_NEAR(ea.M[200], 80, 1e-3);
+  EXPECT_NEAR(d.M[1], 100, 1e-3); EXPECT_NEAR(d.M[200], 50, 1e-3);
+  EXPECT_NEAR(ea.M[1], -40, 1e-3); EXPECT_NEAR(ea.M[200], 80, 1e-3);
   for (const Diagram* x : {&d, &ea}) Expect_ShearIsSlope(*x);
   Add_Couple(Case_AA, L, c.NB, c.X, 1000, 0.5, c.M, c.V);  // M jumps by -C at mid-span
-  EXPECT_NEAR(c.M[100], 500, 1e-2);
-  EXPECT_NEAR(c.M[101], -500, 1e-2);
+  EXPECT_NEAR(c.M[100], 500, 1e-2); EXPECT_NEAR(c.M[101], -500, 1e-2);
 }
 
 TEST(Efforts, EveryLoadSatisfiesItsSupportsAndEquilibrium) {
@@ -142,10 +133,7 @@ TEST(Efforts, EveryLoadSatisfiesItsSupportsAndEquilibrium) {
     Add_DistLoad(Case, L, q.NB, q.X, 2.0, 0.2, -0.5, 0.7, q.M, q.V);
     Add_DistLoad(Case, L, t.NB, t.X, 0.5, 0.1, 4.0, 0.9, t.M, t.V);
     Add_Couple(Case, L, c.NB, c.X, 5000, 0.4, c.M, c.V);  // on node 61
-    for (const Diagram* d : {&f, &q, &t, &c}) {
-      Expect_ShearIsSlope(*d);
-      Expect_SupportConditions(Case, *d);
-    }
+    for (const Diagram* d : {&f, &q, &t, &c}) Expect_ShearIsSlope(*d), Expect_SupportConditions(Case, *d);
     // the end shears carry the whole span load t (none at a free end)
     EXPECT_NEAR(t.V[1] - t.V[300], 0.5 * 4.5 * 0.8 * L, 1e-3);
   }

@@ -1,11 +1,11 @@
 // Solves side by side, and the sweep of one field with its table.
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cmath>
 #include <cstring>
 #include <string>
 #include <thread>
-#include <unistd.h>
 #include <vector>
 
 #include "analysis/Sweep.h"
@@ -25,14 +25,16 @@ BeamModel Default_Model() {
   return m;
 }
 
-// Records that differ in span, load and method, so that two threads at once
-// never hold the same numbers.
-BeamModel Varied_Model(int i) {
+// Record i of a set that differs in span, load and method, so that two
+// threads at once never hold the same numbers; solved through a problem file
+// at `path` or in memory.
+ProceedResult Solve_Varied(int i, const std::string& path = "") {
   BeamModel m = Default_Model();
   m.Txt_L = Number_To_Text(2.0 + 0.5 * i);
   if (i % 3 == 1) m.Chk_F1 = true, m.Txt_zF1 = "15";  // the mid-span force on top of the end moments
   if (i % 4 == 0) m.Opt_Eigen = true, m.Opt_Dichotomie = false;
-  return m;
+  SolveControl ctl;
+  return Proceed(m, path, ctl);
 }
 
 TEST(Reentrancy, ThreadsGetWhatEachSolveGetsAlone) {
@@ -40,9 +42,7 @@ TEST(Reentrancy, ThreadsGetWhatEachSolveGetsAlone) {
   const int n = 24;
   std::vector<ProceedResult> alone(n);
   for (int i = 0; i < n; ++i) {
-    BeamModel m = Varied_Model(i);
-    SolveControl ctl;
-    alone[i] = Proceed(m, test::Scratch_Dir() + "/SWEEP.ZVK", ctl);
+    alone[i] = Solve_Varied(i, test::Scratch_Dir() + "/SWEEP.ZVK");
     ASSERT_EQ(alone[i].Solve_Status, 0) << i << " " << alone[i].Message;
   }
   // eight threads, each going through every record from a different start,
@@ -52,22 +52,17 @@ TEST(Reentrancy, ThreadsGetWhatEachSolveGetsAlone) {
   std::vector<std::thread> pool;
   for (int t = 0; t < threads; ++t)
     pool.emplace_back([&, t] {
-      for (int k = 0; k < n; ++k) {
-        const int i = (k + 3 * t) % n;
-        BeamModel m = Varied_Model(i);
-        SolveControl ctl;
-        got[t][i] = Proceed(m, "", ctl);
-      }
+      for (int k = 0; k < n; ++k) got[t][(k + 3 * t) % n] = Solve_Varied((k + 3 * t) % n);
     });
   for (auto& th : pool) th.join();
   for (int t = 0; t < threads; ++t)
     for (int i = 0; i < n; ++i) {
-      const SolverResult& a = alone[i].Solver;
-      const SolverResult& b = got[t][i].Solver;
-      ASSERT_EQ(got[t][i].Solve_Status, 0) << t << " " << i;
-      EXPECT_EQ(std::memcmp(&a.mucr, &b.mucr, sizeof a.mucr), 0) << t << " " << i << ": " << a.mucr << " " << b.mucr;
-      EXPECT_EQ(a.Mode_Vector, b.Mode_Vector) << t << " " << i;
-      EXPECT_EQ(alone[i].Efforts.Efforts_M, got[t][i].Efforts.Efforts_M) << t << " " << i;
+      SCOPED_TRACE(testing::Message() << "thread " << t << ", record " << i);
+      const SolverResult &a = alone[i].Solver, &b = got[t][i].Solver;
+      ASSERT_EQ(got[t][i].Solve_Status, 0);
+      EXPECT_EQ(std::memcmp(&a.mucr, &b.mucr, sizeof a.mucr), 0) << a.mucr << " " << b.mucr;
+      EXPECT_EQ(a.Mode_Vector, b.Mode_Vector);
+      EXPECT_EQ(alone[i].Efforts.Efforts_M, got[t][i].Efforts.Efforts_M);
     }
 }
 
@@ -85,9 +80,8 @@ TEST(Reentrancy, ProblemTextFollowsEveryChangeOfAColumn) {
     const std::string row = "\n  " + std::to_string(n) + f(m, 14) + f("5", 14) + "\n";
     EXPECT_NE(t.find(row), std::string::npos) << row;
   }
-  EXPECT_NE(t.find("\n  1" + f("20", 9) + f("603.78", 12)), std::string::npos);
-  EXPECT_NE(t.find("\n  2" + f("20", 9) + f("700", 12)), std::string::npos);
-  EXPECT_NE(t.find("\n  3" + f("20", 9) + f("603.78", 12)), std::string::npos);
+  for (auto [n, Iz] : {std::pair{"1", "603.78"}, {"2", "700"}, {"3", "603.78"}})
+    EXPECT_NE(t.find(std::string("\n  ") + n + f("20", 9) + f(Iz, 12)), std::string::npos) << n;
 }
 
 TEST(Sweep, ValuesCountedFromTheStep) {
@@ -96,15 +90,14 @@ TEST(Sweep, ValuesCountedFromTheStep) {
   // 0.1 added thirty times is not 3: the values are counted, the last is 3
   ASSERT_TRUE(Sweep_Values(0, 3, 0.1, v, why));
   ASSERT_EQ(v.size(), 31u);
-  EXPECT_EQ(v.back(), 3.0);
-  EXPECT_DOUBLE_EQ(v[7], 0.7);
+  EXPECT_EQ(v.back(), 3.0); EXPECT_DOUBLE_EQ(v[7], 0.7);
   // a step that does not divide the range stops short of the end; downwards works too
   ASSERT_TRUE(Sweep_Values(10, 3, -3, v, why));
   EXPECT_EQ(v, (std::vector<double>{10, 7, 4}));
   ASSERT_TRUE(Sweep_Values(5, 5, 1, v, why));
   EXPECT_EQ(v, std::vector<double>{5});
-  EXPECT_FALSE(Sweep_Values(0, 3, 0, v, why));
-  EXPECT_FALSE(Sweep_Values(0, 3, -1, v, why));
+  // no step, a step away from the end, more points than the limit
+  for (double step : {0.0, -1.0}) EXPECT_FALSE(Sweep_Values(0, 3, step, v, why)) << step;
   EXPECT_FALSE(Sweep_Values(0, 1e6, 1e-3, v, why, 1000));
 }
 
@@ -113,19 +106,17 @@ TEST(Sweep, SpanFollowsTheClosedFormAndFailedPointsStayRows) {
   const BeamModel m = Default_Model();
   // 0.5 m and 400 m lie outside 1 m .. 300 m of a 100-element beam
   const std::vector<double> spans = {0.5, 4, 8, 400, 12};
-  Sweep_Options opt;
-  opt.jobs = 3;
   std::atomic<int> done{0};
-  opt.done = &done;
+  Sweep_Options opt;
+  opt.jobs = 3, opt.done = &done;
   const std::vector<SweepPoint> pts = Run_Sweep(m, "Txt_L", spans, opt);
   EXPECT_EQ(done.load(), 5);
   ASSERT_EQ(pts.size(), 5u);
   for (size_t i = 0; i < pts.size(); ++i) {
     EXPECT_EQ(pts[i].value, spans[i]);
-    if (i == 0 || i == 3) {
-      EXPECT_EQ(pts[i].status, Sweep_Refused) << i;
-      EXPECT_EQ(pts[i].message, "L/N : Value out of limits") << i;  // the window's message
-      EXPECT_EQ(pts[i].Mcr, 0) << i;
+    if (i == 0 || i == 3) {  // refused with the window's message
+      EXPECT_TRUE(pts[i].status == Sweep_Refused && pts[i].Mcr == 0) << i;
+      EXPECT_EQ(pts[i].message, "L/N : Value out of limits") << i;
       continue;
     }
     ASSERT_EQ(pts[i].status, 0) << i << " " << pts[i].message;
@@ -139,16 +130,12 @@ TEST(Sweep, SpanFollowsTheClosedFormAndFailedPointsStayRows) {
   for (size_t b = 0, e; (e = csv.find('\n', b)) != std::string::npos; b = e + 1) rows.push_back(csv.substr(b, e - b));
   ASSERT_EQ(rows.size(), 6u);
   EXPECT_EQ(rows[0], "Txt_L [m],mucr,Mcr [kN.m],status,message");
-  EXPECT_EQ(rows[1], "0.5,,,-1,L/N : Value out of limits");
-  EXPECT_EQ(rows[4], "400,,,-1,L/N : Value out of limits");
+  EXPECT_EQ(rows[1], "0.5,,,-1,L/N : Value out of limits"); EXPECT_EQ(rows[4], "400,,,-1,L/N : Value out of limits");
   // a solved row reads back to the numbers of the point
   double value, mucr, Mcr;
   int status;
   ASSERT_EQ(std::sscanf(rows[3].c_str(), "%lf,%lf,%lf,%d", &value, &mucr, &Mcr, &status), 4);
-  EXPECT_EQ(value, 8);
-  EXPECT_EQ(mucr, pts[2].mucr);
-  EXPECT_EQ(Mcr, pts[2].Mcr);
-  EXPECT_EQ(status, 0);
+  EXPECT_TRUE(value == 8 && mucr == pts[2].mucr && Mcr == pts[2].Mcr && status == 0) << rows[3];
 }
 
 TEST(Sweep, FieldsAndTheirRefusals) {
@@ -158,8 +145,7 @@ TEST(Sweep, FieldsAndTheirRefusals) {
   EXPECT_FALSE(Sweep_Field_OK("Txt_mucr", why));  // a result, not an entry
   EXPECT_TRUE(Sweep_Field_OK("Lst_v1", why));     // a restraint's spring
   // the minus is not typed into an unsigned field; a signed one takes it
-  EXPECT_FALSE(Set_Field(m, "Txt_L", "-8", why));
-  EXPECT_NE(why.find('-'), std::string::npos);
+  EXPECT_FALSE(Set_Field(m, "Txt_L", "-8", why)); EXPECT_NE(why.find('-'), std::string::npos);
   EXPECT_TRUE(Set_Field(m, "Txt_M1", "-50", why)) << why;
 
   // the coupled constant follows: G from E and nu, E doubled doubles G, and

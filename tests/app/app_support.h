@@ -28,18 +28,15 @@ inline std::string Read_All(const std::string& name) {
   std::ifstream in(name, std::ios::binary);
   return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
 }
-
 inline void Write_All(const std::string& name, const std::string& content) {
   std::ofstream(name, std::ios::binary) << content;
 }
-
 inline std::vector<std::string> Lines_Of(const std::string& text) {
   std::vector<std::string> lines;
   std::istringstream in(text);
   for (std::string line; std::getline(in, line);) lines.push_back(line);
   return lines;
 }
-
 inline bool Has(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
 // The number after "key": in a one-line JSON object.
@@ -87,42 +84,31 @@ struct RunResult {
   std::string out, err;
 };
 
-// A built program started in `startDir` with no display; its standard
-// streams go to files in a directory of their own.
+// A built program (a bare name: of the build's start directory) started in
+// `startDir` with no display; its standard streams go to files of their own.
 struct Child {
   pid_t pid = -1;
   TempDir streams;
 
   Child(const std::string& startDir, const Args& args, const std::string& name = "Zarvek") {
-    // a bare name is a program of the start directory of the build
     const std::string program = name.find('/') == std::string::npos ? std::string(ZARVEK_BIN_DIR) + "/" + name : name;
-    pid = ::fork();
-    if (pid == 0) {
-      int fo = ::open((streams / "out").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-      int fe = ::open((streams / "err").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-      if (::chdir(startDir.c_str()) != 0 || fo < 0 || fe < 0) ::_exit(126);
-      ::dup2(fo, 1);
-      ::dup2(fe, 2);
-      ::unsetenv("DISPLAY");
-      ::unsetenv("WAYLAND_DISPLAY");
-      ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
-      ::alarm(60);  // the pending alarm outlives exec and ends a program that hangs
-      std::vector<char*> argv{const_cast<char*>(program.c_str())};
-      for (const auto& a : args) argv.push_back(const_cast<char*>(a.c_str()));
-      argv.push_back(nullptr);
-      ::execv(program.c_str(), argv.data());
-      ::_exit(127);
-    }
+    if ((pid = ::fork()) != 0) return;
+    int fo = ::open((streams / "out").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    int fe = ::open((streams / "err").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    if (::chdir(startDir.c_str()) != 0 || fo < 0 || fe < 0 || ::dup2(fo, 1) < 0 || ::dup2(fe, 2) < 0) ::_exit(126);
+    ::unsetenv("DISPLAY"), ::unsetenv("WAYLAND_DISPLAY"), ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    ::alarm(60);  // the pending alarm outlives exec and ends a program that hangs
+    std::vector<char*> argv{const_cast<char*>(program.c_str())};
+    for (const auto& a : args) argv.push_back(const_cast<char*>(a.c_str()));
+    argv.push_back(nullptr);
+    ::execv(program.c_str(), argv.data());
+    ::_exit(127);
   }
 
   RunResult Wait() {
-    RunResult r;
     int status = 0;
     ::waitpid(pid, &status, 0);
-    if (WIFEXITED(status)) r.exit_code = WEXITSTATUS(status);
-    r.out = Read_All(streams / "out");
-    r.err = Read_All(streams / "err");
-    return r;
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, Read_All(streams / "out"), Read_All(streams / "err")};
   }
 };
 
@@ -142,10 +128,10 @@ inline RunResult Cli(const Args& args, const std::string& program = "zarvek-cli"
 // Cli that must end with `code`, with `err` in its standard error and `out`
 // in its standard output.
 inline RunResult Expect_Cli(const Args& args, int code, const std::string& err = "", const std::string& out = "") {
-  std::string line;
+  std::string line = "zarvek-cli";
   for (const auto& a : args) line += " " + a;
   RunResult r = Cli(args);
-  EXPECT_EQ(r.exit_code, code) << "zarvek-cli" << line << "\n" << r.err;
+  EXPECT_EQ(r.exit_code, code) << line << "\n" << r.err;
   EXPECT_TRUE(Has(r.err, err)) << line << ":\n" << r.err;
   EXPECT_TRUE(Has(r.out, out)) << line << ":\n" << r.out;
   return r;

@@ -42,32 +42,22 @@ TEST(Cli, CommandLineAndFilesThatAreNotProjects) {
 TEST(Cli, ProjectAndProblemFileGiveTheClosedForm) {
   TempDir files;
   const std::string dat = Save(files, "BEAM.DAT");
-  RunResult t = Cli({"solve", dat});
-  ASSERT_EQ(t.exit_code, 0) << t.err;
-  const auto lines = Lines_Of(t.out);  // mucr, Mcr, Mmax, x/L, message
-  ASSERT_GE(lines.size(), 5u) << t.out;
-  EXPECT_TRUE(Has(lines[1], "kN.m"));
+  const auto lines = Lines_Of(Expect_Cli({"solve", dat}, 0).out);  // mucr, Mcr, Mmax, x/L, message
+  ASSERT_GE(lines.size(), 5u); EXPECT_TRUE(Has(lines[1], "kN.m"));
   EXPECT_NEAR(std::strtod(lines[1].c_str() + 4, nullptr) * 1e4 / Mcr_Example(), 1.0, 1e-4);
 
-  RunResult j = Cli({"solve", dat, "--json"});
-  ASSERT_EQ(j.exit_code, 0) << j.err;
+  RunResult j = Expect_Cli({"solve", dat, "--json"}, 0, "", "\"unit_M\":\"kN.m\"");
   EXPECT_EQ(Lines_Of(j.out).size(), 1u);
   const double mucr = Json_Value(j.out, "mucr");
   EXPECT_NEAR(mucr * 1e6 / Mcr_Example(), 1.0, 1e-4);  // mucr x 100 kN.m
-  EXPECT_NEAR(Json_Value(j.out, "Mcr"), mucr * 100, 1e-6 * mucr * 100);
-  EXPECT_EQ(Json_Value(j.out, "Mmax"), 100);
-  EXPECT_TRUE(Has(j.out, "\"unit_M\":\"kN.m\""));
+  EXPECT_NEAR(Json_Value(j.out, "Mcr"), mucr * 100, 1e-6 * mucr * 100); EXPECT_EQ(Json_Value(j.out, "Mmax"), 100);
   const auto m = j.out.find("\"mode\":[[");  // 101 nodes of v, theta, v', theta'
-  ASSERT_NE(m, std::string::npos);
-  EXPECT_EQ(std::count(j.out.begin() + m + 8, j.out.end(), '['), 101);
+  ASSERT_NE(m, std::string::npos); EXPECT_EQ(std::count(j.out.begin() + m + 8, j.out.end(), '['), 101);
 
   // the same beam as the shipped problem file: daN.cm, the dichotomy, a mode too
-  RunResult z = Cli({"solve", Example_ZVK, "--json"});
-  ASSERT_EQ(z.exit_code, 0) << z.err;
-  EXPECT_EQ(Json_Value(z.out, "Mmax"), 1e6);
-  EXPECT_EQ(Json_Value(z.out, "method"), 2);
+  RunResult z = Expect_Cli({"solve", Example_ZVK, "--json"}, 0, "", "\"mode\":[[");
+  EXPECT_TRUE(Json_Value(z.out, "Mmax") == 1e6 && Json_Value(z.out, "method") == 2) << z.out;
   EXPECT_NEAR(Json_Value(z.out, "Mcr") / Mcr_Example(), 1.0, 1e-3);
-  EXPECT_TRUE(Has(z.out, "\"mode\":[["));
 }
 
 TEST(Cli, InvalidDataIsExit2AndNamed) {
@@ -101,29 +91,25 @@ TEST(Cli, ABlankOrAWordInANumericFieldIsInvalidInput) {
   const auto route = [](BeamModel& m, const std::string& r) {
     m.Opt_Catalogue = r == "catalogue", m.Opt_Dimensions = r == "dimensions", m.Opt_Properties = r == "properties";
   };
-  const std::pair<const char*, const char*> fields[] = {
-      {"catalogue", "Txt_Iz(1)"}, {"catalogue", "Txt_It(1)"},  {"catalogue", "Txt_Iw(1)"},
-      {"catalogue", "Txt_Betaz(1)"}, {"catalogue", "Txt_zS(1)"}, {"dimensions", "Txt_h"},
-      {"dimensions", "Txt_bf1"}, {"dimensions", "Txt_tf1"}, {"dimensions", "Txt_r1"},
-      {"dimensions", "Txt_tw"}, {"properties", "Txt_Iz(3)"}, {"properties", "Txt_Iw(3)"},
-      {"properties", "Txt_G"}, {"catalogue", "Txt_G"}, {"dimensions", "Txt_E"}, {"catalogue", "Txt_L"}};
+  const std::pair<const char*, std::vector<const char*>> fields[] = {
+      {"catalogue", {"Txt_Iz(1)", "Txt_It(1)", "Txt_Iw(1)", "Txt_Betaz(1)", "Txt_zS(1)", "Txt_G", "Txt_L"}},
+      {"dimensions", {"Txt_h", "Txt_bf1", "Txt_tf1", "Txt_r1", "Txt_tw", "Txt_E"}},
+      {"properties", {"Txt_Iz(3)", "Txt_Iw(3)", "Txt_G"}}};
   TempDir files;
-  // each route solves the same IPE 300 as it stands
-  for (const char* r : {"catalogue", "dimensions", "properties"}) {
-    Expect_Cli({"solve", Save(files, "R.DAT", [&](auto& m) { route(m, r); })}, 0);
-  }
-  for (const auto& [r, name] : fields) {
-    const zarvek::FieldDef* f = zarvek::Find_Field(name);
-    ASSERT_TRUE(f) << name;
-    for (const char* bad : {"", "  ", "abc", "1..2"}) {
-      const std::string file = Save(files, "F.DAT", [&](BeamModel& m) {
-        route(m, r);
-        *zarvek::Text_Member(m, *f) = bad;
-      });
-      SCOPED_TRACE(std::string(r) + " " + name + " = \"" + bad + "\"");
-      RunResult res = Expect_Cli({"solve", file, "--json"}, 2, std::string("field ") + name);
-      EXPECT_TRUE(Has(res.err, "does not hold a number")) << res.err;
-      EXPECT_FALSE(Has(res.out, "\"mucr\"")) << res.out;
+  for (const auto& [r, names] : fields) {
+    // each route solves the same IPE 300 as it stands
+    Expect_Cli({"solve", Save(files, "R.DAT", [&, r = r](auto& m) { route(m, r); })}, 0);
+    for (const char* name : names) {
+      const zarvek::FieldDef* f = zarvek::Find_Field(name);
+      ASSERT_TRUE(f) << name;
+      for (const char* bad : {"", "  ", "abc", "1..2"}) {
+        SCOPED_TRACE(std::string(r) + " " + name + " = \"" + bad + "\"");
+        const std::string file = Save(files, "F.DAT", [&, r = r](BeamModel& m) {
+          route(m, r), *zarvek::Text_Member(m, *f) = bad;
+        });
+        RunResult res = Expect_Cli({"solve", file, "--json"}, 2, std::string("field ") + name);
+        EXPECT_TRUE(Has(res.err, "does not hold a number") && !Has(res.out, "\"mucr\"")) << res.err << res.out;
+      }
     }
   }
 }
@@ -162,8 +148,7 @@ TEST(Cli, NoUsableResultIsExit3) {
 
 TEST(Cli, AnyFileNameGivesValidJson) {
   TempDir files;
-  const std::string latin1 = files / "caf\xe9 \"1\".ZVK";  // Latin-1 e acute and quotes
-  const std::string utf8 = files / "caf\xc3\xa9.ZVK";
+  const std::string latin1 = files / "caf\xe9 \"1\".ZVK", utf8 = files / "caf\xc3\xa9.ZVK";  // Latin-1 e acute, quotes
   for (const auto& f : {latin1, utf8}) fs::copy_file(Example_ZVK, f);
   RunResult a = Expect_Cli({"solve", latin1, "--json"}, 0, "", "caf\\u00e9 \\\"1\\\".ZVK\"");
   for (unsigned char c : a.out) EXPECT_LT(c, 0x80) << a.out;
@@ -173,11 +158,10 @@ TEST(Cli, AnyFileNameGivesValidJson) {
 TEST(Cli, SectionCatalogueInAnyCaseWithNearestNames) {
   EXPECT_TRUE(Has("\n" + Expect_Cli({"sections"}, 0).out, "\nIPE 300\n"));  // one name a line
   for (const Args& name : std::vector<Args>{{"IPE 300"}, {"ipe 300"}, {"IPE300"}, {"ipe", "300"}, {" Ipe  300 "}}) {
-    Args a{"section"};
-    a.insert(a.end(), name.begin(), name.end());
-    RunResult r = Expect_Cli(a, 0);
-    EXPECT_EQ(r.out.rfind("IPE 300\n", 0), 0u) << r.out;
-    EXPECT_TRUE(Has(r.out, "603.78") && Has(r.out, "19.868")) << r.out;  // Iz and It, cm4
+    Args a = name;
+    a.insert(a.begin(), "section");
+    RunResult r = Expect_Cli(a, 0);  // the name first, then Iz and It in cm4
+    EXPECT_TRUE(r.out.rfind("IPE 300\n", 0) == 0 && Has(r.out, "603.78") && Has(r.out, "19.868")) << r.out;
   }
   Expect_Cli({"section", "IPE 305"}, 2, "nearest: IPE 300");
   Expect_Cli({"section", "UB 457x191x6"}, 2, "UB 457x191x67");
@@ -192,14 +176,11 @@ TEST(Cli, AnEmptyOrUnreadableCatalogueIsAnError) {
     for (const Args& args : {Args{"sections"}, Args{"section", "IPE 300"}}) {
       RunResult r = Cli(args, program);
       EXPECT_EQ(r.exit_code, 2) << args[0] << " with \"" << content << "\"";
-      EXPECT_TRUE(Has(r.err, "SECTION.DB")) << r.err;
-      EXPECT_TRUE(r.out.empty()) << r.out;
+      EXPECT_TRUE(Has(r.err, "SECTION.DB") && r.out.empty()) << r.err << r.out;
     }
   }
   ::chmod((inst / "SECTION.DB").c_str(), 0);
-  if (::geteuid() != 0) {
-    EXPECT_EQ(Cli({"sections"}, program).exit_code, 2);
-  }
+  EXPECT_TRUE(::geteuid() == 0 || Cli({"sections"}, program).exit_code == 2);  // root reads it all the same
 }
 
 // The example beam in S355 (the default): Mcr = 48.33 kN.m by the closed
@@ -210,15 +191,12 @@ TEST(Cli, AnEmptyOrUnreadableCatalogueIsAnError) {
 TEST(CliDesign, CheckOfTheExampleBeam) {
   TempDir files;
   const std::string dat = Save(files, "BEAM.DAT");
-  RunResult j = Cli({"solve", dat, "--json"});
-  ASSERT_EQ(j.exit_code, 0) << j.err;
+  const RunResult j = Expect_Cli({"solve", dat, "--json"}, 0, "", "\"design\":{\"grade\":\"S355\"");
   const double Mcr = Mcr_Example() / 1e4;
-  EXPECT_TRUE(Has(j.out, "\"design\":{\"grade\":\"S355\"")) << j.out;
   EXPECT_NEAR(Json_Value(j.out, "lambdaLT"), std::sqrt(628.4 * 3550 / (Mcr * 1e4)), 5e-4);
   EXPECT_NEAR(Json_Value(j.out, "chiLT"), 1 / (2.148437 * 2.148437), 5e-4);
   EXPECT_NEAR(Json_Value(j.out, "MbRd"), Mcr, Mcr * 1e-3);
-  EXPECT_EQ(Json_Value(j.out, "kc"), 1);
-  EXPECT_TRUE(Has(j.out, "\"C1\":null"));
+  EXPECT_TRUE(Json_Value(j.out, "kc") == 1 && Has(j.out, "\"C1\":null")) << j.out;
   EXPECT_NEAR(Json_Value(j.out, "utilisation"), 100 / Mcr, 1e-3);
 
   // the check alone: its lines and the verdict, no solver figures
@@ -235,27 +213,21 @@ TEST(CliDesign, CheckOfTheExampleBeam) {
   // C1 needed (f asked for, a lateral restraint at mid-span): two further
   // solves give it. psi = 0 along the beam, a triangle: each half carries a
   // trapezoid, the loaded one 0.5 .. 1, so C1 lies above 1.
-  RunResult t = Cli({"check", Save(files, "MID.DAT", [](auto& m) {
-                       m.Chk_Punctual1 = true, m.Txt_xfint1 = "0.5", m.Lst_vi_p1 = zarvek::Restraint_Item(1);
-                       m.Chk_M = true, m.Txt_M1 = "0", m.Opt_M2 = true;
-                     }), "--json"});
-  ASSERT_EQ(t.exit_code, 0) << t.err;
+  RunResult t = Expect_Cli({"check", Save(files, "MID.DAT", [](auto& m) {
+                              m.Chk_Punctual1 = true, m.Txt_xfint1 = "0.5", m.Lst_vi_p1 = zarvek::Restraint_Item(1);
+                              m.Chk_M = true, m.Txt_M1 = "0", m.Opt_M2 = true;
+                            }), "--json"}, 0);
   const double C1 = Json_Value(t.out, "C1");
   EXPECT_GT(C1, 1.0) << t.out;
   EXPECT_NEAR(Json_Value(t.out, "kc"), 1 / std::sqrt(C1), 1e-6);
 }
 
-// ---- draw ----
-
 // Width and height of a PNG file from its header; 0 x 0 when it is none.
 std::pair<std::uint32_t, std::uint32_t> Png_Size(const std::string& file) {
   const std::string d = Read_All(file);
   if (d.size() < 24 || d.compare(1, 3, "PNG") != 0 || d.compare(12, 4, "IHDR") != 0) return {0, 0};
-  auto be = [&](size_t at) {
-    std::uint32_t v = 0;
-    for (size_t i = at; i < at + 4; ++i) v = v << 8 | (unsigned char)d[i];
-    return v;
-  };
+  auto be = [&](size_t at) { return std::uint32_t((unsigned char)d[at] << 24 | (unsigned char)d[at + 1] << 16 |
+                                                  (unsigned char)d[at + 2] << 8 | (unsigned char)d[at + 3]); };
   return {be(16), be(20)};
 }
 
@@ -274,9 +246,8 @@ TEST(CliDraw, EachDiagramAtItsDesignSize) {
   Expect_Cli({"draw", dat, "--what", "loads", "-o", files / "big.PNG", "--scale", "3"}, 0);
   EXPECT_EQ(Png_Size(files / "big.PNG"), std::make_pair(1467u, 273u));
   Expect_Cli({"draw", dat, "--what", "mode", "-o", files / "mode.svg"}, 0);
-  const std::string svg = Read_All(files / "mode.svg");
-  EXPECT_TRUE(Has(svg, "width=\"489\" height=\"185\""));
-  EXPECT_TRUE(Has(svg, "stroke=\"#0000c0\""));  // the v curve, 0xC00000
+  const std::string svg = Read_All(files / "mode.svg");  // the v curve drawn in 0xC00000
+  EXPECT_TRUE(Has(svg, "width=\"489\" height=\"185\"") && Has(svg, "stroke=\"#0000c0\"")) << svg.substr(0, 300);
 }
 
 TEST(CliDraw, ProblemFileAndRefusals) {
@@ -305,16 +276,12 @@ TEST(CliDraw, ProblemFileAndRefusals) {
   EXPECT_FALSE(fs::exists(png));
 }
 
-// ---- sweep ----
-
-// A span sweep: its table, its curve, and the exit codes.
 TEST(CliSweep, TableCurveAndRefusals) {
   TempDir files;
   const std::string dat = Save(files, "SPAN.DAT");
   const auto sweep = [&](const std::string& from, const std::string& to, Args more, const std::string& file = "") {
-    Args a = {"sweep", file.empty() ? dat : file, "--field", "Txt_L", "--from", from, "--to", to};
-    a.insert(a.end(), more.begin(), more.end());
-    return a;
+    more.insert(more.begin(), {"sweep", file.empty() ? dat : file, "--field", "Txt_L", "--from", from, "--to", to});
+    return more;
   };
   // 0.5 m is below the 1 m of a 100-element beam: one row refused, named on stderr
   Expect_Cli(sweep("0.5", "10", {"--step", "2.5", "-o", files / "out.csv", "--plot", files / "out.svg", "--jobs", "2"}),
@@ -329,8 +296,7 @@ TEST(CliSweep, TableCurveAndRefusals) {
     double value = 0, mucr = 0, Mcr = 0;
     int status = -9;
     ASSERT_EQ(std::sscanf(rows[i + 2].c_str(), "%lf,%lf,%lf,%d", &value, &mucr, &Mcr, &status), 4) << rows[i + 2];
-    EXPECT_EQ(value, spans[i]);
-    EXPECT_EQ(status, 0);
+    EXPECT_TRUE(value == spans[i] && status == 0) << rows[i + 2];
     EXPECT_NEAR(Mcr * 1e4 / Mcr_Example(spans[i] * 100), 1.0, 2e-4) << rows[i + 2];  // kN.m -> daN.cm
   }
   // the curve: an SVG document with both axis labels and their units

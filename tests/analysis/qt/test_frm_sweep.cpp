@@ -20,6 +20,11 @@ void Type(QLineEdit* e, const QString& text) {
   QTest::keyClicks(e, text);
 }
 
+// The range typed into its three fields.
+void Range(Frm_Sweep& f, const char* from, const char* to, const char* step) {
+  Type(f.Txt_From, from), Type(f.Txt_To, to), Type(f.Txt_Step, step);
+}
+
 void Shot(QWidget& w, const char* name) {
   const QByteArray dir = qgetenv("ZARVEK_SHOT_DIR");
   if (!dir.isEmpty()) w.grab().save(QString(dir) + "/" + name);
@@ -50,27 +55,21 @@ class Test_Frm_Sweep : public QObject {
     Frm_Sweep f(m_);
     f.show();
     QVERIFY(QTest::qWaitForWindowExposed(&f));
-    QCOMPARE(f.windowTitle(), QString("Sweep: Mcr against one field"));
-    QCOMPARE(f.Cmb_Field->currentText(), QString("Txt_L"));
-    QCOMPARE(f.Lbl_Unit[0]->text(), QString("m"));
+    QCOMPARE(f.Cmb_Field->currentText(), QString("Txt_L")); QCOMPARE(f.Lbl_Unit[0]->text(), QString("m"));
     QVERIFY(!f.Cmd_Copy->isEnabled());
 
     // another field and back, by the keys of the list
     f.Cmb_Field->setFocus(Qt::TabFocusReason);
     QTest::keyClicks(f.Cmb_Field, "Txt_E");
-    QCOMPARE(f.Cmb_Field->currentText(), QString("Txt_E"));
-    QCOMPARE(f.Lbl_Unit[0]->text(), QString("MPa"));
+    QCOMPARE(f.Cmb_Field->currentText(), QString("Txt_E")); QCOMPARE(f.Lbl_Unit[0]->text(), QString("MPa"));
     QTest::qWait(QApplication::keyboardInputInterval() + 100);  // a new search
     QTest::keyClicks(f.Cmb_Field, "Txt_L");
     QCOMPARE(f.Cmb_Field->currentText(), QString("Txt_L"));
 
     // a step of zero is refused in the window, nothing runs
-    Type(f.Txt_From, "4");
-    Type(f.Txt_To, "12");
-    Type(f.Txt_Step, "0");
+    Range(f, "4", "12", "0");
     QTest::mouseClick(f.Cmd_Run, Qt::LeftButton);
-    QVERIFY(f.Lbl_Message->text().startsWith("The step must be non-zero"));
-    QVERIFY(f.Points().empty());
+    QVERIFY(f.Lbl_Message->text().startsWith("The step must be non-zero") && f.Points().empty());
 
     // 0.5 m lies below the 1 m of a 100-element beam: a refused row, the
     // others solved
@@ -78,8 +77,7 @@ class Test_Frm_Sweep : public QObject {
     Type(f.Txt_Step, "3.5");
     QTest::keyClick(f.Txt_Step, Qt::Key_Return);  // Run is the default button
     QTRY_VERIFY_WITH_TIMEOUT(f.Cmd_Copy->isEnabled(), 20000);
-    QCOMPARE(f.Prg_Sweep->maximum(), 4);
-    QCOMPARE(f.Prg_Sweep->value(), 4);
+    QCOMPARE(f.Prg_Sweep->maximum(), 4); QCOMPARE(f.Prg_Sweep->value(), 4);
     QCOMPARE(f.Lbl_Message->text(), QString("3 of 4 points solved"));
     Shot(f, "sweep_en.png");
 
@@ -92,21 +90,17 @@ class Test_Frm_Sweep : public QObject {
     const double spans[3] = {4, 7.5, 11};
     for (int i = 0; i < 3; ++i) {
       const QStringList c = rows[i + 2].split(',');
-      QCOMPARE(c[0].toDouble(), spans[i]);
-      QCOMPARE(c[3], QString("0"));
-      // kN.cm -> kN.m
-      QVERIFY2(std::fabs(std::fabs(c[2].toDouble()) / (Mcr_Uniform(spans[i] * 100) / 100) - 1) < 2e-4,
+      QCOMPARE(c[0].toDouble(), spans[i]); QCOMPARE(c[3], QString("0"));
+      QVERIFY2(std::fabs(std::fabs(c[2].toDouble()) / (Mcr_Uniform(spans[i] * 100) / 100) - 1) < 2e-4,  // kN.cm -> kN.m
                qPrintable(rows[i + 2]));
     }
 
     // the curve is drawn: blue where the line runs, not only the white ground
     const QImage img = f.Pic_Curve->imageSurface().Image();
+    const auto ink = [](QRgb c) { return qBlue(c) > 150 && qRed(c) < 80 && qGreen(c) < 80; };
     int blue = 0;
     for (int y = 0; y < img.height(); ++y)
-      for (int x = 0; x < img.width(); ++x) {
-        const QColor c = img.pixelColor(x, y);
-        blue += c.blue() > 150 && c.red() < 80 && c.green() < 80;
-      }
+      for (int x = 0; x < img.width(); ++x) blue += ink(img.pixel(x, y));
     QVERIFY(blue > 50);
   }
 
@@ -114,18 +108,13 @@ class Test_Frm_Sweep : public QObject {
     Frm_Sweep f(m_);
     f.show();
     QVERIFY(QTest::qWaitForWindowExposed(&f));
-    Type(f.Txt_From, "2");
-    Type(f.Txt_To, "300");
-    Type(f.Txt_Step, "0.05");  // 5961 points: far longer than the click
+    Range(f, "2", "300", "0.05");  // 5961 points: far longer than the click
     QTest::mouseClick(f.Cmd_Run, Qt::LeftButton);
-    QVERIFY(f.Cmd_Stop->isEnabled());
-    QVERIFY(!f.Cmd_Run->isEnabled());
+    QVERIFY(f.Cmd_Stop->isEnabled() && !f.Cmd_Run->isEnabled());
     QTest::mouseClick(f.Cmd_Stop, Qt::LeftButton);
     QTRY_VERIFY_WITH_TIMEOUT(f.Cmd_Run->isEnabled(), 20000);
-    int stopped = 0;
-    for (const SweepPoint& p : f.Points()) stopped += p.status == Sweep_NotConverged;
     QCOMPARE(f.Points().size(), size_t(5961));
-    QVERIFY(stopped > 0);
+    QVERIFY(std::any_of(f.Points().begin(), f.Points().end(), [](auto& p) { return p.status == Sweep_NotConverged; }));
   }
 
   void frenchTexts() {
@@ -135,9 +124,7 @@ class Test_Frm_Sweep : public QObject {
     QVERIFY(QTest::qWaitForWindowExposed(&f));
     QVERIFY(f.windowTitle().startsWith("Balayage"));
     QCOMPARE(f.Cmd_Close->text(), QString("Fermer"));
-    Type(f.Txt_From, "4");
-    Type(f.Txt_To, "12");
-    Type(f.Txt_Step, "2");
+    Range(f, "4", "12", "2");
     QTest::mouseClick(f.Cmd_Run, Qt::LeftButton);
     QTRY_VERIFY_WITH_TIMEOUT(f.Cmd_Copy->isEnabled(), 20000);
     QCOMPARE(f.Lbl_Message->text(), QString::fromUtf8("5 points résolus sur 5"));

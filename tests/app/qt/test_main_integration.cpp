@@ -1,25 +1,8 @@
 // The main window with every companion window hooked in, driven as a user
-// drives it: options and language, help, the section catalogue, an external
-// problem file, the windows of the results, the drawings at every window
-// size and the project file. Modal windows are answered from the event loop
-// that their exec() runs, as a user answers them; pictures are read back
-// pixel by pixel from their surfaces.
-#include <QApplication>
-#include <QComboBox>
-#include <QFile>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QMenu>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QRegularExpression>
-#include <QScrollArea>
-#include <QTabBar>
-#include <QTabWidget>
-#include <QTimer>
+// drives it. Modal windows are answered from the event loop that their exec()
+// runs, as a user answers them; pictures are read back from their surfaces.
 #include <QtTest>
+#include <QtWidgets>
 #include <cmath>
 #include <functional>
 #include <memory>
@@ -30,17 +13,14 @@
 #include "diagrams/qt/QtSurface.h"
 #include "directdata/DirectData.h"
 #include "directdata/qt/Frm_DirectData.h"
-#include "foundation/Language.h"
-#include "foundation/Mod_Zarvek.h"
 #include "foundation/Options.h"
 #include "foundation/qt/Frm_Options.h"
 #include "model/qt/Frm_Zarvek.h"
 #include "report/qt/Frm_Edit.h"
 #include "section/qt/Frm_Section.h"
 #include "solver/Example.h"
-#include "tools/qt/Frm_Help.h"
 #include "tools/qt/Frm_Properties.h"
-#include "tools/qt/start_dir.h"
+#include "tools/qt/start_dir.h"  // with the language and the help windows
 #include "view3d/qt/Frm_EigenVector3D.h"
 
 using namespace zarvek;
@@ -57,32 +37,32 @@ double Mucr_Example() {
 }
 
 // Acts on the modal window of type T once it is up (the next event-loop
-// turns), then lets the caller's exec() return. Leaves the flag false if
-// none came. Each look that finds none posts a copy of itself, so that
-// nothing outlives the last one.
+// turns), then lets its exec() return. Each look that finds none posts a
+// copy of itself; the flag they share outlives the last one.
 template <class T>
 struct Modal_Poll {
   std::function<void(T*)> act;
-  bool* seen;
+  std::shared_ptr<bool> seen;
   int tries = 0;
   void operator()() {
-    if (auto* w = qobject_cast<T*>(QApplication::activeModalWidget())) {
-      *seen = true;
-      act(w);
-    } else if (++tries < 200) {
-      QTimer::singleShot(10, Modal_Poll(*this));
-    }
+    if (auto* w = qobject_cast<T*>(QApplication::activeModalWidget())) *seen = true, act(w);
+    else if (++tries < 200) QTimer::singleShot(10, Modal_Poll(*this));
   }
 };
 
+// `open` brings up a modal window of type T, which `act` answers: false if none came.
 template <class T>
-void When_Modal(std::function<void(T*)> act, bool* seen) {
+bool Answer(std::function<void(T*)> act, const std::function<void()>& open) {
+  auto seen = std::make_shared<bool>(false);
   QTimer::singleShot(0, Modal_Poll<T>{std::move(act), seen});
+  open();
+  return QTest::qWaitFor([&] { return *seen; }, 2000);
 }
 
 // Picture elements of exactly that colour (0xBBGGRR) in a rectangle of the
-// surface, in its scale units.
-int Count(Surface& s, Colour c, double x0, double y0, double x1, double y1) {
+// surface, in its scale units; the whole surface by default.
+int Count(Surface& s, Colour c, double x0 = 0, double y0 = 0, double x1 = -1, double y1 = -1) {
+  if (x1 < 0) x1 = s.ScaleWidth(), y1 = s.ScaleHeight();
   int n = 0;
   for (double y = y0; y < y1; y += s.TwipsPerPixelY())
     for (double x = x0; x < x1; x += s.TwipsPerPixelX()) n += s.Point(x, y) == (std::int64_t)c;
@@ -96,16 +76,15 @@ class Test_Main_Integration : public QObject {
 
   std::unique_ptr<zarvek_test::StartDir> start_;
   std::unique_ptr<Frm_Zarvek> w_;
-  QStringList shown_;
-  QStringList chosen_;
+  QStringList shown_, chosen_;
 
-  template <class T = QWidget>
+  template <class T = QLineEdit>
   T* F(const char* name) {
     auto* w = qobject_cast<T*>(w_->Field_Widget(name));
     if (!w) qFatal("no widget %s", name);
     return w;
   }
-  QLineEdit* E(const char* name) { return F<QLineEdit>(name); }
+  double Value(const char* name) { return Num_Of_Text(F(name)->text().toStdString()); }
 
   // The main window on the start directory, hooked up and active.
   std::unique_ptr<Frm_Zarvek> Open_Window() {
@@ -115,113 +94,98 @@ class Test_Main_Integration : public QObject {
     w->Choose_File = [this](int, const QString&, const QString&) {
       return chosen_.isEmpty() ? QString() : chosen_.takeFirst();
     };
-    w->Beep = [] {};
-    w->Progress_Interval_ms = 1000;
+    w->Beep = [] {}, w->Progress_Interval_ms = 1000;
     Install_Windows(*w);
     if (!w->Form_Load()) return nullptr;
     w->show();
     QApplication::setActiveWindow(w.get());
-    if (!QTest::qWaitForWindowActive(w.get())) return nullptr;
-    return w;
+    return QTest::qWaitForWindowActive(w.get()) ? std::move(w) : nullptr;
   }
 
-  // A page chosen by a click on its tab.
-  void Click_Page(int p) {
-    QTabBar* bar = w_->Tab_Zarvek->tabBar();
-    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(p).center());
-    QTRY_COMPARE(w_->Tab_Zarvek->currentIndex(), p);
+  void Click_Tab(QTabWidget* tabs, int p) {
+    QTest::mouseClick(tabs->tabBar(), Qt::LeftButton, {}, tabs->tabBar()->tabRect(p).center());
+    QTRY_COMPARE(tabs->currentIndex(), p);
   }
+  void Click_Page(int p) { Click_Tab(w_->Tab_Zarvek, p); }
 
   void Solve() {
     QTest::mouseClick(w_->Cmd_Proceed, Qt::LeftButton);
     QVERIFY(w_->Model().Mode_Max > 0);
   }
 
-  // F5 in the main window, active again once a modal window has closed.
-  void F5() {
+  // A key in the main window, active again once a modal window has closed.
+  void Key(Qt::Key key, Qt::KeyboardModifiers mods = {}) {
     QApplication::setActiveWindow(w_.get());
     QVERIFY(QTest::qWaitForWindowActive(w_.get()));
-    QTest::keyClick(w_.get(), Qt::Key_F5);
+    QTest::keyClick(w_.get(), key, mods);
   }
 
   void Type(const char* name, const QString& text) {
-    QTest::mouseClick(E(name), Qt::LeftButton);
+    QTest::mouseClick(F(name), Qt::LeftButton);
     QCoreApplication::processEvents();  // the whole text is selected once the click is done
-    QTest::keyClicks(E(name), text);
+    QTest::keyClicks(F(name), text);
   }
 
-  // A section by dimensions, in cm, confirmed by the check button.
+  // A section by dimensions h, b, tf, tw, r in cm, confirmed by the check button.
   void Enter_Section(const char* h, const char* b, const char* tf, const char* tw, const char* r) {
     Click_Page(0);
     auto* route = F<QRadioButton>("Opt_Dimensions");
     QTest::mouseClick(route, Qt::LeftButton, {}, QPoint(8, route->height() / 2));
-    const std::pair<const char*, const char*> fields[] = {
-        {"Txt_h", h}, {"Txt_bf1", b}, {"Txt_tf1", tf}, {"Txt_tw", tw}, {"Txt_r1", r}};
-    for (const auto& [name, text] : fields) Type(name, QString(text).replace('.', QChar(Dec_Sep)));
+    const char *names[] = {"Txt_h", "Txt_bf1", "Txt_tf1", "Txt_tw", "Txt_r1"}, *texts[] = {h, b, tf, tw, r};
+    for (int i = 0; i < 5; ++i) Type(names[i], QString(texts[i]).replace('.', QChar(Dec_Sep)));
     QTest::mouseClick(w_->Cmd_Dimensions, Qt::LeftButton);
-    QVERIFY(!E("Txt_Iz(2)")->text().isEmpty());
+    QVERIFY(!F("Txt_Iz(2)")->text().isEmpty());
   }
 
-  // Tooltips that show the name of a control instead of words.
-  QStringList Control_Names_In_Tooltips() {
+  // No tooltip shows the name of a control instead of words.
+  void Expect_Worded_Tooltips() {
     static const QRegularExpression control("^[A-Z][A-Za-z]*_[A-Za-z]");
     QStringList bad;
     for (QWidget* c : w_->findChildren<QWidget*>())
       if (control.match(c->toolTip()).hasMatch()) bad << c->objectName() + ": " + c->toolTip();
-    return bad;
+    QVERIFY2(bad.isEmpty(), qPrintable(bad.join('\n')));
   }
 
  private slots:
-  // A start directory in English and the main window on it, hooked up.
   void init() {
     start_ = std::make_unique<zarvek_test::StartDir>("UK");
     QFile::copy(QString(ZARVEK_BIN_DIR) + "/EXAMPLE.ZVK", start_->file("EXAMPLE.ZVK"));
     Load_Messages();
-    shown_.clear();
-    chosen_.clear();
-    w_ = Open_Window();
-    QVERIFY(w_);
+    shown_.clear(), chosen_.clear();
+    QVERIFY(w_ = Open_Window());
   }
 
   void cleanup() {
     if (auto* h = Help_Browser()) h->close();
     if (auto* p = Help_PictureWindow()) p->close();
-    w_.reset();
-    start_.reset();
+    w_.reset(), start_.reset();
   }
-
-  // ---- options ----------------------------------------------------------
 
   // UK -> FR through the options: the main window's captions follow, the
   // restraint lists keep their choice and a typed spring keeps its number.
   void languageSwitchTranslatesTheMainWindow() {
-    QVERIFY2(Control_Names_In_Tooltips().isEmpty(), qPrintable(Control_Names_In_Tooltips().join('\n')));
+    Expect_Worded_Tooltips();
     Click_Page(1);
     auto* v2 = F<QComboBox>("Lst_v2");
     v2->setCurrentIndex(2);
     emit v2->activated(2);
     QTest::keyClicks(v2->lineEdit(), "350");
-    QCOMPARE(w_->Model().Lst_v2.index, -1);
-    QCOMPARE(F<QComboBox>("Lst_v1")->currentText(), QString("Fixed"));
+    QCOMPARE(w_->Model().Lst_v2.index, -1); QCOMPARE(F<QComboBox>("Lst_v1")->currentText(), QString("Fixed"));
 
-    bool seen = false;
-    When_Modal<Frm_Options>([](Frm_Options* o) {
+    QVERIFY(Answer<Frm_Options>([](Frm_Options* o) {
       for (int i = 0; i < o->Lst_Language->count(); ++i)
         if (o->Lst_Language->itemText(i).startsWith("FR")) o->Lst_Language->setCurrentIndex(i);
       o->Cmd_OKOptions->click();
-    }, &seen);
-    w_->Menu_Tools_Options->trigger();
-    QVERIFY(seen);
+    }, [this] { w_->Menu_Tools_Options->trigger(); }));
 
     QCOMPARE(start_->state.Language_Code, std::string("FR"));
     QCOMPARE(w_->Tab_Zarvek->tabText(1).toStdString(), Cp1252_To_Utf8(Section_Line(1, 20)));
     QCOMPARE(F<QComboBox>("Lst_v1")->currentText(), QString::fromUtf8("Bloqué"));
     QCOMPARE(w_->Model().Lst_v1.index, 1);
-    QCOMPARE(v2->currentText(), QString("350"));
-    QCOMPARE(w_->Model().Lst_v2.index, -1);
+    QCOMPARE(v2->currentText(), QString("350")); QCOMPARE(w_->Model().Lst_v2.index, -1);
     QCOMPARE(Num_Of_Text(w_->Model().Lst_v2.text), 350.0);
     QCOMPARE(w_->Menu_File->title(), QString("&Fichier"));
-    QVERIFY2(Control_Names_In_Tooltips().isEmpty(), qPrintable(Control_Names_In_Tooltips().join('\n')));
+    Expect_Worded_Tooltips();
     QVERIFY(!w_->Cmd_Dimensions->toolTip().isEmpty());
   }
 
@@ -232,25 +196,16 @@ class Test_Main_Integration : public QObject {
     Click_Page(3);
     Solve();
     Surface& mode = w_->Img_Eigenmode->surface();
-    const double W = mode.ScaleWidth(), H = mode.ScaleHeight();
-    QVERIFY(Count(mode, 0xC00000, 0, 0, W, H) > 20);  // v
-    QVERIFY(Count(mode, 0x008000, 0, 0, W, H) > 20);  // theta'
-    const QString mucr = E("Txt_mucr")->text(), Mcr = E("Txt_Mcr")->text();
-    QVERIFY(mucr != "0");
-    const std::function<void(Frm_Options*)> ways[] = {
-        [](Frm_Options* o) { QTest::keyClick(o, Qt::Key_Escape); },
-        [](Frm_Options* o) { QTest::mouseClick(o->Cmd_CancelOptions, Qt::LeftButton); },
-    };
-    for (const auto& leave : ways) {
-      bool seen = false;
-      When_Modal<Frm_Options>(leave, &seen);
-      w_->Menu_Tools_Options->trigger();
-      QVERIFY(seen);
+    QVERIFY(Count(mode, 0xC00000) > 20); QVERIFY(Count(mode, 0x008000) > 20);  // v, theta'
+    const auto results = [this] { return F("Txt_mucr")->text() + " | " + F("Txt_Mcr")->text(); };
+    const QString before = results();
+    QVERIFY(!before.startsWith("0 "));
+    for (auto leave : {+[](Frm_Options* o) { QTest::keyClick(o, Qt::Key_Escape); },
+                       +[](Frm_Options* o) { QTest::mouseClick(o->Cmd_CancelOptions, Qt::LeftButton); }}) {
+      QVERIFY(Answer<Frm_Options>(leave, [this] { w_->Menu_Tools_Options->trigger(); }));
       QVERIFY(!QApplication::activeModalWidget());
-      QCOMPARE(E("Txt_mucr")->text(), mucr);
-      QCOMPARE(E("Txt_Mcr")->text(), Mcr);
-      QVERIFY(w_->Model().Mode_Max > 0);
-      QVERIFY(Count(mode, 0xC00000, 0, 0, W, H) > 20);
+      QCOMPARE(results(), before);
+      QVERIFY(w_->Model().Mode_Max > 0 && Count(mode, 0xC00000) > 20);
     }
   }
 
@@ -267,29 +222,23 @@ class Test_Main_Integration : public QObject {
     Solve();
     int opened = 0;
     w_->Hooks.EditEigen = [&opened] { ++opened; };
-    const QKeyCombination key = QKeySequence::mnemonic(w_->Cmd_EditEigen->text())[0];
-    QVERIFY(key.key() != Qt::Key_E && key.key() != 0);
-    QApplication::setActiveWindow(w_.get());
-    QVERIFY(QTest::qWaitForWindowActive(w_.get()));
-    QTest::keyClick(w_.get(), key.key(), Qt::AltModifier);
+    const Qt::Key key = QKeySequence::mnemonic(w_->Cmd_EditEigen->text())[0].key();
+    QVERIFY(key != Qt::Key_E && key != 0);
+    Key(key, Qt::AltModifier);
     QTRY_COMPARE(opened, 1);
   }
-
-  // ---- pages of the main window -------------------------------------------
 
   // The check of the dimensions leaves their page in front, with the
   // properties it computed in view, though the route is the catalogue's.
   void dimensionsCheckKeepsItsPropertiesInView() {
     QVERIFY(w_->Model().Opt_Catalogue);
     Click_Page(0);
-    QTabBar* routes = w_->Tab_Section->tabBar();
-    QTest::mouseClick(routes, Qt::LeftButton, {}, routes->tabRect(1).center());
-    QTRY_COMPARE(w_->Tab_Section->currentIndex(), 1);
+    Click_Tab(w_->Tab_Section, 1);
     QTest::mouseClick(w_->Cmd_Dimensions, Qt::LeftButton);
     QCoreApplication::processEvents();
     QCOMPARE(w_->Tab_Section->currentIndex(), 1);
     for (const char* f : {"Txt_Iz(2)", "Txt_It(2)", "Txt_Iw(2)"})
-      QVERIFY2(!E(f)->visibleRegion().isEmpty() && Num_Of_Text(E(f)->text().toStdString()) > 0, f);
+      QVERIFY2(!F(f)->visibleRegion().isEmpty() && Value(f) > 0, f);
   }
 
   // The window fits a 1366 x 768 screen with a task bar: its least size
@@ -312,8 +261,7 @@ class Test_Main_Integration : public QObject {
         QVERIFY(area);
         QCoreApplication::processEvents();  // the page laid out in its language first
         for (QWidget* f : area->widget()->findChildren<QWidget*>()) {
-          const bool field = qobject_cast<QLineEdit*>(f) || qobject_cast<QComboBox*>(f) ||
-                             qobject_cast<QAbstractButton*>(f);
+          const bool field = f->inherits("QLineEdit") || f->inherits("QComboBox") || f->inherits("QAbstractButton");
           if (!field || !f->isVisibleTo(area->widget()) || qobject_cast<QComboBox*>(f->parentWidget())) continue;
           // the whole field, not only a line edit's cursor
           const QPoint c = f->mapTo(area->widget(), f->rect().center());
@@ -335,17 +283,16 @@ class Test_Main_Integration : public QObject {
     Enter_Section("9.6", "10", "0.8", "0.5", "1.2");
     const double h = 9.6, b = 10, tf = 0.8;
     for (const QSize size : {w_->minimumSizeHint().expandedTo(w_->minimumSize()), QSize(1700, 1050)}) {
+      const QString at = QString("%1x%2").arg(size.width()).arg(size.height());
       w_->resize(size);
       Click_Page(0);
       QCoreApplication::processEvents();
       Surface& s = w_->Img_Section->surface();
       const double W = s.ScaleWidth(), H = s.ScaleHeight(), px = s.TwipsPerPixelX();
       const double k = 0.9 * H / h, y = (H - h * k) / 2 + tf * k / 2;
-      const QString at = QString("%1x%2").arg(size.width()).arg(size.height());
-      for (double tip : {W / 2 - b * k / 2, W / 2 + b * k / 2}) {
-        QVERIFY2(tip > 0 && tip < W, qPrintable(at));
-        QVERIFY2(Count(s, 0x000000, tip - 2 * px, y - px, tip + 2 * px, y + px) > 0, qPrintable(at));
-      }
+      for (double tip : {W / 2 - b * k / 2, W / 2 + b * k / 2})
+        QVERIFY2(tip > 0 && tip < W && Count(s, 0x000000, tip - 2 * px, y - px, tip + 2 * px, y + px) > 0,
+                 qPrintable(at));
 
       Click_Page(2);
       QCoreApplication::processEvents();
@@ -355,18 +302,13 @@ class Test_Main_Integration : public QObject {
       int left = INT_MAX, right = -1, top = INT_MAX, bottom = -1;
       for (int j = (int)(0.7 * FH / fx); j < (int)(FH / fx); ++j)
         for (int i = 0; i < (int)(0.05 * FW / fx) - 1; ++i)
-          if (f.Point(i * fx, j * fx) != 0xE0E0E0) {  // ink on the background
-            left = std::min(left, i), right = std::max(right, i);
-            top = std::min(top, j), bottom = std::max(bottom, j);
-          }
-      QVERIFY2(right >= 0, qPrintable(at));
-      QVERIFY2(bottom < (int)(FH / fx) - 1, qPrintable(at));
-      QVERIFY2(bottom - top >= right - left - 1,
-               qPrintable(QString("%1: + %2 wide, %3 high").arg(at).arg(right - left + 1).arg(bottom - top + 1)));
+          if (f.Point(i * fx, j * fx) != 0xE0E0E0)  // ink on the background
+            left = std::min(left, i), right = std::max(right, i), top = std::min(top, j), bottom = std::max(bottom, j);
+      QVERIFY2(right >= 0 && bottom < (int)(FH / fx) - 1 && bottom - top >= right - left - 1,
+               qPrintable(QString("%1: + %2 wide, %3 high, bottom %4").arg(at).arg(right - left + 1)
+                              .arg(bottom - top + 1).arg(bottom)));
     }
   }
-
-  // ---- the project file ----------------------------------------------------
 
   // More properties of a project of the dimensions route, opened in a new
   // session, show its own section: h 40 cm, flanges 15 x 1.07, web 0.71, root
@@ -378,23 +320,18 @@ class Test_Main_Integration : public QObject {
     const QString file = start_->file("deep.DAT");
     chosen_ << file << file;
     w_->Menu_File_SaveAs_Action->trigger();
-    w_ = Open_Window();
-    QVERIFY(w_);
+    QVERIFY(w_ = Open_Window());
     w_->Menu_File_Open_Action->trigger();
     double shown = 0;
-    bool seen = false;
-    When_Modal<Frm_Properties>([&shown](Frm_Properties* p) {
+    QVERIFY(Answer<Frm_Properties>([&shown](Frm_Properties* p) {
       shown = Num_Of_Text(p->Lbl_Value[0]->text().toStdString());
       p->Cmd_OK->click();
-    }, &seen);
-    QTest::mouseClick(w_->Cmd_MoreProperties, Qt::LeftButton);
-    QVERIFY(seen);
+    }, [this] { QTest::mouseClick(w_->Cmd_MoreProperties, Qt::LeftButton); }));
     QVERIFY2(std::fabs(shown / area - 1) < 1e-4, qPrintable(QString::number(shown)));
 
     Click_Page(2);
     w_->Menu_File_Save_Action->trigger();
-    w_ = Open_Window();
-    QVERIFY(w_);
+    QVERIFY(w_ = Open_Window());
     chosen_ << file;
     w_->Menu_File_Open_Action->trigger();
     QCOMPARE(w_->Tab_Zarvek->currentIndex(), 2);
@@ -409,96 +346,73 @@ class Test_Main_Integration : public QObject {
     chosen_ << cut.fileName();
     QMessageBox::Icon icon = QMessageBox::NoIcon;
     QString text;
-    bool seen = false;
-    When_Modal<QMessageBox>([&](QMessageBox* b) { icon = b->icon(), text = b->text(), b->accept(); }, &seen);
-    QTest::keyClick(w_.get(), Qt::Key_O, Qt::ControlModifier);
-    QTRY_VERIFY(seen);
-    QCOMPARE(icon, QMessageBox::Warning);
-    QVERIFY2(text.contains("CUT.DAT"), qPrintable(text));
+    QVERIFY(Answer<QMessageBox>([&](QMessageBox* b) { icon = b->icon(), text = b->text(), b->accept(); },
+                                [this] { QTest::keyClick(w_.get(), Qt::Key_O, Qt::ControlModifier); }));
+    QCOMPARE(icon, QMessageBox::Warning); QVERIFY2(text.contains("CUT.DAT"), qPrintable(text));
   }
-
-  // ---- help and the catalogue ---------------------------------------------
 
   void helpOfThePageAndPictures() {
     Click_Page(1);
     QTest::keyClick(w_.get(), Qt::Key_F1);
-    QVERIFY(Help_Browser());
+    QVERIFY(Help_Browser() && Help_Browser()->isVisible());
     QCOMPARE(Help_Browser()->Current_Context(), 210);
-    QVERIFY(Help_Browser()->isVisible());
     QVERIFY(!Help_Browser()->Txt_Help->toPlainText().trimmed().isEmpty());
     w_->Cmd_Help[4]->click();
     Frm_Help* p = Help_PictureWindow();
-    QVERIFY(p && p->isVisible());
+    QVERIFY(p && p->isVisible() && p->Img_Help->pixmap().width() > 100);
     QCOMPARE(p->Picture_Index(), 4);
-    QVERIFY(p->Img_Help->pixmap().width() > 100);
-    // another page: the picture told of the page it was asked from
-    Click_Page(2);
+    Click_Page(2);  // another page: the picture told of the page it was asked from
     QVERIFY(!p->isVisible());
   }
 
   // The catalogue's choice reaches the main window: IPE 200, Iz 142.4 cm4
   // (tables). The window itself is proved in its own test.
   void catalogueTransfersTheSection() {
-    bool seen = false;
-    When_Modal<Frm_Section>([](Frm_Section* s) {
+    QVERIFY(Answer<Frm_Section>([](Frm_Section* s) {
       s->Lst_SectionSerie->setCurrentItem(s->Lst_SectionSerie->findItems("IPE", Qt::MatchExactly).first());
       s->Lst_SectionNumber->setCurrentItem(s->Lst_SectionNumber->findItems("200", Qt::MatchExactly).first());
       s->Cmd_Transfert->click();
-    }, &seen);
-    w_->Cmd_Catalogue->click();
-    QVERIFY(seen);
-    QCOMPARE(E("Lbl_SelectedProfile")->text().simplified(), QString("IPE 200"));
-    const double iz = Num_Of_Text(E("Txt_Iz(1)")->text().toStdString());
-    QVERIFY2(std::fabs(iz / 142.4 - 1) < 2e-3, qPrintable(E("Txt_Iz(1)")->text()));
+    }, [this] { w_->Cmd_Catalogue->click(); }));
+    QCOMPARE(F("Lbl_SelectedProfile")->text().simplified(), QString("IPE 200"));
+    QVERIFY2(std::fabs(Value("Txt_Iz(1)") / 142.4 - 1) < 2e-3, qPrintable(F("Txt_Iz(1)")->text()));
   }
 
-  // ---- external problem file --------------------------------------------
-
-  // A problem file of 300 elements while the main window's list says 100,
-  // opened through its editor (closed unchanged): F5 solves it as the batch
-  // route does, and the mode is drawn over the file's 301 nodes (the half
-  // sine of a span on forks comes back to the axis at the right end). A
-  // second run of a file that fails clears the results and the mode of the
-  // first, and the box names the file; F5 with no file of the user's solves
-  // nothing.
+  // A problem file of 300 elements (the main window's list says 100), opened
+  // through its editor: F5 solves it as the batch route does, the mode drawn
+  // over its 301 nodes (the half sine on forks back on the axis at the right
+  // end). A file that fails then clears the results and the drawings of the
+  // first, the box naming it; F5 with no file of the user's solves nothing.
   void externalModeSolvesTheProblemFile() {
-    // the warning of the external mode, answered
-    QStringList boxes;
-    static bool warned = false;  // outlives the timers; the count below tells
-    When_Modal<QMessageBox>([&boxes](QMessageBox* b) { boxes << b->text(), b->accept(); }, &warned);
-    w_->Menu_Tools_External->trigger();
-    QVERIFY(w_->ExternalMode());
+    QStringList boxes;  // the warning of the external mode, answered
+    QVERIFY(Answer<QMessageBox>([&boxes](QMessageBox* b) { boxes << b->text(), b->accept(); },
+                                [this] { w_->Menu_Tools_External->trigger(); }));
+    QVERIFY(w_->ExternalMode() && !w_->Cmd_Draw3D->isEnabled());
     QCOMPARE(boxes.size(), 1);
     for (int p = 0; p < 4; ++p) QCOMPARE(w_->Tab_Zarvek->isTabEnabled(p), p == 3);
-    QVERIFY(!w_->Cmd_Draw3D->isEnabled());
 
     const std::string path = start_->path() + "/B300.ZVK";
     ProblemData p = Fork_Beam_Uniform_Moment(300, 1000.0, 1e6);
     QVERIFY(Write_ProblemFile(path, p, ProblemLabels::SaveFileZVK));
     chosen_ << QString::fromStdString(path);
-    bool seen = false, editor = false;
-    When_Modal<QDialog>([&editor](QDialog* d) {
+    bool editor = false;
+    QVERIFY(Answer<QDialog>([&editor](QDialog* d) {
       // closing the editor offers Save As: cancelled
-      if (auto* e = qobject_cast<Frm_DirectData*>(d)) {
-        editor = true;
-        e->Choose_File = [](int, const std::string&) { return std::string(); };
-      }
+      if (auto* e = qobject_cast<Frm_DirectData*>(d))
+        editor = true, e->Choose_File = [](int, const std::string&) { return std::string(); };
       d->reject();
-    }, &seen);
-    w_->Menu_File_Open_Action->trigger();
-    QVERIFY(seen && editor);
-    QCOMPARE(w_->File_External, path);
+    }, [this] { w_->Menu_File_Open_Action->trigger(); }));
+    QVERIFY(editor); QCOMPARE(w_->File_External, path);
 
     shown_.clear();
-    F5();
+    Key(Qt::Key_F5);
     QVERIFY2(!shown_.isEmpty(), "F5 did nothing");
-    const double mucr = Num_Of_Text(E("Txt_mucr")->text().toStdString());
-    QVERIFY2(std::fabs(mucr / Mucr_Example() - 1) < 2e-3, qPrintable(E("Txt_mucr")->text()));
+    const double mucr = Value("Txt_mucr");
+    QVERIFY2(std::fabs(mucr / Mucr_Example() - 1) < 2e-3, qPrintable(F("Txt_mucr")->text()));
     SolveControl ctl = Direct_SolveControl();
     const DirectSolveOutcome batch = Direct_Solve(path, start_->path() + "/batch.TMP", ctl);
     QVERIFY(batch.Written);
     QVERIFY2(std::fabs(mucr / Num_Of_Text(batch.Clipboard_Text) - 1) < 1e-4,
-             qPrintable(E("Txt_mucr")->text() + " <> " + QString::fromStdString(batch.Clipboard_Text)));
+             qPrintable(F("Txt_mucr")->text() + " <> " + QString::fromStdString(batch.Clipboard_Text)));
     w_->Cmd_Draw3D->click();  // no 3D view of a problem file
     QVERIFY(!QApplication::activeModalWidget());
 
@@ -511,21 +425,18 @@ class Test_Main_Integration : public QObject {
     for (int x = right - 4; x < right; ++x)
       for (int y = 0; y < img.height(); ++y)
         if (img.pixel(x, y) == blue) ++found, far += std::abs(y - mid) > 4;
-    QVERIFY(found > 0);
-    QCOMPARE(far, 0);
+    QVERIFY(found > 0); QCOMPARE(far, 0);
 
     // a file that fails (no moment, status 112)
     for (int e = 1; e <= 300; ++e) p.M1[e] = p.M2[e] = 0;
     QVERIFY(Write_ProblemFile(path, p, ProblemLabels::SaveFileZVK));
     QString text;
     QMessageBox::Icon icon = QMessageBox::NoIcon;
-    seen = false;
-    When_Modal<QMessageBox>([&](QMessageBox* b) { text = b->text(), icon = b->icon(), b->accept(); }, &seen);
-    F5();
-    QVERIFY(seen);
+    QVERIFY(Answer<QMessageBox>([&](QMessageBox* b) { text = b->text(), icon = b->icon(), b->accept(); },
+                                [this] { Key(Qt::Key_F5); }));
     QCOMPARE(icon, QMessageBox::Warning);
     QVERIFY2(text.contains(QString::fromStdString(path)) && text.contains("(112)"), qPrintable(text));
-    for (const char* f : {"Txt_mucr", "Txt_Mcr", "Txt_Mmax(0)"}) QCOMPARE(E(f)->text(), QString("0"));
+    for (const char* f : {"Txt_mucr", "Txt_Mcr", "Txt_Mmax(0)"}) QCOMPARE(F(f)->text(), QString("0"));
     // neither the mode nor the forces of the first file stay drawn
     for (SurfaceWidget* sw : {w_->Img_Eigenmode, w_->Img_Forces}) {
       const QImage after = sw->imageSurface().Image();
@@ -541,59 +452,50 @@ class Test_Main_Integration : public QObject {
     QVERIFY(Write_ProblemFile(stray.toStdString(), Fork_Beam_Uniform_Moment(50, 500.0, 1e6), ProblemLabels::Proceed));
     w_->File_External = Msg(81);
     shown_.clear();
-    F5();
+    Key(Qt::Key_F5);
     QFile::remove(stray);
     QCOMPARE(shown_, QStringList{QString::fromStdString(Cp1252_To_Utf8(Text_NoProblemFile()))});
-    QCOMPARE(E("Txt_mucr")->text(), QString("0"));
+    QCOMPARE(F("Txt_mucr")->text(), QString("0"));
 
     w_->Menu_Tools_External->trigger();
-    QVERIFY(!w_->ExternalMode());
+    QVERIFY(!w_->ExternalMode() && w_->Cmd_Draw3D->isEnabled());
     for (int p = 0; p < 4; ++p) QVERIFY(w_->Tab_Zarvek->isTabEnabled(p));
-    QVERIFY(w_->Cmd_Draw3D->isEnabled());
   }
-
-  // ---- windows of the results -------------------------------------------
 
   // After a solve each result command opens its window; the report stays
   // loaded and follows the data of a new solve.
   void resultWindowsAfterASolve() {
     Click_Page(3);
     Solve();
-    const std::pair<QPushButton*, std::function<bool(QWidget*)>> cases[] = {
-        {w_->Cmd_EditEigen, [](QWidget* d) { return qobject_cast<Frm_EigenVector*>(d) != nullptr; }},
-        {w_->Cmd_Draw3D, [](QWidget* d) { return qobject_cast<Frm_EigenVector3D*>(d) != nullptr; }}};
-    for (const auto& [button, is] : cases) {
-      bool ok = false, opened = false;
-      When_Modal<QDialog>([&ok, is = is](QDialog* d) {
-        ok = is(d) && d->isVisible();
+    for (QPushButton* button : {w_->Cmd_EditEigen, w_->Cmd_Draw3D}) {
+      bool ok = false;
+      QVERIFY(Answer<QDialog>([&](QDialog* d) {
+        ok = d->isVisible() && (button == w_->Cmd_EditEigen ? qobject_cast<Frm_EigenVector*>(d) != nullptr
+                                                            : qobject_cast<Frm_EigenVector3D*>(d) != nullptr);
         d->reject();
-      }, &opened);
-      button->click();
-      QVERIFY(opened && ok);
+      }, [button] { button->click(); }));
+      QVERIFY2(ok, qPrintable(button->objectName()));
     }
-    auto report = [this] {
+    const auto report = [this] {
       QString text;
-      bool opened = false;
-      When_Modal<Frm_Edit>([&text](Frm_Edit* e) {
+      Answer<Frm_Edit>([&text](Frm_Edit* e) {
         // the window comes up first, the text is built once it is painted
         (void)QTest::qWaitFor([e] { return !e->Needs_Rebuild(); }, 5000);
         text = e->RichTextBox()->toPlainText();
         e->reject();
-      }, &opened);
-      w_->Menu_Edit_Results->trigger();
+      }, [this] { w_->Menu_Edit_Results->trigger(); });
       return text;
     };
-    const QString mcr10 = E("Txt_Mcr")->text();
+    const QString mcr10 = F("Txt_Mcr")->text();
     QVERIFY(report().contains(mcr10));
     Click_Page(0);
-    E("Txt_L")->setFocus();
-    E("Txt_L")->selectAll();
-    QTest::keyClicks(E("Txt_L"), "8");
+    F("Txt_L")->setFocus();
+    F("Txt_L")->selectAll();
+    QTest::keyClicks(F("Txt_L"), "8");
     Solve();
     const QString text8 = report();
-    QVERIFY2(text8.contains(E("Txt_Mcr")->text()), qPrintable(E("Txt_Mcr")->text() + " in " + text8.right(600)));
-    QVERIFY(!text8.contains(mcr10));
-    QCOMPARE(w_->findChildren<Frm_Edit*>().size(), qsizetype(1));
+    QVERIFY2(text8.contains(F("Txt_Mcr")->text()), qPrintable(F("Txt_Mcr")->text() + " in " + text8.right(600)));
+    QVERIFY(!text8.contains(mcr10)); QCOMPARE(w_->findChildren<Frm_Edit*>().size(), qsizetype(1));
   }
 };
 
