@@ -90,6 +90,8 @@ TEST_F(DirectData, RoundTripThroughAProblemFile) {
       s.Grd_Elements.Set_TextMatrix(i + 1, 7, i % 3 ? "-1" : "150000");
       s.Grd_MV.Set_TextMatrix(i + 1, 1, "-" + n + "00");
       s.Grd_MV.Set_TextMatrix(i + 1, 2, n + "25");
+      s.Grd_Axial.Set_TextMatrix(i + 1, 1, Local("-2" + n + ".5"));
+      s.Grd_Axial.Set_TextMatrix(i + 1, 4, "-" + n);
     }
     // typed digits come back as typed: an element of 1.005 cm and an It of 0.692 cm4, which two
     // decimals would change; a double field
@@ -113,7 +115,7 @@ TEST_F(DirectData, RoundTripThroughAProblemFile) {
     EXPECT_EQ(back.Grd_Elements.TextMatrix(58, 1) + " " + back.Grd_Elements.TextMatrix(7, 3) + " " +
                   back.Grd_Restraints.TextMatrix(9, 1), Local("1.005 0.692 12345678.125"));
     using K = Grid_Kind;
-    for (Grid_Kind k : {K::Elements, K::Restraints, K::MV, K::SpanLoadsF, K::SpanLoadsQ}) {
+    for (Grid_Kind k : {K::Elements, K::Restraints, K::MV, K::SpanLoadsF, K::SpanLoadsQ, K::Axial}) {
       const Text_Grid &a = s.Grid(k), &b = back.Grid(k);
       ASSERT_EQ(a.Rows(), b.Rows());
       for (int row = 0; row < a.Rows(); ++row)
@@ -131,23 +133,19 @@ TEST_F(DirectData, RoundTripThroughAProblemFile) {
 }
 
 TEST_F(DirectData, TheAxialGridTravelsInItsOptionalBlock) {
-  // a sheet without force saves as before; with one, the sixth grid comes back whole and the
-  // solver reads the force; a file without the block reads as a grid of no force
+  // a sheet without force saves as before; with one, the solver reads the force (the round trip
+  // above brings the sixth grid back whole); a file without the block reads as a grid of no force
   DirectDataSheet s = New_DirectData(50);
   ASSERT_EQ(s.Grd_Axial.Rows(), 52);
   EXPECT_EQ(s.Grd_Axial.TextMatrix(0, 1) + s.Grd_Axial.TextMatrix(1, 1), "N(daN)");
   ASSERT_TRUE(Save_FileZVK(Scratch("AX0.ZVK"), s));
   EXPECT_EQ(Slurp(Scratch("AX0.ZVK")).find("Axial"), std::string::npos);
-  for (int r = 2; r < 52; ++r) s.Grd_Axial.Set_TextMatrix(r, 1, "-2500");
   s.Grd_Axial.Set_TextMatrix(20, 1, "1500.5");
   s.Grd_Axial.Set_TextMatrix(20, 4, "-3.25");
   ASSERT_TRUE(Save_FileZVK(Scratch("AX1.ZVK"), s));
   DirectDataSheet back = New_DirectData(60);
   ASSERT_TRUE(Read_FileZVK(Scratch("AX1.ZVK"), back).Ok);
   ASSERT_EQ(back.Grd_Axial.Rows(), 52);
-  for (int r = 2; r < 52; ++r)
-    for (int c = 1; c <= 4; ++c)
-      EXPECT_EQ(Num_Of_Text(back.Grd_Axial.TextMatrix(r, c)), Num_Of_Text(s.Grd_Axial.TextMatrix(r, c)));
   ProblemData p;
   Sheet_To_Problem(back, p);
   EXPECT_EQ(std::tuple(p.N[19], p.zC[19]), std::tuple(1500.5, -3.25));

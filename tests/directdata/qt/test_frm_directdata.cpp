@@ -111,11 +111,7 @@ class Test_Frm_DirectData : public QObject {
     Dec_Sep = '.';
   }
 
-  void init() {
-    boxes_.clear();
-    dialogs_.clear();
-    answer_.clear();
-  }
+  void init() { answer_.clear(); }  // the boxes and dialogs are cleared as the window opens
   void cleanup() { f_.reset(); }
 
   // A new problem shows the starting grids, and closing it offers Save As once: the file then
