@@ -40,8 +40,7 @@ class Test_Frm_Zarvek : public QObject {
   int dialogs_ = 0;
   qint64 first_open_ms_ = -1;  // from the end of the splash to the first window on screen
 
-  template <class T = QWidget>
-  T* F(const char* name) {
+  template <class T = QWidget> T* F(const char* name) {
     auto* w = qobject_cast<T*>(w_->Field_Widget(name));
     if (!w) qFatal("no widget %s", name);
     return w;
@@ -118,7 +117,6 @@ class Test_Frm_Zarvek : public QObject {
 
   void cleanup() { w_.reset(); }
 
-
   // The default beam under a uniform moment of 100 kN.m on forks. F5 from the first page brings the
   // results page to the front; the finite elements give the closed form within 0.2 %.
   void proceedGivesTheClosedFormMcr() {
@@ -194,7 +192,6 @@ class Test_Frm_Zarvek : public QObject {
     QVERIFY(Shown_Contains("Mmax = 0 ! - " + Msg(3)));
     QCOMPARE(E("Txt_mucr")->text(), QString("0"));
   }
-
 
   // A changed load makes the results and the forces picture stale; psi follows M1 and M2: -M2/M1
   // of the smaller over the larger.
@@ -301,7 +298,6 @@ class Test_Frm_Zarvek : public QObject {
     }
   }
 
-
   // Open cancelled in its dialog changes nothing; then Open and Save As.
   void openThenSaveAsReadsBackEqual() {
     const QString title = w_->windowTitle(), copy = dir_.path() + "/copy";  // the extension is added
@@ -333,7 +329,6 @@ class Test_Frm_Zarvek : public QObject {
     QVERIFY(shown_.size() >= 3);
     QCOMPARE(QApplication::focusWidget(), E("Txt_L"));
   }
-
 
   // Commands of windows not hooked in are disabled, never a dead click; a hooked one is enabled,
   // and the 3D view and the report need a result.
@@ -371,7 +366,6 @@ class Test_Frm_Zarvek : public QObject {
     QVERIFY2(Num("Txt_Iz(2)") >= bare && Num("Txt_Iz(2)") < bare * 1.005, qPrintable(E("Txt_Iz(2)")->text()));
   }
 
-
   // The first window opens well under a second; Proceed on 200 elements with every diagram redrawn
   // takes under 0.1 s (best of five).
   void opensAndSolvesQuickly() {
@@ -399,7 +393,6 @@ class Test_Frm_Zarvek : public QObject {
     QVERIFY(first_open_ms_ >= 0 && first_open_ms_ < 1000 && best < 100);
 #endif
   }
-
 
   // Typed on the Loads page with the key filter of a signed number; the further constants of the
   // properties route open only while a force acts; the results page shows Ncr and, under
