@@ -11,4 +11,6 @@ inline std::string Slurp(const std::string& path) {
   return ss.str();
 }
 
-inline void Put(const std::string& path, const std::string& text) { std::ofstream(path, std::ios::binary) << text; }
+inline void Put(const std::string& path, const std::string& text) {
+  std::ofstream(path, std::ios::binary) << text;
+}

@@ -24,7 +24,8 @@ class DataEntry : public ::testing::Test {
     m.Mode_Max = 1;
   }
   bool Results_Cleared() const {
-    return m.Txt_mucr == "0" && m.Txt_Mcr == "0" && m.Lbl_Iteration == "0" && m.Lbl_Comment == "No result" && !m.Mode_Max;
+    return m.Txt_mucr == "0" && m.Txt_Mcr == "0" && m.Lbl_Iteration == "0" && m.Lbl_Comment == "No result" &&
+           m.Mode_Max == 0;
   }
   bool Forces_Cleared() const { return m.Txt_Mmax[0] == "0" && m.Lbl_xfMmax[1] == "0"; }
   std::string Flanges() const {

@@ -25,7 +25,7 @@ class Validation : public ::testing::Test {
 
   // One edit of a text, then the whole check: the message expected ("" when the model passes)
   // with the tab and the field selected.
-  struct Step { std::string* text; const char* value; std::string message = ""; int tab = -1; std::string field = ""; };
+  struct Step { std::string* text; const char* value; std::string message{}; int tab = -1; std::string field{}; };
   void Walk(std::initializer_list<Step> steps) {
     for (const Step& s : steps) {
       if (s.text) *s.text = s.value;
