@@ -99,7 +99,8 @@ TEST_F(DirectData, RoundTripThroughAProblemFile) {
     for (auto [g, row, col, text] :
          {std::tuple{&s.Grd_Restraints, 30, 3, "2500"}, {&s.Grd_Restraints, 30, 5, "-12.5"},
           {&s.Grd_SpanLoadsF, 3, 2, "150.75"}, {&s.Grd_SpanLoadsQ, 3, 1, "-2.125"},
-          {&s.Grd_Elements, 58, 1, "1.005"}, {&s.Grd_Elements, 7, 3, "0.692"}, {&s.Grd_Restraints, 9, 1, "12345678.125"}})
+          {&s.Grd_Elements, 58, 1, "1.005"}, {&s.Grd_Elements, 7, 3, "0.692"},
+          {&s.Grd_Restraints, 9, 1, "12345678.125"}})
       g->Set_TextMatrix(row, col, Local(text));
     const std::string path = Scratch(sep == '.' ? "RT1.ZVK" : "RT2.ZVK");
     ASSERT_TRUE(Save_FileZVK(path, s));

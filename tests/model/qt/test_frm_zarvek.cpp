@@ -147,8 +147,8 @@ class Test_Frm_Zarvek : public QObject {
   // of [0, 1] around the closed-form factor 0.4833 after the iteration running at the release.
   void stopDuringSolveEndsWithTheEstimate() {
     auto bracket_low = [&](int iteration) {
-      double lo = 0, hi = 1;
-      for (int it = 2; it <= iteration; ++it) (lo + hi) / 2 < Mcr_Default / 1e6 ? lo = (lo + hi) / 2 : hi = (lo + hi) / 2;
+      double lo = 0, hi = 1, mucr = Mcr_Default / 1e6;
+      for (int it = 2; it <= iteration; ++it) (lo + hi) / 2 < mucr ? lo = (lo + hi) / 2 : hi = (lo + hi) / 2;
       return lo;
     };
     QWindow* win = w_->windowHandle();
