@@ -161,9 +161,8 @@ TEST_F(DirectData, TheAxialGridTravelsInItsOptionalBlock) {
 
 TEST_F(DirectData, MeshOutOfRangeIsRefusedBeforeAnyCellChanges) {
   for (int nb : {49, 301}) {
-    DirectDataSheet big = New_DirectData(nb == 49 ? 50 : 300);
     ProblemData p;
-    Sheet_To_Problem(big, p);
+    Sheet_To_Problem(New_DirectData(nb == 49 ? 50 : 300), p);
     p.Resize(nb, 0, 0);
     ASSERT_TRUE(Write_ProblemFile(Scratch("NB.ZVK"), p, ProblemLabels::Proceed));
     DirectDataSheet s = New_DirectData(80);

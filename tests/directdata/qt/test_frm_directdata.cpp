@@ -30,23 +30,6 @@ void Type(QWidget& form, const QString& text) {
   }
 }
 
-// Reads and closes the first message box that comes up. Each look that
-// finds none posts a copy of itself, so that nothing outlives the last one.
-struct Box_Poll {
-  QString* text;
-  QMessageBox::Icon* icon;
-  int tries = 0;
-  void operator()() {
-    if (auto* b = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-      *text = b->text();
-      *icon = b->icon();
-      b->accept();
-      return;
-    }
-    if (++tries < 300) QTimer::singleShot(10, Box_Poll(*this));
-  }
-};
-
 }  // namespace
 
 class Test_Frm_DirectData : public QObject {
@@ -242,9 +225,17 @@ class Test_Frm_DirectData : public QObject {
     Put(path, t.replace(at, 14, "\n  4   1e400 "));
     const QString stray = QString::fromStdString(Msg(81));
     QFile::remove(stray);
-    QString text;
+    QString text;  // of the first real box, read and closed as it comes up; the timer dies with the test
     QMessageBox::Icon icon = QMessageBox::NoIcon;
-    QTimer::singleShot(0, Box_Poll{&text, &icon});  // the real box, once the window is up
+    QTimer poll;
+    connect(&poll, &QTimer::timeout, [&] {
+      if (auto* b = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+        std::tie(text, icon) = std::tuple(b->text(), b->icon());
+        b->accept();
+        poll.stop();
+      }
+    });
+    poll.start(10);
     Open(path, 50, false);
     QTRY_VERIFY(!text.isEmpty());
     QCOMPARE(icon, QMessageBox::Warning);
