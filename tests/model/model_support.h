@@ -1,5 +1,5 @@
-// Shared set-up of the beam model tests: messages with recognisable texts,
-// the record of a new document and its number fields.
+// Shared set-up of the beam model tests: messages with recognisable texts, the record of a new
+// document and its number fields.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -30,8 +30,7 @@ inline zarvek::BeamModel Default_Model(const std::string& dir = "/tmp") {
   return m;
 }
 
-// Every shown number of the record that has a unit, by family, as the
-// options window converts them.
+// Every shown number of the record that has a unit, by family, as the options window converts them.
 using Field_Group = std::pair<zarvek::UnitFamily, std::vector<std::string*>>;
 inline std::vector<Field_Group> Number_Fields(zarvek::BeamModel& m) {
   using F = zarvek::UnitFamily;
@@ -40,8 +39,7 @@ inline std::vector<Field_Group> Number_Fields(zarvek::BeamModel& m) {
           {F::Izt, {&m.Txt_Iz[1], &m.Txt_Iz[2], &m.Txt_Iz[3], &m.Txt_It[1], &m.Txt_It[2],
                     &m.Txt_It[3]}}, {F::vp_c, {&m.Lst_vpi_c.text}},
           {F::M, {&m.Txt_M1, &m.Txt_M2, &m.Txt_CC, &m.Txt_Mmax[0], &m.Txt_Mmax[1], &m.Txt_Mcr}},
-          {F::F, {&m.Txt_F1, &m.Txt_F2, &m.Txt_F3}},
-          {F::q, {&m.Txt_q11, &m.Txt_q12, &m.Txt_q21, &m.Txt_q22}},
+          {F::F, {&m.Txt_F1, &m.Txt_F2, &m.Txt_F3}}, {F::q, {&m.Txt_q11, &m.Txt_q12, &m.Txt_q21, &m.Txt_q22}},
           {F::v, {&m.Lst_v1.text, &m.Lst_v2.text, &m.Lst_vi_p1.text, &m.Lst_vi_p2.text}},
           {F::t, {&m.Lst_t1.text, &m.Lst_t2.text, &m.Lst_ti_p1.text, &m.Lst_ti_p2.text}},
           {F::vp, {&m.Lst_vp1.text, &m.Lst_vp2.text}}, {F::tp, {&m.Lst_tp1.text, &m.Lst_tp2.text}},

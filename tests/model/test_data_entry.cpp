@@ -1,5 +1,5 @@
-// Reactions of the record to changes: stale results, coupled fields, the
-// confirmation of the dimensions, the change of shape and of display units.
+// Reactions of the record to changes: stale results, coupled fields, the confirmation of the
+// dimensions, the change of shape and of display units.
 #include <gtest/gtest.h>
 
 #include <tuple>
@@ -24,13 +24,12 @@ class DataEntry : public ::testing::Test {
     m.Mode_Max = 1;
   }
   bool Results_Cleared() const {
-    return m.Txt_mucr == "0" && m.Txt_Mcr == "0" && m.Lbl_Iteration == "0" &&
-           m.Lbl_Comment == "No result" && m.Mode_Max == 0;
+    return m.Txt_mucr == "0" && m.Txt_Mcr == "0" && m.Lbl_Iteration == "0" && m.Lbl_Comment == "No result" &&
+           m.Mode_Max == 0;
   }
   bool Forces_Cleared() const { return m.Txt_Mmax[0] == "0" && m.Lbl_xfMmax[1] == "0"; }
   std::string Flanges() const {
-    return m.Txt_bf1 + " " + m.Txt_tf1 + " " + m.Txt_r1 + " / " + m.Txt_bf2 + " " + m.Txt_tf2 +
-           " " + m.Txt_r2;
+    return m.Txt_bf1 + " " + m.Txt_tf1 + " " + m.Txt_r1 + " / " + m.Txt_bf2 + " " + m.Txt_tf2 + " " + m.Txt_r2;
   }
 };
 
@@ -50,19 +49,16 @@ TEST_F(DataEntry, ShearModulusAndPoissonRatioStayCoupled) {
 }
 
 TEST_F(DataEntry, MomentsAndPsiStayCoupled) {
-  // psi is the smaller end moment over the larger, with a minus; with psi
-  // typed, M2 = -psi M1; a psi out of -1 .. 1 gives way to the previous text
-  const struct { bool psi_typed; const char *m1, *m2, *psi, *field, *m2_after, *psi_after; }
-  cases[] = {{false, "-100", "100", "", "Txt_M1", "100", "1.000"},
-             {false, "100", "50", "", "Txt_M2", "50", "-0.500"},
-             {false, "0", "0", "", "Txt_M2", "0", "?"},
-             {true, "-80", "1", "0.25", "Txt_Psi", "20", "0.25"},
-             {true, "-80", "1", "1.5", "Txt_Psi", "1", "0.5"},
+  // psi is the smaller end moment over the larger, with a minus; with psi typed, M2 = -psi M1; a
+  // psi out of -1 .. 1 gives way to the previous text
+  const struct { bool psi_typed; const char *m1, *m2, *psi, *field, *m2_after, *psi_after; } cases[] = {
+      {false, "-100", "100", "", "Txt_M1", "100", "1.000"}, {false, "100", "50", "", "Txt_M2", "50", "-0.500"},
+      {false, "0", "0", "", "Txt_M2", "0", "?"}, {true, "-80", "1", "0.25", "Txt_Psi", "20", "0.25"},
+      {true, "-80", "1", "1.5", "Txt_Psi", "1", "0.5"},
              {true, "-80", "7", "0.25", "Txt_M2", "7", "0.25"}};  // the derived field does nothing
   for (const auto& c : cases) {
     m.Opt_M2 = !(m.Opt_Psi = c.psi_typed);
-    std::tie(m.Txt_M1, m.Txt_M2, m.Txt_Psi, m.Psi_Previous) =
-        std::make_tuple(c.m1, c.m2, c.psi, "0.5");
+    std::tie(m.Txt_M1, m.Txt_M2, m.Txt_Psi, m.Psi_Previous) = std::make_tuple(c.m1, c.m2, c.psi, "0.5");
     ChangeEffects e = Data_Changed(m, c.field);
     EXPECT_EQ(m.Txt_M2 + " " + m.Txt_Psi, std::string(c.m2_after) + " " + c.psi_after) << c.m1;
     EXPECT_EQ(e.Select_Psi, std::string(c.psi) == "1.5");
@@ -70,9 +66,9 @@ TEST_F(DataEntry, MomentsAndPsiStayCoupled) {
 }
 
 TEST_F(DataEntry, ResultsDoNotSurviveAChangeOfTheirData) {
-  // a switched-off restraint does not enter the solved problem, nor a
-  // dimension before the section is confirmed, nor what the curves show, nor
-  // the catalogue's slot; a restraint clears the solve, a load the forces too
+  // a switched-off restraint does not enter the solved problem, nor a dimension before the section
+  // is confirmed, nor what the curves show, nor the catalogue's slot; a restraint clears the solve,
+  // a load the forces too
   const struct { const char* field; bool results, forces; } cases[] = {
       {"Txt_L", true, true},          {"Txt_q22", true, true},        {"Opt_EL", true, true},
       {"Txt_M1", true, true},         {"Txt_xq22", true, true},       {"Txt_NB", true, false},
@@ -104,28 +100,25 @@ TEST_F(DataEntry, ConfirmedDimensionsGiveTheRolledSection) {
   Solved();
   DimensionsResult d = Cmd_Dimensions(m);
   ASSERT_TRUE(d.ok && d.Draw_Section && Results_Cleared() && !m.RefreshLocked);
-  // IPE 300 by hand: two flanges 15^3 x 1.07 / 12 = 300.94 each, web 0.86,
-  // four fillets 1.07: Iz = 603.8 cm4; Iw = 28.93^2 x 300.94 x (1 - 300.94/603.8)
+  // IPE 300 by hand: two flanges 15^3 x 1.07 / 12 = 300.94 each, web 0.86, four fillets 1.07:
+  // Iz = 603.8 cm4; Iw = 28.93^2 x 300.94 x (1 - 300.94/603.8)
   EXPECT_NEAR(Num_Of_Text(m.Txt_Iz[2]), 603.8, 0.2);
   EXPECT_NEAR(Num_Of_Text(m.Txt_Iw[2]), 126330, 150);
   EXPECT_NEAR(Num_Of_Text(m.Txt_It[2]), 20.0, 0.5);
   EXPECT_EQ(m.Txt_zS_Hidden, "15");  // centroid at mid-height
   // in mm the same section shows in the units of the lists
   m.Fact_Dim = Unit_Factor(UnitFamily::Dim, 0);
-  std::tie(m.Txt_h, m.Txt_tw, m.Txt_bf1, m.Txt_tf1, m.Txt_r1) =
-      std::make_tuple("300", "7.1", "150", "10.7", "15");
+  std::tie(m.Txt_h, m.Txt_tw, m.Txt_bf1, m.Txt_tf1, m.Txt_r1) = std::make_tuple("300", "7.1", "150", "10.7", "15");
   ASSERT_TRUE(Cmd_Dimensions(m).ok);
   EXPECT_NEAR(Num_Of_Text(m.Txt_Iz[2]), 603.8, 0.2);  // still cm4
   EXPECT_EQ(m.Txt_zS_Hidden, "150");                    // mm
 }
 
 TEST_F(DataEntry, EachShapeCopiesItsFlanges) {
-  // double symmetric: flange 2 takes flange 1; mono-symmetric: as typed;
-  // one flange only: the other shrinks to the web
-  const std::pair<int, const char*> shapes[] = {{0, "15 1.07 1.5 / 15 1.07 1.5"},
-                                                {1, "15 1.07 1.5 / 12 1.2 1"},
-                                                {2, "15 1.07 1.5 / 0.71 0 0"},
-                                                {3, "0.71 0 0 / 12 1.2 1"}};
+  // double symmetric: flange 2 takes flange 1; mono-symmetric: as typed; one flange only: the
+  // other shrinks to the web
+  const std::pair<int, const char*> shapes[] = {{0, "15 1.07 1.5 / 15 1.07 1.5"}, {1, "15 1.07 1.5 / 12 1.2 1"},
+                                                {2, "15 1.07 1.5 / 0.71 0 0"}, {3, "0.71 0 0 / 12 1.2 1"}};
   for (const auto& [shape, flanges] : shapes) {
     std::tie(m.Txt_bf1, m.Txt_tf1, m.Txt_r1) = std::make_tuple("15", "1.07", "1.5");
     std::tie(m.Txt_bf2, m.Txt_tf2, m.Txt_r2) = std::make_tuple("12", "1.2", "1");
@@ -133,11 +126,17 @@ TEST_F(DataEntry, EachShapeCopiesItsFlanges) {
     ASSERT_TRUE(Cmd_Dimensions(m).ok) << shape;
     EXPECT_EQ(Flanges(), flanges);
   }
+  // a change of shape from flange 2 only to double symmetric: flange 1 takes flange 2 as typed,
+  // and slot 2, computed for the old shape, is emptied
+  std::tie(m.Txt_bf2, m.Txt_tf2, m.Txt_r2) = std::make_tuple("12", "1.2", "1");
+  ASSERT_FALSE(m.Txt_Iz[2].empty());
+  Tab_Dim_Change(m, 0);
+  EXPECT_EQ(Flanges() + m.Txt_Iz[2], "12 1.2 1 / 12 1.2 1");
 }
 
 TEST_F(DataEntry, FailedConfirmationChangesNothing) {
-  // numbers first, then the limits of the shape: shown, not left pending;
-  // proportions the closed forms refuse: left pending
+  // numbers first, then the limits of the shape: shown, not left pending; proportions the closed
+  // forms refuse: left pending
   const char *const Out = "Value out of limits", *const Refused = "Section proportions refused";
   const struct { int shape; std::string* field; const char *value, *shown, *at, *pending; }
   steps[] = {
@@ -156,13 +155,6 @@ TEST_F(DataEntry, FailedConfirmationChangesNothing) {
     EXPECT_EQ(d.field + " " + d.Error_Text, std::string(s.at) + " " + s.pending) << s.value;
     if (!d.ok) { EXPECT_EQ(m.Txt_Iz[2], before) << s.value; }
   }
-}
-
-TEST_F(DataEntry, ChangeOfShapeCarriesTheFlangeTyped) {
-  m.Tab_Dim = 3;  // flange 2 only, to double symmetric: flange 1 takes it
-  std::tie(m.Txt_bf2, m.Txt_tf2, m.Txt_r2) = std::make_tuple("12", "1.2", "1");
-  Tab_Dim_Change(m, 0);
-  EXPECT_EQ(Flanges() + m.Txt_Iz[2], "12 1.2 1 / 12 1.2 1");  // and slot 2 is emptied
 }
 
 TEST(TraiterUnits, RoundTripThroughEveryUnitKeepsInternalValues) {
@@ -186,8 +178,7 @@ TEST(TraiterUnits, RoundTripThroughEveryUnitKeepsInternalValues) {
       Unit_Index(m, f) = (start + step) % n;
       Traiter_Units(m, old);
       std::vector<double> now = internal();
-      for (size_t i = 0; i < now.size(); ++i)
-        EXPECT_NEAR(now[i] / before[i], 1.0, 1e-3)
+      for (size_t i = 0; i < now.size(); ++i) EXPECT_NEAR(now[i] / before[i], 1.0, 1e-3)
             << Unit_ListName(f) << " unit " << Unit_Index(m, f) << " field " << i;
     }
   }
@@ -203,8 +194,8 @@ TEST(TraiterUnits, ShownTextsFollowTheUnit) {
   m.Lst_Unit_L = m.Lst_Unit_M = m.Lst_Unit_Izt = 0;  // mm, daN.cm, mm4
   m.Lst_Unit_v = 2;                                   // daN/m
   Traiter_Units(m, old);
-  // 10 m; -100 kN.m = -1e6 daN.cm, a million and more in scientific form;
-  // 1000 kN/m = 100000 daN/m; a state text stays; 603.78 cm4 in mm4
+  // 10 m; -100 kN.m = -1e6 daN.cm, a million and more in scientific form; 1000 kN/m = 100000 daN/m;
+  // a state text stays; 603.78 cm4 in mm4
   EXPECT_EQ(m.Txt_L + " " + m.Txt_M1 + " " + m.Lst_v1.text + " " + m.Lst_t1.text + " " + m.Txt_Iz[1],
             "10000 -1.000E+06 100000 Fixed 6.0378E+06");
   EXPECT_EQ(m.Txt_Iz[2] + m.Txt_F1, "-10.00");

@@ -1,5 +1,5 @@
-// Project files: a saved study comes back as it was left, and a damaged or
-// foreign file ends in the reading message without harm.
+// Project files: a saved study comes back as it was left, and a damaged or foreign file ends in
+// the reading message without harm.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -37,8 +37,7 @@ std::string Line(const std::string& text, size_t i) {
   return text.substr(Line_Start(text, i), Line_Start(text, i + 1) - Line_Start(text, i) - 2);
 }
 
-// Two records agree on everything the file carries when they write the same
-// file, mode lines included.
+// Two records agree on everything the file carries when they write the same file, mode lines included.
 void Expect_Same(const BeamModel& a, const BeamModel& b) {
   EXPECT_EQ(Project_Text(a), Project_Text(b));
   EXPECT_EQ(a.Tab_Dim, b.Tab_Dim);
@@ -57,12 +56,10 @@ class ProjectFile : public ::testing::Test {
     return std::string(::mkdtemp(tmpl));
   }();
   std::string File(const std::string& name) const { return dir + "/" + name; }
-  FileReadResult Read(BeamModel& m, const std::string& name) {
-    return Read_FileDAT(m, name, "/start");
-  }
+  FileReadResult Read(BeamModel& m, const std::string& name) { return Read_FileDAT(m, name, "/start"); }
 
-  // A study that differs from the defaults in every line of the file, with
-  // the mode of a solve on 120 elements. `sep` is the separator typed.
+  // A study that differs from the defaults in every line of the file, with the mode of a solve on
+  // 120 elements. `sep` is the separator typed.
   BeamModel Study(char sep = '.') {
     BeamModel m = Default_Model(dir);
     int k = 0;
@@ -76,8 +73,7 @@ class ProjectFile : public ::testing::Test {
     m.Txt_L = std::string("7") + sep + "25";
     for (RestraintList* l : {&m.Lst_v1, &m.Lst_t2, &m.Lst_vp2, &m.Lst_tp1, &m.Lst_tp2, &m.Lst_v2,
                              &m.Lst_vi_p1, &m.Lst_ti_p1, &m.Lst_vi_p2, &m.Lst_ti_p2, &m.Lst_vi_c,
-                             &m.Lst_ti_c, &m.Lst_vpi_c})
-      l->index = -1;  // typed springs, but two
+                             &m.Lst_ti_c, &m.Lst_vpi_c}) l->index = -1;  // typed springs, but two
     std::tie(m.Lst_t1, m.Lst_vp1) = std::tuple(Restraint_Item(0), Restraint_Item(1));
     m.Lst_Duration = m.Lst_Tolerance = 4;
     m.Lbl_Tolerance = std::string("0") + sep + "000001";
@@ -87,9 +83,7 @@ class ProjectFile : public ::testing::Test {
     m.Opt_Dichotomie = m.Opt_Catalogue = m.Chk_M = m.Chk_EffM = m.Chk_v = m.Opt_AA = false;
     std::tie(m.Lbl_Method, m.Lbl_SelectedProfile, m.Lbl_Comment) =
         std::tuple(m.Caption_Eigen, "HEA 200", "End. Mcr found");
-    m.Cat_h = 19;
-    m.Mcr_Factor = 3.1415927f;
-    m.Mode_Max = 1;  // the mode of a solve on 120 elements: 121 nodes
+    std::tie(m.Cat_h, m.Mcr_Factor, m.Mode_Max) = std::tuple(19, 3.1415927f, 1);  // a mode of 121 nodes
     m.Mode_Vector.assign(4 * 121 + 1, -1.2345678e-7f);
     m.Restraint_Level.assign(121 + 1, -0.35f);
     for (int i = 1; i <= 4 * 121; i += 2) m.Mode_Vector[i] = std::sin(0.37f * i) / (1.0f + i % 7);
@@ -111,10 +105,9 @@ TEST_F(ProjectFile, SavedStudyComesBackWholeUnderEitherSeparator) {
     Expect_Same(saved, back);
     for (UnitFamily f : All_Unit_Families)  // the factors follow the lists of the file
       EXPECT_EQ(Factor_Of(back, f), Unit_Factor(f, Unit_Index(saved, f)));
-    // kinds of line: an index blank on either side, a Boolean true as -1, a
-    // text as it is, a number right-aligned in 15 columns with a point (the
-    // raw Txt_zend1 with the writer's separator); a mode line: the node, then
-    // v, theta, v', theta' and the level in 18 columns each
+    // kinds of line: an index blank on either side, a Boolean true as -1, a text as it is, a number
+    // right-aligned in 15 columns with a point (the raw Txt_zend1 with the writer's separator); a
+    // mode line: the node, then v, theta, v', theta' and the level in 18 columns each
     const std::string text = Read_All(name);
     const std::pair<int, std::string> kinds[] = {
         {0, " 4 "}, {2, "-1 "}, {25, "HEA 200"}, {57, "           7.25"},
@@ -133,9 +126,8 @@ TEST_F(ProjectFile, SavedStudyComesBackWholeUnderEitherSeparator) {
 }
 
 TEST_F(ProjectFile, ShapeOfTheDimensionsRouteIsDerivedFromTheFlanges) {
-  // compared as texts; no flange is carried across while the file is read,
-  // slot 2 is read after the shape is set, and the change of shape ends the
-  // flag of a file being read
+  // compared as texts; no flange is carried across while the file is read, slot 2 is read after the
+  // shape is set, and the change of shape ends the flag of a file being read
   for (auto [tf1, tf2, shape] : {std::tuple{"1.07", "1.07", 0}, {"1.07", "1.070", 1},
                                  {"1.07", "0", 2}, {"0", "1.07", 3}}) {
     BeamModel m = Default_Model(), back = Default_Model();
@@ -143,8 +135,7 @@ TEST_F(ProjectFile, ShapeOfTheDimensionsRouteIsDerivedFromTheFlanges) {
     ASSERT_TRUE(Save_FileDAT(m, File("SHAPE.DAT")) && Read(back, File("SHAPE.DAT")).ok);
     EXPECT_EQ(back.Tab_Dim, shape) << tf1 << " " << tf2;
     EXPECT_EQ(back.Txt_tf1 + " " + back.Txt_tf2, std::string(tf1) + " " + tf2);
-    EXPECT_EQ(back.Txt_Iz[2] + (back.File_Loading ? " loading" : ""),
-              shape ? "123" : "123 loading");
+    EXPECT_EQ(back.Txt_Iz[2] + (back.File_Loading ? " loading" : ""), shape ? "123" : "123 loading");
   }
 }
 
@@ -159,9 +150,8 @@ TEST_F(ProjectFile, TruncatedFilesEndInTheReadingMessageWithTheHalfFilledRecord)
     EXPECT_EQ(r.Error_Text, "Error reading file " + name);
     EXPECT_FALSE(back.RefreshLocked || back.File_Loading);
     if (keep != 60) continue;
-    // what was read stays (L on line 58, the index of v1 on line 60, not its
-    // text on line 61), and the factors as they were: the list of L changed,
-    // its factor did not
+    // what was read stays (L on line 58, the index of v1 on line 60, not its text on line 61), and
+    // the factors as they were: the list of L changed, its factor did not
     EXPECT_EQ(back.Txt_L + " " + back.Lst_v1.text, "7.25 Fixed");
     EXPECT_EQ(std::tuple(back.Lst_v1.index, back.Lst_Unit_L, back.Fact_L), std::tuple(-1, 0, 100.0f));
   }
@@ -170,8 +160,7 @@ TEST_F(ProjectFile, TruncatedFilesEndInTheReadingMessageWithTheHalfFilledRecord)
 TEST_F(ProjectFile, ForeignAndDamagedFiles) {
   const std::string text = Project_Text(Study());
   auto with_line = [&](size_t i, const std::string& line) {
-    return text.substr(0, Line_Start(text, i)) + line + "\r\n" +
-           text.substr(Line_Start(text, i + 1));
+    return text.substr(0, Line_Start(text, i)) + line + "\r\n" + text.substr(Line_Start(text, i + 1));
   };
   std::string binary;
   for (int i = 0; i < 4000; ++i) binary += (char)((i * 7919) % 256);
@@ -197,7 +186,7 @@ TEST_F(ProjectFile, ForeignAndDamagedFiles) {
 }
 
 TEST_F(ProjectFile, TrailerOfKeyedLinesAfterTheFixedLayout) {
-  for (char sep : {'.', ','}) {
+  for (char sep : {',', '.'}) {  // the point last, for the keys of a later version below
     Dec_Sep = sep;
     for (bool mode : {true, false}) {
       BeamModel plain = Study(sep);
@@ -213,8 +202,7 @@ TEST_F(ProjectFile, TrailerOfKeyedLinesAfterTheFixedLayout) {
       ASSERT_TRUE(Read(back, File("AX.DAT")).ok);
       EXPECT_EQ(back.Txt_N + back.Txt_A3 + back.Txt_Iy3 + back.Txt_zC3,
                 axial.Txt_N + "53" + axial.Txt_Iy3 + "-4");
-      // a file without a trailer gives a record without axial force, even
-      // read over one that had it
+      // a file without a trailer gives a record without axial force, even read over one that had it
       ASSERT_TRUE(Write_File_Atomic(File("AX.DAT"), before));
       ASSERT_TRUE(Read(back, File("AX.DAT")).ok);
       EXPECT_EQ(back.Txt_N + " " + back.Txt_A3, std::string("0 53") + sep + "81");
@@ -223,11 +211,8 @@ TEST_F(ProjectFile, TrailerOfKeyedLinesAfterTheFixedLayout) {
       EXPECT_EQ(Project_Text(axial), before);
     }
   }
-}
-
-TEST_F(ProjectFile, TrailerFromAnotherProgramVersion) {
-  // keys this program does not know, stray lines and a last line without its
-  // line end do not stop the reading
+  // keys this program does not know, stray lines and a last line without its line end do not stop
+  // the reading
   const std::string text = Project_Text(Default_Model()) +
                            "GRADE_OF_A_LATER_VERSION=S 355\r\n\r\nnot a key\nAXIAL_N=3.5\r\nAXIAL_ZC=2";
   ASSERT_TRUE(Write_File_Atomic(File("LATER.DAT"), text));

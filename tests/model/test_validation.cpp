@@ -1,7 +1,6 @@
-// Validation: the first fault stops the walk through the tabs, with its
-// message, tab and field. The table of fields: every name is bound to the
-// member it names, and every field that validation brings to the user is in
-// the table, on its page.
+// Validation: the first fault stops the walk through the tabs, with its message, tab and field. The
+// table of fields: every name is bound to the member it names, and every field that validation
+// brings to the user is in the table, on its page.
 #include <gtest/gtest.h>
 
 #include <initializer_list>
@@ -24,15 +23,9 @@ class Validation : public ::testing::Test {
   void SetUp() override { Load_Test_Messages(); }
   BeamModel m = Default_Model();
 
-  // One edit of a text, then the whole check: the message expected ("" when
-  // the model passes) with the tab and the field selected.
-  struct Step {
-    std::string* text;
-    const char* value;
-    std::string message = "";
-    int tab = -1;
-    std::string field = "";
-  };
+  // One edit of a text, then the whole check: the message expected ("" when the model passes)
+  // with the tab and the field selected.
+  struct Step { std::string* text; const char* value; std::string message{}; int tab = -1; std::string field{}; };
   void Walk(std::initializer_list<Step> steps) {
     for (const Step& s : steps) {
       if (s.text) *s.text = s.value;
@@ -58,8 +51,8 @@ TEST_F(Validation, BeamTab) {
         {&m.Txt_E, "100"}, {&m.Txt_E, "99", Out, 0, "Txt_E"}, {&m.Txt_E, "210000"},
         {&m.Txt_Nu, "0.5"}, {&m.Txt_Nu, "0.51", Out, 0, "Txt_Nu"}, {&m.Txt_Nu, "0.3"},
         {&m.Txt_G, "nonsense"}});
-  // only the magnitude is judged on the beam tab; the levels of the
-  // restraints, bounded by a quarter of the signed length, then fail
+  // only the magnitude is judged on the beam tab; the levels of the restraints, bounded by a
+  // quarter of the signed length, then fail
   Walk({{&m.Txt_L, "-10", Beyond, 1, "Txt_zend1"}});
   m.Txt_NB = 3;  // 200 elements: up to 600 m
   Walk({{&m.Txt_L, "600"}});
@@ -71,8 +64,7 @@ TEST_F(Validation, SectionRoutes) {
   Walk({{nullptr, ""}, {&m.Txt_Iw[3], "0"},  // a section without warping stiffness is allowed
         {&m.Txt_Iz[3], "0", Out, 0, "Txt_Iz(3)"},
         // every numeric test comes before the first limit
-        {&m.Txt_Betaz[3], "b", NaN, 0, "Txt_Betaz(3)"},
-        {&m.Txt_Betaz[3], "151", Out, 0, "Txt_Iz(3)"},
+        {&m.Txt_Betaz[3], "b", NaN, 0, "Txt_Betaz(3)"}, {&m.Txt_Betaz[3], "151", Out, 0, "Txt_Iz(3)"},
         {&m.Txt_Iz[3], "1", Out, 0, "Txt_Betaz(3)"}, {&m.Txt_Betaz[3], "-150"},
         {&m.Txt_It[3], "0.0009", Out, 0, "Txt_It(3)"}});
   // the dimensions route checks slot 2 only: computed, then confirmed anew
@@ -136,10 +128,9 @@ TEST(FieldTable, NamesAreUniqueAndReachTheirMembers) {
 
   // slots and pairs are where a misplaced index would hide
   const std::pair<const char*, std::string*> cases[] = {
-      {"Txt_Iz(1)", &m.Txt_Iz[1]},   {"Txt_Iw(2)", &m.Txt_Iw[2]},         {"Txt_Betaz(3)", &m.Txt_Betaz[3]},
-      {"Txt_zS(2)", &m.Txt_zS[2]},   {"Lbl_xfMmax(0)", &m.Lbl_xfMmax[0]}, {"Txt_q12", &m.Txt_q12},
-      {"Txt_xq21", &m.Txt_xq21},     {"Txt_zint_p2", &m.Txt_zint_p2},
-  };
+      {"Txt_Iz(1)", &m.Txt_Iz[1]}, {"Txt_Iw(2)", &m.Txt_Iw[2]}, {"Txt_Betaz(3)", &m.Txt_Betaz[3]},
+      {"Txt_zS(2)", &m.Txt_zS[2]}, {"Lbl_xfMmax(0)", &m.Lbl_xfMmax[0]}, {"Txt_q12", &m.Txt_q12},
+      {"Txt_xq21", &m.Txt_xq21}, {"Txt_zint_p2", &m.Txt_zint_p2}};
   for (const auto& [name, text] : cases) {
     const FieldDef* f = Find_Field(name);
     ASSERT_NE(f, nullptr) << name;
@@ -153,9 +144,8 @@ TEST(FieldTable, NamesAreUniqueAndReachTheirMembers) {
   EXPECT_EQ(Find_Field("Txt_Iz(4)"), nullptr);
 }
 
-// Each text the user types, made unreadable in turn: validation stops on a
-// field of the table (the one spoilt, or one it must check first), on that
-// field's page.
+// Each text the user types, made unreadable in turn: validation stops on a field of the table (the
+// one spoilt, or one it must check first), on that field's page.
 TEST(FieldTable, EveryValidationFailureNamesAFieldOfItsPage) {
   Load_Test_Messages();
   int failures = 0;
@@ -166,9 +156,7 @@ TEST(FieldTable, EveryValidationFailureNamesAFieldOfItsPage) {
       m.Opt_Catalogue = route == 1;
       m.Opt_Dimensions = route == 2;
       m.Opt_Properties = route == 3;
-      if (route == 2) {
-        ASSERT_TRUE(Cmd_Dimensions(m).ok);
-      }
+      ASSERT_TRUE(route != 2 || Cmd_Dimensions(m).ok);
       *Text_Member(m, f) = "x";
       ValidationResult r = IsDataOK(m);
       if (r.ok) continue;  // not checked on this route (a dimension off the route, G)
@@ -179,7 +167,6 @@ TEST(FieldTable, EveryValidationFailureNamesAFieldOfItsPage) {
       EXPECT_EQ(r.Error_Text, Msg(43)) << f.name;
     }
   }
-  // about 40 typed fields a route, all checked but G and the dimensions
-  // off their route
+  // about 40 typed fields a route, all checked but G and the dimensions off their route
   EXPECT_GT(failures, 100);
 }
