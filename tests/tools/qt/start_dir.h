@@ -4,10 +4,7 @@
 // without touching build/bin. The language of Zarvek.INI is loaded.
 #pragma once
 
-#include <QDir>
-#include <QDirIterator>
-#include <QFile>
-#include <QTemporaryDir>
+#include <QtCore>
 #include <string>
 
 #include "foundation/Language.h"
@@ -17,14 +14,6 @@
 
 namespace zarvek_test {
 
-inline void Copy_Tree(const QString& from, const QString& to) {
-  for (QDirIterator it(from, QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
-    const QString src = it.next(), dst = to + "/" + QDir(from).relativeFilePath(src);
-    QDir().mkpath(QFileInfo(dst).absolutePath());
-    QFile::copy(src, dst);
-  }
-}
-
 struct StartDir {
   QTemporaryDir dir;
   zarvek::StartupState state;
@@ -32,12 +21,15 @@ struct StartDir {
   explicit StartDir(const char* language = "UK") {
     const QString bin = ZARVEK_BIN_DIR;
     for (const char* f : {"Zarvek.INI", "ZARVEK_UK.MSG", "ZARVEK_FR.MSG", "SECTION.DB"})
-      QFile::copy(bin + "/" + f, dir.path() + "/" + f);
-    Copy_Tree(bin + "/help", dir.path() + "/help");
-    QFile ini(dir.path() + "/Zarvek.INI");
+      QFile::copy(bin + "/" + f, file(f));
+    for (QDirIterator it(bin + "/help", QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
+      const QString src = it.next(), dst = file(QDir(bin).relativeFilePath(src));
+      QDir().mkpath(QFileInfo(dst).absolutePath());
+      QFile::copy(src, dst);
+    }
+    QFile ini(file("Zarvek.INI"));
     ini.setPermissions(ini.permissions() | QFile::WriteOwner);
-    if (ini.open(QIODevice::WriteOnly | QIODevice::Truncate))
-      ini.write(QByteArray("LANGUAGE=") + language + "\n");
+    if (ini.open(QIODevice::WriteOnly | QIODevice::Truncate)) ini.write(QByteArray("LANGUAGE=") + language + "\n");
     ini.close();
     Load();
   }
