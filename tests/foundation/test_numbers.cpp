@@ -20,9 +20,8 @@ std::string Local(std::string text) {
   return text;
 }
 
-// A tie is a tie of the exact decimal value: 1000050000000 and
-// 3199550000000000 are integers that a double holds exactly, so the fifth
-// digit is a true half and goes away from zero, as in the fixed form.
+// A tie is a tie of the exact decimal value: 1000050000000 and 3199550000000000 are integers that a double
+// holds exactly, so the fifth digit is a true half and goes away from zero, as in the fixed form.
 TEST(NumberText, ScientificTiesRoundFromTheExactValue) {
   Dec_Sep = '.';
   const std::pair<double, const char*> ties[] = {

@@ -91,9 +91,8 @@ TEST(StartPlace, ABuildTreeIsItsOwnInstalledData) {
   EXPECT_EQ(Installed_DataDir(t / "nowhere"), "");
 }
 
-// The first start of an installed program, then a change of language: the
-// user's folder gets its own .INI file, every data file is read from the
-// installed folder, and nothing is written there.
+// The first start of an installed program, then a change of language: the user's folder gets its own .INI
+// file, every data file is read from the installed folder, and nothing is written there.
 TEST(StartPlace, FirstStartReadsTheInstalledDataAndWritesOnlyTheUserFolder) {
   Installed inst;
   inst.Write("usr/share/zarvek/Zarvek.INI", "LANGUAGE=FR\n");

@@ -1,6 +1,5 @@
-// Start-up: the command line, the file names, the .INI file and the
-// language; what a change of language writes and reloads, and where each
-// line of a window's section goes.
+// Start-up: the command line, the file names, the .INI file and the language; what a change of language
+// writes and reloads, and where each line of a window's section goes.
 #include <gtest/gtest.h>
 
 #include "foundation/FormTexts.h"

@@ -51,8 +51,7 @@ TEST(RichText, WriteLine) {
     EXPECT_EQ(d.paragraphs[0].tabs, (std::vector<double>{0.1, 0.5, 0.56, 0.65, 0.75}));
     EXPECT_EQ(rt.Tab_Counter(), 0);
     EXPECT_EQ(Plain_Text(d), std::string(r.text) + "\n");
-    // the Greek symbol is in the report's font, and the format after a Greek
-    // symbol is the normal one again
+    // the Greek symbol is in the report's font, and the format after a Greek symbol is the normal one again
     for (const Rich_Run& run : d.paragraphs[0].runs) EXPECT_EQ(run.format.font, "Arial");
     EXPECT_EQ(rt.Format().bold, r.symbol[0] != '*');
   }

@@ -90,9 +90,8 @@ class TestFrmOptions : public QObject {
     w.Cmd_OKOptions->click();
     QCOMPARE(w.result(), int(QDialog::Accepted));
     QVERIFY(Shown_Texts(m) == texts);
-    // The factors are those of the lists as they stand. (The starting
-    // factor of the warping springs, 0.0001, is not the factor of its
-    // starting item: accepting the options puts the list's own in place.)
+    // The factors are those of the lists as they stand. (The starting factor of the warping springs,
+    // 0.0001, is not the factor of its starting item: accepting the options puts the list's own in place.)
     BeamModel lists = m;
     Set_Factors(lists);
     QVERIFY(Factors(m) == Factors(lists));
@@ -103,10 +102,9 @@ class TestFrmOptions : public QObject {
     QCOMPARE(start.Read("Zarvek.INI"), ini);
   }
 
-  // A unit change rewrites the shown numbers of its family, so that the
-  // quantity, shown value times factor, stays: 10 m = 10000 mm; 100 kN.m =
-  // 10000 daN.m; 210000 MPa = 21000 daN/mm2 (1 daN/mm2 = 10 MPa); 30 cm =
-  // 300 mm; -10 kN = -1000 daN.
+  // A unit change rewrites the shown numbers of its family, so that the quantity, shown value times factor,
+  // stays: 10 m = 10000 mm; 100 kN.m = 10000 daN.m; 210000 MPa = 21000 daN/mm2 (1 daN/mm2 = 10 MPa);
+  // 30 cm = 300 mm; -10 kN = -1000 daN.
   void okConvertsShownValues() {
     const struct { F f; int index; std::string BeamModel::*field; const char* before; double after; } cases[] = {
         {F::L, 0, &BeamModel::Txt_L, "10", 10000},     {F::M, 1, &BeamModel::Txt_M1, "-100", -10000},
@@ -166,10 +164,9 @@ class TestFrmOptions : public QObject {
     QCOMPARE(Method_Of(m), 1);
   }
 
-  // OK on another language retranslates the open windows of the program
-  // and the toolkit's own buttons and dialogs, there and back; a language
-  // file gone by then ends the program and changes nothing. What the change
-  // writes and reloads is proved without windows.
+  // OK on another language retranslates the open windows of the program and the toolkit's own buttons and
+  // dialogs, there and back; a language file gone by then ends the program and changes nothing. What the
+  // change writes and reloads is proved without windows.
   void languageSwitchRetranslatesWindowsAndDialogs() {
     Start_Model sm;
     auto& [start, m] = sm;

@@ -85,10 +85,9 @@ class Test_Frm_EigenVector : public QObject {
     QVERIFY(!w.Save_Csv(dir.filePath("no/such/dir/mode.csv")));
   }
 
-  // Copy is offered while the grid has the focus; a block goes with a tab
-  // between cells and CR LF after rows, by Ctrl+C, by Edit > Copy opened
-  // with the mouse and with Alt+E: the menu opening doesn't take the grid's
-  // block away nor grey the command. Nothing selected: the clipboard stays.
+  // Copy is offered while the grid has the focus; a block goes with a tab between cells and CR LF after
+  // rows, by Ctrl+C, by Edit > Copy opened with the mouse and with Alt+E: the menu opening doesn't take the
+  // grid's block away nor grey the command. Nothing selected: the clipboard stays.
   void copyOfABlock() {
     const BeamModel m = Sample();
     Frm_EigenVector w(m);

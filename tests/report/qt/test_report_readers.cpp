@@ -1,8 +1,7 @@
-// The report in real readers: LibreOffice Writer converts the RTF of a solved
-// project to PDF, and both that PDF and the program's own PDF hold the text, the
-// Greek letters, every value of the data blocks and the four pictures. Also
-// zarvek-cli report, which writes both files without a display. Without
-// LibreOffice (libreoffice-writer-nogui) or poppler-utils the checks say so and skip.
+// The report in real readers: LibreOffice Writer converts the RTF of a solved project to PDF, and both that
+// PDF and the program's own PDF hold the text, the Greek letters, every value of the data blocks and the
+// four pictures. Also zarvek-cli report, which writes both files without a display. Without LibreOffice
+// (libreoffice-writer-nogui) or poppler-utils the checks say so and skip.
 #include <QtTest>
 
 #include "report/qt/Report_Qt.h"
@@ -12,8 +11,7 @@ using namespace zarvek;
 
 namespace {
 
-// A beam that shows more than the defaults: a point load above the shear
-// centre and a punctual restraint.
+// A beam that shows more than the defaults: a point load above the shear centre and a punctual restraint.
 BeamModel Solved_Model() {
   BeamModel m = report_test::Default_Model();
   m.Chk_F1 = m.Chk_Punctual1 = true;

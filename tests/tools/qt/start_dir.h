@@ -1,7 +1,6 @@
-// A private start directory for window tests: a copy of the files the
-// program reads at start (language files, Zarvek.INI, SECTION.DB, the help
-// pages), so that a test may rewrite Zarvek.INI or spoil the catalogue
-// without touching build/bin. The language of Zarvek.INI is loaded.
+// A private start directory for window tests: a copy of the files the program reads at start (language
+// files, Zarvek.INI, SECTION.DB, the help pages), so that a test may rewrite Zarvek.INI or spoil the
+// catalogue without touching build/bin. The language of Zarvek.INI is loaded.
 #pragma once
 
 #include <QtCore>

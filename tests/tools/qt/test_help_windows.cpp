@@ -69,8 +69,7 @@ class TestHelpWindows : public QObject {
     }
   }
 
-  // F1 in a dialog opens its topic, and the help stays usable although the
-  // dialog is modal.
+  // F1 in a dialog opens its topic, and the help stays usable although the dialog is modal.
   void f1InDialogsOpensTheirTopic() {
     zarvek_test::StartDir start;
     BeamModel m;
@@ -117,9 +116,8 @@ class TestHelpWindows : public QObject {
     QApplication::setActiveWindow(w);
     QTest::keyClick(w, Qt::Key_F1);
     QCOMPARE(Shown_Page(), QString("FR/restraints.html"));
-    // The pictures speak the loaded language: the French one differs from
-    // the one drawn once the English file is loaded, and a switch back gives
-    // the French one again.
+    // The pictures speak the loaded language: the French one differs from the one drawn once the English
+    // file is loaded, and a switch back gives the French one again.
     const QImage fr = Help_Picture(2);
     w->hide();
     {
@@ -130,18 +128,16 @@ class TestHelpWindows : public QObject {
     QVERIFY(Help_Picture(2) == fr);
   }
 
-  // A curve or a mark of a help picture has the colour it has on the
-  // screen (colours 0xBBGGRR there): M black, v blue 0xC00000, theta black,
-  // v' red 0x0000FF, theta' green 0x008000, G blue, S green.
+  // A curve or a mark of a help picture has the colour it has on the screen (colours 0xBBGGRR there):
+  // M black, v blue 0xC00000, theta black, v' red 0x0000FF, theta' green 0x008000, G blue, S green.
   void helpPicturesSpeakTheColoursOfTheDiagrams() {
     const QColor blue(0, 0, 0xC0), black(0, 0, 0), red(0xFF, 0, 0), green(0, 0x80, 0);
     auto near = [](QColor a, QColor b, int tol) {
       return std::abs(a.red() - b.red()) <= tol && std::abs(a.green() - b.green()) <= tol &&
              std::abs(a.blue() - b.blue()) <= tol;
     };
-    // "Reading the diagrams": a parabola of M, sine halves of v and theta,
-    // 60, 45 and 30 pixels deep at midspan (x = 280); a thin antialiased
-    // curve crosses that column near its depth
+    // "Reading the diagrams": a parabola of M, sine halves of v and theta, 60, 45 and 30 pixels deep at
+    // midspan (x = 280); a thin antialiased curve crosses that column near its depth
     const QImage d = Help_Picture(6, 1);
     for (const auto& [y, c] : {std::pair{90 + 60, black}, {250 + 45, blue}, {250 + 30, black}}) {
       bool crossed = false;

@@ -1,6 +1,5 @@
-// Every window of this set in English and in French: each caption, menu
-// command and tooltip comes from the loaded language (or is a symbol, a
-// unit, a number), and no text is cut off.
+// Every window of this set in English and in French: each caption, menu command and tooltip comes from the
+// loaded language (or is a symbol, a unit, a number), and no text is cut off.
 #include <QtTest>
 #include <QtWidgets>
 #include <set>
@@ -34,8 +33,7 @@ std::set<QString> Language_Lines(const QString& keyed = {}) {
   return lines;
 }
 
-// A line of the language (or one with a name behind it), or a text that is
-// the same in every language.
+// A line of the language (or one with a name behind it), or a text that is the same in every language.
 bool Known(const QString& text, const std::set<QString>& lines) {
   static const std::set<QString> neutral = {"OK", "\u2026", "cm", "cm2", "cm3", "cm4", "Zarvek"};
   const QString t = Plain(text);
@@ -45,8 +43,7 @@ bool Known(const QString& text, const std::set<QString>& lines) {
   return false;
 }
 
-// Checks one window as it is shown; `data` names the controls that show
-// values rather than captions.
+// Checks one window as it is shown; `data` names the controls that show values rather than captions.
 void Check(QWidget* window, const QString& name, const std::set<QString>& data = {}) {
   window->show();
   QVERIFY(QTest::qWaitForWindowExposed(window));
