@@ -100,7 +100,8 @@ TEST(RewriteIniFile, ReplacesTheKeyAndKeepsEveryOtherLine) {
       {"LANGUAGE=UK\r\nOTHER=1\r\n", "LANGUAGE=FR\r\nOTHER=1\r\n"},
       // only the first line with the key, as the start-up reads only that one
       {"LANGUAGE=UK\nLANGUAGE=DE\n", "LANGUAGE=FR\nLANGUAGE=DE\n"},
-      {"OTHER=1\n", "OTHER=1\nLANGUAGE=FR\n"}, {"", "LANGUAGE=FR\n"}, {nullptr, "LANGUAGE=FR\n"},  // no file yet
+      {"OTHER=1\n", "OTHER=1\nLANGUAGE=FR\n"}, {"", "LANGUAGE=FR\n"},
+      {nullptr, "LANGUAGE=FR\n"},  // no file yet
   };
   for (const auto& [before, after] : cases) {
     Scratch d;

@@ -238,7 +238,8 @@ TEST(Report, LoadedLanguage) {
   Load_Messages();
   const rtf_test::Rtf_Content c = Report_Of(Solved_Model(), "FR");
   const auto lines = Lines(c.text);
-  for (const char* l : {"\tPoutre", "\tLongueur L\tL\t=\t10\tm"}) EXPECT_GE(Find_Line(lines, l), 0) << l << c.text;
+  for (const char* l : {"\tPoutre", "\tLongueur L\tL\t=\t10\tm"})
+    EXPECT_GE(Find_Line(lines, l), 0) << l << c.text;
   EXPECT_TRUE(Has(c.text, "\t=\tLibre\t"));
   EXPECT_TRUE(Has(lines[0], "/2026  05:07"));
   ASSERT_TRUE(Load_LanguageFile(uk, tmp));

@@ -16,7 +16,8 @@ TEST(Calculette, Arithmetic) {
       {"-4", "2.5", Calc_Multiply, S::Ok, "-10"}, {"1", "8", Calc_Divide, S::Ok, "0.125"},
       {"2", "10", Calc_Power, S::Ok, "1024"},     {"9", "0.5", Calc_Power, S::Ok, "3"},
       // the switch to the exponent format lies just above twelve nines
-      {"999999999999", "0", Calc_Add, S::Ok, "999999999999"}, {"1E6", "1E6", Calc_Multiply, S::Ok, "1.0000000E+12"},
+      {"999999999999", "0", Calc_Add, S::Ok, "999999999999"},
+      {"1E6", "1E6", Calc_Multiply, S::Ok, "1.0000000E+12"},
       // failures of the arithmetic leave the result as it was
       {"1", "0", Calc_Divide, S::Failed, ""},  {"10", "400", Calc_Power, S::Failed, ""},
       {"-8", "0.5", Calc_Power, S::Failed, ""}, {"1E308", "1E308", Calc_Add, S::Failed, ""},

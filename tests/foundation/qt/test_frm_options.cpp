@@ -17,9 +17,10 @@ namespace {
 
 // Everything of the record that a change of units or options may touch.
 std::vector<std::string> Shown_Texts(const BeamModel& m) {
-  return {m.Txt_L,   m.Txt_E,   m.Txt_G,    m.Txt_Iz[1], m.Txt_It[3],   m.Txt_Iw[1],    m.Txt_h,
-          m.Txt_bf1, m.Txt_zend1, m.Txt_M1, m.Txt_M2,    m.Txt_F1,      m.Txt_q11,      m.Txt_CC,
-          m.Txt_zF1, m.Lst_v1.text, m.Lst_t1.text, m.Lst_vi_c.text, m.Lbl_Method, m.Lbl_Tolerance, m.Lbl_Directory};
+  return {m.Txt_L,   m.Txt_E,     m.Txt_G,  m.Txt_Iz[1], m.Txt_It[3],  m.Txt_Iw[1],      m.Txt_h,
+          m.Txt_bf1, m.Txt_zend1, m.Txt_M1, m.Txt_M2,    m.Txt_F1,     m.Txt_q11,        m.Txt_CC,
+          m.Txt_zF1, m.Lst_v1.text, m.Lst_t1.text, m.Lst_vi_c.text, m.Lbl_Method, m.Lbl_Tolerance,
+          m.Lbl_Directory};
 }
 
 std::vector<float> Factors(const BeamModel& m) {
@@ -83,7 +84,8 @@ class TestFrmOptions : public QObject {
     QCOMPARE(w.result(), int(QDialog::Rejected));
     QVERIFY(Shown_Texts(m) == texts && Factors(m) == factors && Unit_Indices(m) == units);
     // The controls show the backup again.
-    QCOMPARE(QStringList({List(w, F::L)->currentText(), List(w, F::M)->currentText()}), QStringList({"m", "kN.m"}));
+    QCOMPARE(QStringList({List(w, F::L)->currentText(), List(w, F::M)->currentText()}),
+             QStringList({"m", "kN.m"}));
     QCOMPARE(QList({w.Lst_Tolerance->currentIndex(), w.Lst_Duration->currentIndex()}), QList({2, 2}));
 
     w.Prepare();

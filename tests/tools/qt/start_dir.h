@@ -28,7 +28,8 @@ struct StartDir {
     }
     QFile ini(file("Zarvek.INI"));
     ini.setPermissions(ini.permissions() | QFile::WriteOwner);
-    if (ini.open(QIODevice::WriteOnly | QIODevice::Truncate)) ini.write(QByteArray("LANGUAGE=") + language + "\n");
+    if (ini.open(QIODevice::WriteOnly | QIODevice::Truncate))
+      ini.write(QByteArray("LANGUAGE=") + language + "\n");
     ini.close();
     Load();
   }
