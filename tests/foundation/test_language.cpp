@@ -2,6 +2,7 @@
 // language list, and the two languages shipped with the program.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <sstream>
 #include <vector>
@@ -18,6 +19,7 @@ namespace fs = std::filesystem;
 namespace {
 
 using Lines = std::vector<std::string>;
+using Texts = Lines;
 
 // The plain lines of a well-formed language: "S<k>L<j>" in the caption
 // sections, "m<j> >: Message <j>" in the messages.
@@ -34,10 +36,9 @@ Lines Plain_Lines() {
 }
 
 size_t Index_Of(const Lines& lines, const std::string& text) {
-  for (size_t i = 0; i < lines.size(); ++i)
-    if (lines[i] == text) return i;
-  ADD_FAILURE() << text << " not found";
-  return 0;
+  const auto at = std::find(lines.begin(), lines.end(), text);
+  EXPECT_TRUE(at != lines.end()) << text << " not found";
+  return at == lines.end() ? 0 : at - lines.begin();
 }
 
 // Scrambles the plain lines into a .MSG file and loads it.
@@ -53,8 +54,8 @@ bool Load_Plain(const Scratch& s, const Lines& lines, const char* eol = "\n") {
 
 TEST(CryptFile, KeyFromItsSecondLetterAndTheSameCallRestores) {
   Scratch s;
-  std::string original;
-  for (int i = 0; i < 256; ++i) original += static_cast<char>(i);
+  std::string original(256, 0);
+  for (int i = 0; i < 256; ++i) original[i] = static_cast<char>(i);
   s.Write("a", original);
   ASSERT_TRUE(Crypt_File(s / "a", 0, s / "b"));
   const std::string scrambled = s.Read("b");
@@ -63,10 +64,9 @@ TEST(CryptFile, KeyFromItsSecondLetterAndTheSameCallRestores) {
   const std::string key = "QUILMORDENTASPARKWIN";
   for (size_t i = 0; i < original.size(); ++i)
     ASSERT_EQ(scrambled[i], static_cast<char>(original[i] ^ key[(i + 1) % 20])) << "byte " << i;
-  ASSERT_TRUE(Crypt_File(s / "b", 0, s / "c"));
+  // the same call restores; a count takes only the head of the file
+  ASSERT_TRUE(Crypt_File(s / "b", 0, s / "c") && Crypt_File(s / "a", 100, s / "d"));
   EXPECT_EQ(s.Read("c"), original);
-  // a count takes only the head of the file
-  ASSERT_TRUE(Crypt_File(s / "a", 100, s / "d"));
   EXPECT_EQ(s.Read("d"), scrambled.substr(0, 100));
   EXPECT_FALSE(Crypt_File(s / "missing", 0, s / "e"));
 }
@@ -86,15 +86,11 @@ TEST(LanguageFile, WellFormedFileFillsTextsAndMessages) {
   lines.insert(lines.begin() + Index_Of(lines, "$30"), "stray text");
   ASSERT_TRUE(Load_Plain(s, lines, "\r\n"));
 
-  EXPECT_EQ(Text_Line(1), "Testish   ");
-  EXPECT_EQ(Section_Line(1, 10), "S1L10");
-  EXPECT_EQ(Section_Line(1, 20), "  ' quoted");
-  EXPECT_EQ(Section_Line(2, 1), "S2L1");
+  EXPECT_EQ((Texts{Text_Line(1), Section_Line(1, 10), Section_Line(1, 20), Section_Line(2, 1)}),
+            (Texts{"Testish   ", "S1L10", "  ' quoted", "S2L1"}));
   Load_Messages();
-  EXPECT_EQ(Msg(1), "Trimmed message");
-  EXPECT_EQ(Msg(2), "b >: c");
-  EXPECT_EQ(Msg(99), "Message 99");
-  EXPECT_EQ(Msg(0) + Msg(100), "");
+  EXPECT_EQ((Texts{Msg(1), Msg(2), Msg(99), Msg(0) + Msg(100)}),
+            (Texts{"Trimmed message", "b >: c", "Message 99", ""}));
 
   // extra plain lines after the messages are accepted
   lines = Plain_Lines();
@@ -103,8 +99,7 @@ TEST(LanguageFile, WellFormedFileFillsTextsAndMessages) {
   // a file that stops after a whole section leaves the rest empty
   lines.resize(Index_Of(lines, "$4"));
   ASSERT_TRUE(Load_Plain(s, lines));
-  EXPECT_EQ(Section_Line(5, 18), "S5L18");
-  EXPECT_EQ(Text_Line(244), "");
+  EXPECT_EQ((Texts{Section_Line(5, 18), Text_Line(244)}), (Texts{"S5L18", ""}));
 }
 
 TEST(LanguageFile, FurtherTextsByKey) {
@@ -112,20 +107,13 @@ TEST(LanguageFile, FurtherTextsByKey) {
   Lines lines = Plain_Lines();
   lines.insert(lines.end(), {"$3", "' keyed", "Cmd_A >: Alpha  ", "  Cmd_B>:Beta >: gamma", "Cmd_C >:"});
   ASSERT_TRUE(Load_Plain(s, lines));
-  EXPECT_EQ(Further_Text("Cmd_A"), "Alpha");
-  EXPECT_EQ(Further_Text("Cmd_B"), "Beta >: gamma");
-  EXPECT_EQ(Further_Text("Cmd_C", "fallback"), "fallback");
-  EXPECT_EQ(Further_Text("Missing", "fallback"), "fallback");
+  EXPECT_EQ((Texts{Further_Text("Cmd_A"), Further_Text("Cmd_B"), Further_Text("Cmd_C", "fallback"),
+                   Further_Text("Missing", "fallback")}),
+            (Texts{"Alpha", "Beta >: gamma", "fallback", "fallback"}));
 
   // a language without the section keeps nothing of the one loaded before
   ASSERT_TRUE(Load_Plain(s, Plain_Lines()));
   EXPECT_EQ(Further_Text("Cmd_A"), "");
-  // a keyed line without its mark, a count that is no count, a section too many
-  for (Lines tail : {Lines{"$1", "no mark"}, Lines{"$x"}, Lines{"$-1"}, Lines{"$0", "$0"}}) {
-    lines = Plain_Lines();
-    lines.insert(lines.end(), tail.begin(), tail.end());
-    EXPECT_FALSE(Load_Plain(s, lines)) << tail[0];
-  }
 }
 
 TEST(LanguageFile, AnyBreachOfTheStructureFails) {
@@ -139,8 +127,12 @@ TEST(LanguageFile, AnyBreachOfTheStructureFails) {
       {"end inside a section", [](Lines& l) { l.resize(Index_Of(l, "S2L30")); }},
       {"comments in place of the last line",
        [](Lines& l) { l.resize(Index_Of(l, "S5L18")); l.insert(l.end(), {"' no text", ""}); }},
-      {"a twelfth section", [](Lines& l) { l.insert(l.end(), {"$1", "one more"}); }},
       {"sections out of order", [](Lines& l) { l.erase(l.begin() + 1, l.begin() + Index_Of(l, "$65")); }},
+      // after the twelve sections, the further texts
+      {"a keyed line without its mark", [](Lines& l) { l.insert(l.end(), {"$1", "one more"}); }},
+      {"a further count that is no count", [](Lines& l) { l.push_back("$x"); }},
+      {"a negative further count", [](Lines& l) { l.push_back("$-1"); }},
+      {"a section too many", [](Lines& l) { l.insert(l.end(), {"$0", "$0"}); }},
   };
   for (const auto& [why, breach] : breaches) {
     Lines lines = Plain_Lines();
@@ -178,19 +170,19 @@ TEST(LanguageText, WindowSectionsHotKeysAndCharacterSet) {
   EXPECT_EQ(Section_Of_Window("Frm_DirectSolve"), Section_Of_Window("FRM_ABOUT"));
   EXPECT_EQ(Section_Of_Window("SplashScreen"), 9);
   EXPECT_EQ(Section_Of_Window("MiniCalculette"), -1);
-  EXPECT_EQ(Remove_FirstHotKey("He&lp"), "Help");
-  EXPECT_EQ(Remove_FirstHotKey("Help&"), "Help&");
-  EXPECT_EQ(Remove_FirstHotKey("&A&ide"), "A&ide");
+  EXPECT_EQ((Texts{Remove_FirstHotKey("He&lp"), Remove_FirstHotKey("Help&"), Remove_FirstHotKey("&A&ide")}),
+            (Texts{"Help", "Help&", "A&ide"}));
   EXPECT_EQ(Cp1252_To_Utf8("N\xB0 \x80 n\x9C" "ud \xE7"), "N\xC2\xB0 \xE2\x82\xAC n\xC5\x93ud \xC3\xA7");
 }
 
 // The languages shipped with the program, as the build scrambles them.
+std::string Source_Of(const std::string& code) {
+  return std::string(ZARVEK_SOURCE_DIR) + "/data/lang/ZARVEK_" + code + ".txt";
+}
 class ShippedLanguage : public ::testing::TestWithParam<const char*> {};
 
 TEST_P(ShippedLanguage, LoadsWhole) {
-  const std::string code = GetParam();
-  const std::string source = std::string(ZARVEK_SOURCE_DIR) + "/data/lang/ZARVEK_" + code + ".txt";
-  const std::string plain = Read_File(source);
+  const std::string code = GetParam(), source = Source_Of(code), plain = Read_File(source);
 
   // single-byte text: no UTF-8 sequence, no byte that the code page lacks
   for (size_t i = 0; i < plain.size(); ++i) {
@@ -200,8 +192,8 @@ TEST_P(ShippedLanguage, LoadsWhole) {
   }
 
   Scratch s;
-  ASSERT_TRUE(Crypt_File(source, 0, s / ("ZARVEK_" + code + ".MSG")));
-  ASSERT_TRUE(Load_LanguageFile(s / ("ZARVEK_" + code + ".MSG"), s / "Zarvek.TMP"));
+  const std::string msg = s / ("ZARVEK_" + code + ".MSG");
+  ASSERT_TRUE(Crypt_File(source, 0, msg) && Load_LanguageFile(msg, s / "Zarvek.TMP"));
   Load_Messages();
   for (int i = 1; i <= 244; ++i) EXPECT_FALSE(Trim(Text_Line(i)).empty()) << "line " << i;
   for (int n = 1; n <= 99; ++n) EXPECT_FALSE(Msg(n).empty()) << "Msg(" << n << ")";
@@ -230,8 +222,7 @@ TEST_P(ShippedLanguage, LoadsWhole) {
   };
   const Lines keys = further_keys(plain);
   for (const auto& k : keys) EXPECT_FALSE(Further_Text(k).empty()) << k;
-  EXPECT_EQ(keys, further_keys(Read_File(std::string(ZARVEK_SOURCE_DIR) + "/data/lang/ZARVEK_" +
-                                         (code == "UK" ? "FR" : "UK") + ".txt")));
+  EXPECT_EQ(keys, further_keys(Read_File(Source_Of(code == "UK" ? "FR" : "UK"))));
 }
 
 INSTANTIATE_TEST_SUITE_P(Both, ShippedLanguage, ::testing::Values("UK", "FR"));

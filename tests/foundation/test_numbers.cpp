@@ -1,6 +1,5 @@
-// Number texts: files always use a point, the screen uses the locale's mark.
-// Display units: factors to daN and cm (the rewriting of shown numbers is
-// checked on the beam record).
+// Number texts (files always use a point, the screen the locale's mark) and
+// the factors of the display units to daN and cm.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -21,9 +20,8 @@ std::string Local(std::string text) {
   return text;
 }
 
-// A tie is a tie of the exact decimal value: 1000050000000 and
-// 3199550000000000 are integers that a double holds exactly, so the fifth
-// digit is a true half and goes away from zero, as in the fixed form.
+// A tie is a tie of the exact decimal value: 1000050000000 and 3199550000000000 are integers that a double
+// holds exactly, so the fifth digit is a true half and goes away from zero, as in the fixed form.
 TEST(NumberText, ScientificTiesRoundFromTheExactValue) {
   Dec_Sep = '.';
   const std::pair<double, const char*> ties[] = {
@@ -34,17 +32,12 @@ TEST(NumberText, ScientificTiesRoundFromTheExactValue) {
     EXPECT_EQ(Format_Fixed(v, 12, 2), std::string(12 - std::string(text).size(), ' ') + text) << v;
   }
   EXPECT_EQ(Format_Pattern(0.0625, "0.0#E-00"), "6.25E-02");
-  // no digits at all: named, as the patterns name them
-  EXPECT_EQ(Number_To_Text(HUGE_VAL), "Inf");
-  EXPECT_EQ(Number_To_Text(-HUGE_VAL), "-Inf");
-  EXPECT_EQ(Number_To_Text(std::nan("")), "NaN");
   EXPECT_EQ(Format_Pattern(0.03125, "0.0#E-00"), "3.13E-02");  // 3.125: an exact tie
 }
 
 TEST(NumberText, FilesTakeAPointAndTheScreenTheLocalesMark) {
   const struct { double v; int width, decimals; const char* text; } fixed[] = {
-      {0, 8, 2, "    0.00"}, {19.868, 12, 2, "       19.87"}, {-1, 15, 2, "          -1.00"},
-      {7, 3, 0, "  7"},
+      {0, 8, 2, "    0.00"}, {19.868, 12, 2, "       19.87"}, {-1, 15, 2, "          -1.00"}, {7, 3, 0, "  7"},
       // too wide for its column: scientific, and the field grows when needed
       {1234.5, 6, 3, "1.2345E+03"}, {1e30, 15, 2, "      1.000E+30"},
       {-2.5e-7, 14, 1, "           0.0"},  // a value that rounds to zero shows no sign
@@ -57,8 +50,9 @@ TEST(NumberText, FilesTakeAPointAndTheScreenTheLocalesMark) {
       {0.4833069, "0.48331"}, {5, "5"}, {-603.78, "-603.78"}, {48.33069, "48.331"},
       {4833.069, "4833.1"}, {99999.5, "100000"}, {126332, "126332"}, {1000000, "1.000E+06"},
   };
-  const std::pair<double, const char*> plain[] = {
-      {2100000.0, "2100000"}, {0.5, "0.5"}, {1e30, "1E+30"}, {1e-5, "1E-05"}};
+  // no digits at all: named, as the patterns name them
+  const std::pair<double, const char*> plain[] = {{2100000.0, "2100000"}, {0.5, "0.5"}, {1e30, "1E+30"},
+      {1e-5, "1E-05"}, {HUGE_VAL, "Inf"}, {-HUGE_VAL, "-Inf"}, {std::nan(""), "NaN"}};
   for (char mark : {'.', ','}) {
     Dec_Sep = mark;
     SCOPED_TRACE(mark);
@@ -83,14 +77,12 @@ TEST(NumberText, WhatCountsAsANumberAndTheKeysAFieldTakes) {
   for (const char* t : {"", " ", ".", "-", "E5", "1E", "1.2.3", "1-", "1 2", "--1"})
     EXPECT_FALSE(Is_Numeric(t)) << t;
   EXPECT_DOUBLE_EQ(Num_Of_Text("-2E+04"), -20000);
-
   // keys of a numeric field: the key that passes, 0 when refused; mode 1 refuses "-"
   Dec_Sep = ',';
   auto passes = [](int key, int mode) { return Filter_NumericKey(key, mode) ? key : 0; };
-  EXPECT_EQ(passes('.', 0), ',');
-  EXPECT_EQ(passes('e', 0), 'E');
-  EXPECT_EQ(passes('-', 1) + passes('x', 0), 0);
-  EXPECT_EQ(passes(8, 1), 8);  // backspace
+  // the decimal key gives the mark, 'e' the exponent, backspace passes
+  EXPECT_EQ((std::vector{passes('.', 0), passes('e', 0), passes(8, 1), passes('-', 1), passes('x', 0)}),
+            (std::vector{int(','), int('E'), 8, 0, 0}));
   Dec_Sep = '.';
 }
 
@@ -98,7 +90,6 @@ TEST(Files, PathsExtensionsAndSafeWriting) {
   EXPECT_EQ(Path_Of("/home/eng/beam.DAT"), "/home/eng");
   EXPECT_EQ(Path_Of("beam.DAT"), "be");
   EXPECT_FALSE(File_Exists("   "));
-
   foundation_test::Scratch d;
   EXPECT_TRUE(File_Exists(d.path));  // a directory counts as existing
   ASSERT_TRUE(Write_File_Atomic(d / "study.DAT", "first\n"));

@@ -13,6 +13,7 @@
 using namespace zarvek;
 using foundation_test::Scratch;
 namespace fs = std::filesystem;
+using Texts = std::vector<std::string>;
 
 namespace {
 
@@ -26,35 +27,32 @@ struct Installed : Scratch {
   }
 };
 
+// The start, the installed data and the dialogs' directory of a choice.
+Texts Dirs(const StartPlace& p) { return {p.Start_Dir, p.Share_Dir, p.Dialog_Dir}; }
+
 TEST(StartPlace, TheCurrentDirectoryOnlyWhenItHoldsTheDataAndMayBeWritten) {
   Installed inst;
   Scratch cwd;
   const std::string user = inst.home + "/.local/share/zarvek";
 
-  // a build's bin folder: the catalogue and a language file
+  // a build's bin folder: the catalogue and a language file; nothing made in the user's home
   cwd.Write("SECTION.DB", "x");
   cwd.Write("zarvek_fr.msg", "x");
-  StartPlace p = Choose_StartPlace(cwd.path, inst.bin, "", inst.home);
-  EXPECT_EQ(p.Start_Dir, cwd.path);
-  EXPECT_EQ(p.Share_Dir, "");
-  EXPECT_EQ(p.Dialog_Dir, cwd.path);
-  EXPECT_FALSE(fs::exists(user));  // nothing made in the user's home
+  EXPECT_EQ(Dirs(Choose_StartPlace(cwd.path, inst.bin, "", inst.home)), (Texts{cwd.path, "", cwd.path}));
+  EXPECT_FALSE(fs::exists(user));
 
   // the catalogue alone is not the program's data: the user's folder is made,
   // the installed data found from the executable, the dialogs start here
   fs::remove(cwd / "zarvek_fr.msg");
-  p = Choose_StartPlace(cwd.path + "/", inst.bin, "", inst.home);
+  StartPlace p = Choose_StartPlace(cwd.path + "/", inst.bin, "", inst.home);
   EXPECT_EQ(p.Error, "");
-  EXPECT_EQ(p.Start_Dir, user);
+  EXPECT_EQ(Dirs(p), (Texts{user, inst.share, cwd.path}));
   EXPECT_TRUE(fs::is_directory(user));
-  EXPECT_EQ(p.Share_Dir, inst.share);
-  EXPECT_EQ(p.Dialog_Dir, cwd.path);
 
   // started in the installed data itself: never written there
   for (const std::string& there : {inst.share, inst.bin + "/../share/zarvek"}) {
     p = Choose_StartPlace(there, inst.bin, "", inst.home);
-    EXPECT_EQ(p.Start_Dir, user) << there;
-    EXPECT_EQ(p.Dialog_Dir, user) << there;
+    EXPECT_EQ(Dirs(p), (Texts{user, inst.share, user})) << there;
   }
 }
 
@@ -68,16 +66,15 @@ TEST(StartPlace, TheUserFolderFollowsXdgAndAFolderThatCantBeMadeIsSaid) {
   Scratch cwd;
   StartPlace p = Choose_StartPlace(cwd.path, inst.bin, inst / "xdg/deep", inst.home);
   EXPECT_EQ(p.Start_Dir, inst / "xdg/deep/zarvek");
-  EXPECT_TRUE(fs::is_directory(p.Start_Dir));
   struct stat st {};
   ASSERT_EQ(::stat(p.Start_Dir.c_str(), &st), 0);
+  EXPECT_TRUE(S_ISDIR(st.st_mode));
   EXPECT_EQ(st.st_mode & 0777, 0700u);
 
   inst.Write("file", "x");
   p = Choose_StartPlace(cwd.path, inst.bin, inst / "file", inst.home);
   EXPECT_EQ(p.Error, "Cannot create the directory " + (inst / "file/zarvek"));
-  p = Choose_StartPlace(cwd.path, inst.bin, "", "");
-  EXPECT_NE(p.Error, "");
+  EXPECT_NE(Choose_StartPlace(cwd.path, inst.bin, "", "").Error, "");
 }
 
 TEST(StartPlace, ABuildTreeIsItsOwnInstalledData) {
@@ -86,8 +83,7 @@ TEST(StartPlace, ABuildTreeIsItsOwnInstalledData) {
   EXPECT_EQ(Installed_DataDir(t / "bin"), t / "bin");
   // ./Zarvek started in its own build folder: that folder is the start
   // directory (its .INI is read and written), the user's home is left alone
-  StartPlace p = Choose_StartPlace(t / "bin", t / "bin", "", t / "home");
-  EXPECT_EQ(p.Start_Dir, t / "bin");
+  EXPECT_EQ(Choose_StartPlace(t / "bin", t / "bin", "", t / "home").Start_Dir, t / "bin");
   EXPECT_FALSE(fs::exists(t / "home"));
   // ../share/zarvek wins when both hold the data
   t.Ship("share/zarvek", {"ZARVEK_UK.MSG", "SECTION.DB"});
@@ -95,50 +91,45 @@ TEST(StartPlace, ABuildTreeIsItsOwnInstalledData) {
   EXPECT_EQ(Installed_DataDir(t / "nowhere"), "");
 }
 
-// The first start of an installed program, then a change of language: the
-// user's folder gets its own .INI file, every data file is read from the
-// installed folder, and nothing is written there.
+// The first start of an installed program, then a change of language: the user's folder gets its own .INI
+// file, every data file is read from the installed folder, and nothing is written there.
 TEST(StartPlace, FirstStartReadsTheInstalledDataAndWritesOnlyTheUserFolder) {
   Installed inst;
   inst.Write("usr/share/zarvek/Zarvek.INI", "LANGUAGE=FR\n");
-  const std::string user = inst / "user";
+  const std::string user = inst / "user", share = inst.share + "/";
   fs::create_directories(user);
 
   StartupState s;
-  s.Share_Path = inst.share + "/";
+  s.Share_Path = share;
   std::string error;
   ASSERT_TRUE(Start_Up(user, "", s, error)) << error;
   EXPECT_EQ(s.Language_Code, "FR");
-  EXPECT_EQ(s.File_Ini, user + "/Zarvek.INI");
   EXPECT_EQ(inst.Read("user/Zarvek.INI"), "LANGUAGE=FR\n");
-  EXPECT_EQ(s.File_Language, inst.share + "/ZARVEK_FR.MSG");
-  EXPECT_EQ(s.File_Section, inst.share + "/SECTION.DB");
-  EXPECT_EQ(s.File_Tmp, user + "/Zarvek.TMP");
   Set_InteractivePaths(s);
-  EXPECT_EQ(s.File_Default, user + "/Zarvek.DFT");
-  EXPECT_EQ(s.File_Problem, user + "/Zarvek.ZVK");
   // no help file anywhere: named in the installed folder
-  EXPECT_EQ(s.App_HelpFile, inst.share + "/ZVK_UK.HLP");
+  EXPECT_EQ((Texts{s.File_Ini, s.File_Tmp, s.File_Default, s.File_Problem}),
+            (Texts{user + "/Zarvek.INI", user + "/Zarvek.TMP", user + "/Zarvek.DFT", user + "/Zarvek.ZVK"}));
+  EXPECT_EQ((Texts{s.File_Language, s.File_Section, s.App_HelpFile}),
+            (Texts{share + "ZARVEK_FR.MSG", share + "SECTION.DB", share + "ZVK_UK.HLP"}));
 
   // both languages, each once, although the user holds a copy of one
   inst.Ship("user", {"ZARVEK_UK.MSG"});
-  const std::vector<std::string> items = Available_Languages(s);
+  const Texts items = Available_Languages(s);
   ASSERT_EQ(items.size(), 2u);
-  EXPECT_EQ(Language_Code_Of_Item(items[0]), "FR");
-  EXPECT_EQ(Language_Code_Of_Item(items[1]), "UK");
+  EXPECT_EQ((Texts{Language_Code_Of_Item(items[0]), Language_Code_Of_Item(items[1])}), (Texts{"FR", "UK"}));
 
   // the user's own file wins over the installed one
   ASSERT_EQ(Change_Language(s, "UK", error), LanguageChange::Done) << error;
   EXPECT_EQ(s.File_Language, user + "/ZARVEK_UK.MSG");
   EXPECT_EQ(inst.Read("user/Zarvek.INI"), "LANGUAGE=UK\n");
   EXPECT_EQ(inst.Read("usr/share/zarvek/Zarvek.INI"), "LANGUAGE=FR\n");
-  EXPECT_FALSE(fs::exists(inst.share + "/Zarvek.TMP"));
+  EXPECT_FALSE(fs::exists(share + "Zarvek.TMP"));
   inst.Write("user/SECTION.DB", "own");
   EXPECT_EQ(Data_File(s, "SECTION.DB"), user + "/SECTION.DB");
 
   // a later start keeps the user's choice
   StartupState again;
-  again.Share_Path = inst.share + "/";
+  again.Share_Path = share;
   ASSERT_TRUE(Start_Up(user, "", again, error)) << error;
   EXPECT_EQ(again.Language_Code, "UK");
 }

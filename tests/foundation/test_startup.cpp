@@ -1,6 +1,5 @@
-// Start-up: the command line, the file names, the .INI file and the
-// language; what a change of language writes and reloads, and where each
-// line of a window's section goes.
+// Start-up: the command line, the file names, the .INI file and the language; what a change of language
+// writes and reloads, and where each line of a window's section goes.
 #include <gtest/gtest.h>
 
 #include "foundation/FormTexts.h"
@@ -14,6 +13,7 @@ using namespace zarvek;
 using foundation_test::Read_File;
 using foundation_test::Scratch;
 namespace fs = std::filesystem;
+using Texts = std::vector<std::string>;
 
 namespace {
 
@@ -25,8 +25,7 @@ TEST(CommandLine, OnlyAnExistingProblemFileStartsTheBatchRun) {
   const char* argv[] = {"Zarvek", blank.c_str(), nullptr};
   const struct { std::string line; bool batch; std::string problem; } cases[] = {
       // ".ZVK" in any case, trimmed; the name keeps the user's spelling
-      {"  " + (d / "Beam.zvk") + "  ", true, d / "Beam.zvk"},
-      {Command_Line_Text(2, argv), true, blank},
+      {"  " + (d / "Beam.zvk") + "  ", true, d / "Beam.zvk"}, {Command_Line_Text(2, argv), true, blank},
       // a problem that does not exist is named but starts the normal program
       {d / "Missing.ZVK", false, d / "Missing.ZVK"},
       // quotes are not removed, so the name no longer ends in ".ZVK"
@@ -53,8 +52,7 @@ TEST(StartPaths, NamesComeFromTheStartDirectoryAndAStaleScratchFileGoes) {
   s.Language_Code = "FR";
   Set_InteractivePaths(s);
   // no French help: the English one is handed over, and the missing name stays
-  EXPECT_EQ(s.File_Help, d / "ZVK_FR.HLP");
-  EXPECT_EQ(s.App_HelpFile, d / "ZVK_UK.HLP");
+  EXPECT_EQ((Texts{s.File_Help, s.App_HelpFile}), (Texts{d / "ZVK_FR.HLP", d / "ZVK_UK.HLP"}));
   d.Write("ZVK_FR.HLP", "");
   Set_InteractivePaths(s);
   EXPECT_EQ(s.App_HelpFile, d / "ZVK_FR.HLP");
@@ -70,10 +68,8 @@ TEST(IniFile, TheFirstLineWithTheExactKeyGivesTheLanguage) {
       // key line counts; Windows line ends
       {"[Zarvek]\r\nlanguage=FR\r\n  LANGUAGE=  uk  \r\nLANGUAGE=FR\r\n", "UK", ""},
       {"; choice: LANGUAGE=fr\n", "FR", ""},  // text ahead of the key is ignored
-      {nullptr, "", ini_error},
-      {"language=UK\n", "", ini_error},  // the key counts in upper case only
-      {"", "", ini_error},
-      {"/", "", ini_error},
+      {nullptr, "", ini_error}, {"language=UK\n", "", ini_error},  // the key counts in upper case only
+      {"", "", ini_error}, {"/", "", ini_error},
       {"LANGUAGE=de\n", "", "File " + (d / "ZARVEK_DE.MSG") + " not found"},
   };
   for (const auto& c : cases) {
@@ -84,8 +80,7 @@ TEST(IniFile, TheFirstLineWithTheExactKeyGivesTheLanguage) {
     Set_StartPaths(d.path, s);
     std::string error;
     EXPECT_EQ(Read_IniFile(s, error), c.error.empty()) << error;
-    EXPECT_EQ(error, c.error);
-    EXPECT_EQ(s.Language_Code, c.code);
+    EXPECT_EQ((Texts{error, s.Language_Code}), (Texts{c.error, c.code}));
   }
 }
 
@@ -105,8 +100,7 @@ TEST(RewriteIniFile, ReplacesTheKeyAndKeepsEveryOtherLine) {
       {"LANGUAGE=UK\r\nOTHER=1\r\n", "LANGUAGE=FR\r\nOTHER=1\r\n"},
       // only the first line with the key, as the start-up reads only that one
       {"LANGUAGE=UK\nLANGUAGE=DE\n", "LANGUAGE=FR\nLANGUAGE=DE\n"},
-      {"OTHER=1\n", "OTHER=1\nLANGUAGE=FR\n"},
-      {"", "LANGUAGE=FR\n"},
+      {"OTHER=1\n", "OTHER=1\nLANGUAGE=FR\n"}, {"", "LANGUAGE=FR\n"},
       {nullptr, "LANGUAGE=FR\n"},  // no file yet
   };
   for (const auto& [before, after] : cases) {
@@ -135,10 +129,8 @@ TEST(ChangeLanguage, LoadsTheNewTextsAndWritesTheIniFileOrChangesNothing) {
   Set_StartPaths(d.path, s);
   ASSERT_TRUE(Read_IniFile(s, error) && Load_Language(s, error)) << error;
   ASSERT_EQ(Change_Language(s, "FR", error), LanguageChange::Done);
-  EXPECT_EQ(s.Language_Code, "FR");
-  EXPECT_EQ(s.File_Language, d / "ZARVEK_FR.MSG");
-  EXPECT_EQ(s.File_Help, d / "ZVK_FR.HLP");
-  EXPECT_EQ(d.Read("Zarvek.INI"), "LANGUAGE=FR\n");
+  EXPECT_EQ((Texts{s.Language_Code, s.File_Language, s.File_Help, d.Read("Zarvek.INI")}),
+            (Texts{"FR", d / "ZARVEK_FR.MSG", d / "ZVK_FR.HLP", "LANGUAGE=FR\n"}));
   EXPECT_EQ(Cp1252_To_Utf8(Msg(20)), "Bloqué");
   EXPECT_EQ(Cp1252_To_Utf8(Section_Line(Section_Of_Window("FRM_SECTION"), 4)), "Annuler");
   EXPECT_FALSE(File_Exists(s.File_Tmp));
@@ -157,9 +149,7 @@ TEST(ChangeLanguage, LoadsTheNewTextsAndWritesTheIniFileOrChangesNothing) {
   EXPECT_EQ(Change_Language(s, "XX", error), LanguageChange::LoadFailed);
   EXPECT_EQ(error, "Error in reading " + (d / "ZARVEK_XX.MSG"));
   // The next start still finds a language it can read.
-  EXPECT_EQ(d.Read("Zarvek.INI"), "LANGUAGE=UK\n");
-  EXPECT_EQ(s.Language_Code, "UK");
-  EXPECT_EQ(Msg(20), "Fixed");
+  EXPECT_EQ((Texts{d.Read("Zarvek.INI"), s.Language_Code, Msg(20)}), (Texts{"LANGUAGE=UK\n", "UK", "Fixed"}));
 }
 
 // Each window's table of targets has exactly one target per line of its

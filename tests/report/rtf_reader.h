@@ -24,13 +24,9 @@ struct Rtf_Content {
 };
 
 inline void Put_Utf8(std::string& out, std::uint32_t cp) {
-  if (cp < 0x80) {
-    out += (char)cp;
-  } else if (cp < 0x800) {
-    out += {(char)(0xC0 | cp >> 6), (char)(0x80 | (cp & 0x3F))};
-  } else {
-    out += {(char)(0xE0 | cp >> 12), (char)(0x80 | (cp >> 6 & 0x3F)), (char)(0x80 | (cp & 0x3F))};
-  }
+  if (cp < 0x80) out += (char)cp;
+  else if (cp < 0x800) out += {(char)(0xC0 | cp >> 6), (char)(0x80 | (cp & 0x3F))};
+  else out += {(char)(0xE0 | cp >> 12), (char)(0x80 | (cp >> 6 & 0x3F)), (char)(0x80 | (cp & 0x3F))};
 }
 
 inline Rtf_Content Read_Rtf(const std::string& s) {
@@ -40,10 +36,7 @@ inline Rtf_Content Read_Rtf(const std::string& s) {
   Dest dest = Text;
   int skipFallback = 0;  // characters of a \uN escape's fallback still to pass over
   std::string fontName, hex;
-  auto put = [&](char ch) {
-    if (skipFallback) --skipFallback;
-    else c.text += ch;
-  };
+  auto put = [&](char ch) { skipFallback ? void(--skipFallback) : void(c.text += ch); };
   c.well_formed = s.rfind("{\\rtf", 0) == 0;
   for (size_t i = 0; i < s.size();) {
     const char ch = s[i++];

@@ -1,6 +1,5 @@
-// The default beam (IPE 300, 10 m, fork supports, end moments -100 and
-// 100 kN.m), as changed by the test, solved as the main window does: the
-// progress shows the iteration. Empty when the solve went well.
+// The default beam (IPE 300, 10 m, fork supports, end moments -100 and 100 kN.m), as changed by the test,
+// solved as the main window does: the progress shows the iteration. Empty when the solve went well.
 #pragma once
 
 #include <string>

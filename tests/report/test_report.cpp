@@ -18,10 +18,6 @@
 namespace zarvek {
 namespace {
 
-std::string Scratch(const std::string& name) {
-  return ::testing::TempDir() + "zarvek-report-" + std::to_string(::getpid()) + "-" + name;
-}
-
 // Each diagram as a picture of its own width, so that the reader can tell
 // them apart: beam 401, section 402, forces 403, mode 404 pixels.
 Report_Picture Fake_Picture(Report_PictureKind k) { return Make_Picture(rtf_test::Png_Of(401 + (int)k, 50)); }
@@ -41,14 +37,18 @@ std::tm Date(int y, int mo, int d, int h, int mi) {
   return t;
 }
 
-rtf_test::Rtf_Content Report_Of(const BeamModel& m, const std::string& code = "UK", bool pictures = true) {
+Rich_Document Document_Of(const BeamModel& m, const std::string& code = "UK", bool pictures = true) {
   Report_Inputs in;
   in.Language_Code = code;
   in.When = Date(2026, 11, 23, 5, 7);
   if (pictures) in.Pictures = Fake_Picture;
   Rich_Text rt = Report_Builder();
   Edit_Results(rt, m, in);
-  const rtf_test::Rtf_Content c = rtf_test::Read_Rtf(Rtf_Of(rt.Document()));
+  return rt.Document();
+}
+
+rtf_test::Rtf_Content Report_Of(const BeamModel& m, const std::string& code = "UK", bool pictures = true) {
+  const rtf_test::Rtf_Content c = rtf_test::Read_Rtf(Rtf_Of(Document_Of(m, code, pictures)));
   EXPECT_TRUE(c.well_formed);
   return c;
 }
@@ -64,6 +64,13 @@ std::vector<std::string> Lines(const std::string& text) {
 int Find_Line(const std::vector<std::string>& lines, const std::string& line, int from = 0) {
   const auto it = std::find(lines.begin() + from, lines.end(), line);
   return it == lines.end() ? -1 : int(it - lines.begin());
+}
+
+// The widths of the pictures, which tell the diagrams apart.
+std::vector<long> Pictures_Of(const rtf_test::Rtf_Content& c) {
+  std::vector<long> widths;
+  for (const auto& p : c.pictures) widths.push_back(p.picw);
+  return widths;
 }
 
 bool Has(const std::string& text, const std::string& what) { return text.find(what) != std::string::npos; }
@@ -120,17 +127,13 @@ TEST(Report, SolvedProjectInOrder) {
   EXPECT_NE(Find_Line(lines, "\tCritical moment Mcr\tMcr\t=\t" + m.Txt_Mcr + "\tkN.m"), -1);
 
   // the four pictures, as PNG, in the order beam, section, forces, mode
-  ASSERT_EQ(c.pictures.size(), 4u);
-  for (int k = 0; k < 4; ++k) {
-    EXPECT_EQ(c.pictures[k].type, "pngblip");
-    EXPECT_EQ(c.pictures[k].picw, 401 + k);
-  }
+  EXPECT_EQ(Pictures_Of(c), (std::vector<long>{401, 402, 403, 404}));
+  for (const auto& p : c.pictures) EXPECT_EQ(p.type, "pngblip");
 }
 
 TEST(Report, BlocksOfResultsNeedTheirResults) {
   BeamModel m = Solved_Model();
-  const struct { const char* name; bool clear_process, clear_efforts; std::vector<int> pictures; } cases[] = {
-      {"solved", false, false, {401, 402, 403, 404}},
+  const struct { const char* name; bool clear_process, clear_efforts; std::vector<long> pictures; } cases[] = {
       {"data changed after the forces were drawn", true, false, {401, 402, 403}},
       {"no solve done", true, true, {401, 402}},
   };
@@ -141,17 +144,15 @@ TEST(Report, BlocksOfResultsNeedTheirResults) {
     const rtf_test::Rtf_Content c = Report_Of(w);
     const auto lines = Lines(c.text);
     const bool solved = !k.clear_process, forces = !k.clear_efforts;
-    EXPECT_EQ(Find_Line(lines, "\tEigenvalue solving process") >= 0, solved) << k.name;
-    EXPECT_EQ(Find_Line(lines, "\tBuckling mode") >= 0, solved) << k.name;
+    for (const char* t : {"\tEigenvalue solving process", "\tBuckling mode"})
+      EXPECT_EQ(Find_Line(lines, t) >= 0, solved) << k.name << t;
     EXPECT_EQ(Has(c.text, "\tMcr\t"), solved) << k.name;
     EXPECT_EQ(Find_Line(lines, "\tBending moment M and shear force V") >= 0, forces) << k.name;
     EXPECT_EQ(Has(c.text, "\tMmax\t"), forces) << k.name;
     // the data blocks and the closing line are always there
     for (const char* t : {"\tBeam", "\tEnd moments", "___________________"})
       EXPECT_GE(Find_Line(lines, t), 0) << k.name << " " << t;
-    std::vector<int> widths;
-    for (const auto& p : c.pictures) widths.push_back((int)p.picw);
-    EXPECT_EQ(widths, k.pictures) << k.name;
+    EXPECT_EQ(Pictures_Of(c), k.pictures) << k.name;
   }
   // without a picture source the report is whole, without pictures
   EXPECT_TRUE(Report_Of(m, "UK", false).pictures.empty());
@@ -162,17 +163,13 @@ TEST(Report, RowsFollowTheEntries) {
       {"defaults", [](BeamModel&) {}, {},
        {"\tIntermediate restraint 1", "\tPoint loads", "\tPoint moment", "\tDistributed loads 1", "\t\th\t"}},
       {"punctual restraint 2 with a spring",
-       [](BeamModel& m) {
-         m.Chk_Punctual2 = true, m.Txt_xfint2 = "0.25";
-         m.Lst_vi_p2 = RestraintList{-1, "12.5", true};
-       },
+       [](BeamModel& m) { m.Chk_Punctual2 = true, m.Txt_xfint2 = "0.25", m.Lst_vi_p2 = {-1, "12.5", true}; },
        {"\tIntermediate restraint 2", "\tPosition x/L\tx/L\t=\t0.25\t",
         "\tLateral displacement v\tv\t=\t12.5\tkN/m"},
        {"\tIntermediate restraint 1"}},
       {"point loads 1 and 3, a point moment, distributed load 2",
        [](BeamModel& m) {
-         m.Chk_F1 = m.Chk_F3 = m.Chk_CC = m.Chk_q2 = true;
-         m.Txt_F3 = "-7", m.Txt_zF3 = "15", m.Txt_q21 = "-4";
+         m.Chk_F1 = m.Chk_F3 = m.Chk_CC = m.Chk_q2 = true, m.Txt_F3 = "-7", m.Txt_zF3 = "15", m.Txt_q21 = "-4";
        },
        {"\tPoint loads", "\t\tF1\t=\t-10\tkN", "\t\tF3\t=\t-7\tkN", "\tLevel z above the shear centre\tzF3\t=\t15\tcm",
         "\tPoint moment", "\t\tC\t=\t100\tkN.m", "\tDistributed loads 2", "\t\tq1\t=\t-4\tkN/m"},
@@ -206,11 +203,7 @@ TEST(Report, SectionDrawingAfterItsRows) {
   for (int route = 1; route <= 3; ++route) {
     BeamModel m = Default_Model();
     m.Opt_Catalogue = route == 1, m.Opt_Dimensions = route == 2, m.Opt_Properties = route == 3;
-    Report_Inputs in;
-    in.Pictures = Fake_Picture;
-    Rich_Text rt = Report_Builder();
-    Edit_Results(rt, m, in);
-    const Rich_Document d = rt.Document();
+    const Rich_Document d = Document_Of(m);
     auto at = [&d](auto is) {  // the first paragraph with a run that `is` picks
       for (size_t i = 0; i < d.paragraphs.size(); ++i)
         for (const Rich_Run& r : d.paragraphs[i].runs)
@@ -238,18 +231,18 @@ TEST(Report, DateOfTheHeader) {
 
 // The report follows the loaded language: titles and messages in French.
 TEST(Report, LoadedLanguage) {
-  const std::string fr = std::string(ZARVEK_BIN_DIR) + "/ZARVEK_FR.MSG";
-  const std::string uk = std::string(ZARVEK_BIN_DIR) + "/ZARVEK_UK.MSG";
+  const std::string fr = ZARVEK_BIN_DIR "/ZARVEK_FR.MSG", uk = ZARVEK_BIN_DIR "/ZARVEK_UK.MSG";
   if (!File_Exists(fr) || !File_Exists(uk)) GTEST_SKIP() << "language files not built: " << fr;
-  ASSERT_TRUE(Load_LanguageFile(fr, Scratch("LANG.TMP")));
+  const std::string tmp = ::testing::TempDir() + "zarvek-report-" + std::to_string(::getpid()) + "-LANG.TMP";
+  ASSERT_TRUE(Load_LanguageFile(fr, tmp));
   Load_Messages();
   const rtf_test::Rtf_Content c = Report_Of(Solved_Model(), "FR");
   const auto lines = Lines(c.text);
-  EXPECT_GE(Find_Line(lines, "\tPoutre"), 0) << c.text;
-  EXPECT_GE(Find_Line(lines, "\tLongueur L\tL\t=\t10\tm"), 0);
+  for (const char* l : {"\tPoutre", "\tLongueur L\tL\t=\t10\tm"})
+    EXPECT_GE(Find_Line(lines, l), 0) << l << c.text;
   EXPECT_TRUE(Has(c.text, "\t=\tLibre\t"));
   EXPECT_TRUE(Has(lines[0], "/2026  05:07"));
-  ASSERT_TRUE(Load_LanguageFile(uk, Scratch("LANG.TMP")));
+  ASSERT_TRUE(Load_LanguageFile(uk, tmp));
   Load_Messages();
 }
 

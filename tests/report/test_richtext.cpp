@@ -51,8 +51,7 @@ TEST(RichText, WriteLine) {
     EXPECT_EQ(d.paragraphs[0].tabs, (std::vector<double>{0.1, 0.5, 0.56, 0.65, 0.75}));
     EXPECT_EQ(rt.Tab_Counter(), 0);
     EXPECT_EQ(Plain_Text(d), std::string(r.text) + "\n");
-    // the Greek symbol is in the report's font, and the format after a Greek
-    // symbol is the normal one again
+    // the Greek symbol is in the report's font, and the format after a Greek symbol is the normal one again
     for (const Rich_Run& run : d.paragraphs[0].runs) EXPECT_EQ(run.format.font, "Arial");
     EXPECT_EQ(rt.Format().bold, r.symbol[0] != '*');
   }
@@ -77,9 +76,8 @@ TEST(RichText, FormatsAndParagraphs) {
 
   // RTF: braces and backslashes escaped, non-ASCII as \uN?, colours as RGB
   const std::string rtf = Rtf_Of(d);
-  EXPECT_NE(rtf.find("A\\{b\\}\\\\first"), std::string::npos);
-  EXPECT_NE(rtf.find("caf\\u233?"), std::string::npos);
-  EXPECT_NE(rtf.find("\\red255\\green0\\blue0;"), std::string::npos);
+  for (const char* e : {"A\\{b\\}\\\\first", "caf\\u233?", "\\red255\\green0\\blue0;"})
+    EXPECT_NE(rtf.find(e), std::string::npos) << e;
   const rtf_test::Rtf_Content c = rtf_test::Read_Rtf(rtf);
   EXPECT_TRUE(c.well_formed);
   EXPECT_EQ(c.text, "A{b}\\first\nsecondcaf\xC3\xA9");
@@ -87,10 +85,8 @@ TEST(RichText, FormatsAndParagraphs) {
 }
 
 TEST(RichText, GreekAndUnicodeEscapes) {
-  // Greek letters of the Symbol font and the prime, by the character codes
-  // of that font
-  EXPECT_EQ(Symbol_To_Unicode("m"), "\xCE\xBC");
-  EXPECT_EQ(Symbol_To_Unicode("e"), "\xCE\xB5");
+  // Greek letters by the character codes of the Symbol font
+  EXPECT_EQ(Symbol_To_Unicode("m") + Symbol_To_Unicode("e"), "\xCE\xBC\xCE\xB5");
   Rich_Text rt;
   // beta-z is written with the German sharp s
   for (const char* symbol : {"*q", "*y", "\xC3\x9Fz"}) rt.WriteLine("", symbol, "", "");
@@ -109,24 +105,22 @@ TEST(RichText, Pictures) {
   EXPECT_TRUE(Make_Picture("not a picture").empty());
 
   // 96 dpi: 15 twips a pixel; a picture wider than the text is scaled to it
-  const Report_Picture small = Make_Picture(Png_Of(400, 100));
+  const Report_Picture small = Make_Picture(Png_Of(400, 100)), wide = Make_Picture(Png_Of(1000, 200));
   EXPECT_TRUE(small.twips_width == 6000 && small.twips_height == 1500);
-  const Report_Picture wide = Make_Picture(Png_Of(1000, 200));
   EXPECT_DOUBLE_EQ(wide.twips_width, Report_TextWidth);
   EXPECT_NEAR(wide.twips_height, Report_TextWidth / 5, 1e-9);
 
   Rich_Text rt;
-  rt.Send_Text("before");
+  rt.Send_Text("before");  // then the picture, nothing, a new paragraph and the wide one
   rt.Send_Image(small);
   rt.Send_Image(Report_Picture{});  // nothing
   rt.NewParagraph();
   rt.Send_Image(wide);
   const rtf_test::Rtf_Content c = rtf_test::Read_Rtf(Rtf_Of(rt.Document()));
   ASSERT_EQ(c.pictures.size(), 2u);
-  EXPECT_EQ(c.pictures[0].picw, 400);
-  EXPECT_EQ(c.pictures[0].picwgoal, 6000);
+  EXPECT_EQ((std::vector{c.pictures[0].picw, c.pictures[0].picwgoal, c.pictures[1].picwgoal}),
+            (std::vector{400L, 6000L, std::lround(Report_TextWidth)}));
   EXPECT_EQ(c.pictures[0].bytes, small.png);  // the bytes come back whole
-  EXPECT_EQ(c.pictures[1].picwgoal, (long)std::lround(Report_TextWidth));
   EXPECT_EQ(c.text, "before\n");
 }
 

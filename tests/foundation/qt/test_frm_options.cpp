@@ -1,15 +1,7 @@
 // The options window: backup and Cancel, OK and the unit conversion of the
 // record, the live change of language, the hidden method, the frame.
-#include <QComboBox>
-#include <QDialogButtonBox>
-#include <QFileDialog>
-#include <QLabel>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QSignalSpy>
-#include <QTabWidget>
 #include <QtTest>
+#include <QtWidgets>
 
 #include "foundation/Language.h"
 #include "foundation/qt/Frm_Options.h"
@@ -19,15 +11,16 @@
 #include "tools/qt/start_dir.h"
 
 using namespace zarvek;
+using F = UnitFamily;
 
 namespace {
 
 // Everything of the record that a change of units or options may touch.
 std::vector<std::string> Shown_Texts(const BeamModel& m) {
-  return {m.Txt_L,      m.Txt_E,      m.Txt_G,      m.Txt_Iz[1],   m.Txt_It[3],  m.Txt_Iw[1],
-          m.Txt_h,      m.Txt_bf1,    m.Txt_zend1,  m.Txt_M1,      m.Txt_M2,     m.Txt_F1,
-          m.Txt_q11,    m.Txt_CC,     m.Txt_zF1,    m.Lst_v1.text, m.Lst_t1.text, m.Lst_vi_c.text,
-          m.Lbl_Method, m.Lbl_Tolerance, m.Lbl_Directory};
+  return {m.Txt_L,   m.Txt_E,     m.Txt_G,  m.Txt_Iz[1], m.Txt_It[3],  m.Txt_Iw[1],      m.Txt_h,
+          m.Txt_bf1, m.Txt_zend1, m.Txt_M1, m.Txt_M2,    m.Txt_F1,     m.Txt_q11,        m.Txt_CC,
+          m.Txt_zF1, m.Lst_v1.text, m.Lst_t1.text, m.Lst_vi_c.text, m.Lbl_Method, m.Lbl_Tolerance,
+          m.Lbl_Directory};
 }
 
 std::vector<float> Factors(const BeamModel& m) {
@@ -44,6 +37,13 @@ struct Start_Model {
   BeamModel m;
   Start_Model() { Init_Default(m, start.path()); }
 };
+
+// Opens the window as the main window does and waits until it is shown.
+bool Open(Frm_Options& w) {
+  w.Prepare();
+  w.show();
+  return QTest::qWaitForWindowExposed(&w);
+}
 
 // Selects the language whose item starts with the code; its index.
 int Pick_Language(Frm_Options& w, const char* code) {
@@ -72,48 +72,42 @@ class TestFrmOptions : public QObject {
 
     Frm_Options w(m, start.state);
     w.Prepare();
-    QCOMPARE(List(w, UnitFamily::L)->currentText(), QString("m"));
-    List(w, UnitFamily::L)->setCurrentIndex(0);   // mm
-    List(w, UnitFamily::M)->setCurrentIndex(0);   // daN.cm
-    List(w, UnitFamily::v)->setCurrentIndex(2);   // daN/m
+    QCOMPARE(List(w, F::L)->currentText(), QString("m"));
+    List(w, F::L)->setCurrentIndex(0);  // mm
+    List(w, F::M)->setCurrentIndex(0);  // daN.cm
+    List(w, F::v)->setCurrentIndex(2);  // daN/m
     w.Lst_Tolerance->setCurrentIndex(5);
     w.Lst_Duration->setCurrentIndex(6);
     QSignalSpy lang(&w, &Frm_Options::languageChanged), units_spy(&w, &Frm_Options::unitsChanged),
         method(&w, &Frm_Options::methodChanged);
     w.Cmd_CancelOptions->click();
     QCOMPARE(w.result(), int(QDialog::Rejected));
-    QVERIFY(Shown_Texts(m) == texts);
-    QVERIFY(Factors(m) == factors);
-    QVERIFY(Unit_Indices(m) == units);
+    QVERIFY(Shown_Texts(m) == texts && Factors(m) == factors && Unit_Indices(m) == units);
     // The controls show the backup again.
-    QCOMPARE(List(w, UnitFamily::L)->currentText(), QString("m"));
-    QCOMPARE(List(w, UnitFamily::M)->currentText(), QString("kN.m"));
-    QCOMPARE(w.Lst_Tolerance->currentIndex(), 2);
-    QCOMPARE(w.Lst_Duration->currentIndex(), 2);
+    QCOMPARE(QStringList({List(w, F::L)->currentText(), List(w, F::M)->currentText()}),
+             QStringList({"m", "kN.m"}));
+    QCOMPARE(QList({w.Lst_Tolerance->currentIndex(), w.Lst_Duration->currentIndex()}), QList({2, 2}));
 
     w.Prepare();
     w.Cmd_OKOptions->click();
     QCOMPARE(w.result(), int(QDialog::Accepted));
     QVERIFY(Shown_Texts(m) == texts);
-    // The factors are those of the lists as they stand. (The starting
-    // factor of the warping springs, 0.0001, is not the factor of its
-    // starting item: accepting the options puts the list's own in place.)
+    // The factors are those of the lists as they stand. (The starting factor of the warping springs,
+    // 0.0001, is not the factor of its starting item: accepting the options puts the list's own in place.)
     BeamModel lists = m;
     Set_Factors(lists);
     QVERIFY(Factors(m) == Factors(lists));
     for (UnitFamily f : All_Unit_Families)
-      if (f != UnitFamily::tp) QCOMPARE(Factor_Of(m, f), factors[int(f)]);
+      if (f != F::tp) QCOMPARE(Factor_Of(m, f), factors[int(f)]);
     QCOMPARE(m.Lst_v2.text, std::string("350"));
     QCOMPARE(lang.count() + units_spy.count() + method.count(), 0);
     QCOMPARE(start.Read("Zarvek.INI"), ini);
   }
 
-  // A unit change rewrites the shown numbers of its family, so that the
-  // quantity, shown value times factor, stays: 10 m = 10000 mm; 100 kN.m =
-  // 10000 daN.m; 210000 MPa = 21000 daN/mm2 (1 daN/mm2 = 10 MPa); 30 cm =
-  // 300 mm; -10 kN = -1000 daN.
+  // A unit change rewrites the shown numbers of its family, so that the quantity, shown value times factor,
+  // stays: 10 m = 10000 mm; 100 kN.m = 10000 daN.m; 210000 MPa = 21000 daN/mm2 (1 daN/mm2 = 10 MPa);
+  // 30 cm = 300 mm; -10 kN = -1000 daN.
   void okConvertsShownValues() {
-    using F = UnitFamily;
     const struct { F f; int index; std::string BeamModel::*field; const char* before; double after; } cases[] = {
         {F::L, 0, &BeamModel::Txt_L, "10", 10000},     {F::M, 1, &BeamModel::Txt_M1, "-100", -10000},
         {F::EG, 1, &BeamModel::Txt_E, "210000", 21000}, {F::Dim, 0, &BeamModel::Txt_h, "30", 300},
@@ -143,25 +137,19 @@ class TestFrmOptions : public QObject {
     Start_Model sm;
     auto& [start, m] = sm;
     Frm_Options w(m, start.state);
-    w.Prepare();
-    w.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&w));
-    QVERIFY(!w.close());
-    QVERIFY(w.isVisible());
+    QVERIFY(Open(w));
+    QVERIFY(!w.close() && w.isVisible());
     w.Lst_NbIter->setFocus();
     QTest::keyClicks(w.Lst_NbIter, "1");
     QCOMPARE(w.Lst_NbIter->currentIndex(), 2);  // "70" stays: "100" and "120" aren't typed to
-    List(w, UnitFamily::F)->setCurrentIndex(0);
+    List(w, F::F)->setCurrentIndex(0);
     QTest::keyClick(&w, Qt::Key_Escape);
     QVERIFY(!w.isVisible());
-    QCOMPARE(List(w, UnitFamily::F)->currentIndex(), 1);
+    QCOMPARE(List(w, F::F)->currentIndex(), 1);
 
-    w.Prepare();
-    w.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QVERIFY(Open(w));
     w.Tab_Options->setCurrentIndex(1);
-    QVERIFY(w.Img_Hide->isVisible());
-    QVERIFY(!w.Opt_Eigen->isVisible());
+    QVERIFY(w.Img_Hide->isVisible() && !w.Opt_Eigen->isVisible());
     // Every combination but Ctrl alone does nothing.
     for (auto mods : {Qt::KeyboardModifiers(Qt::NoModifier),
                       Qt::KeyboardModifiers(Qt::ControlModifier | Qt::ShiftModifier)}) {
@@ -169,8 +157,7 @@ class TestFrmOptions : public QObject {
       QVERIFY(w.Img_Hide->isVisible());
     }
     QTest::mouseClick(w.Img_Hide, Qt::LeftButton, Qt::ControlModifier);
-    QVERIFY(!w.Img_Hide->isVisible());
-    QVERIFY(w.Opt_Eigen->isVisible());
+    QVERIFY(!w.Img_Hide->isVisible() && w.Opt_Eigen->isVisible());
     QSignalSpy method(&w, &Frm_Options::methodChanged);
     w.Opt_Eigen->click();
     w.Cmd_OKOptions->click();
@@ -179,10 +166,9 @@ class TestFrmOptions : public QObject {
     QCOMPARE(Method_Of(m), 1);
   }
 
-  // OK on another language retranslates the open windows of the program
-  // and the toolkit's own buttons and dialogs, there and back; a language
-  // file gone by then ends the program and changes nothing. What the change
-  // writes and reloads is proved without windows.
+  // OK on another language retranslates the open windows of the program and the toolkit's own buttons and
+  // dialogs, there and back; a language file gone by then ends the program and changes nothing. What the
+  // change writes and reloads is proved without windows.
   void languageSwitchRetranslatesWindowsAndDialogs() {
     Start_Model sm;
     auto& [start, m] = sm;
@@ -195,9 +181,7 @@ class TestFrmOptions : public QObject {
     w.Fatal_Error = [&](const QString& t, const QString& x) { title = t, text = x; };
     QSignalSpy lang(&w, &Frm_Options::languageChanged);
     for (const auto& [code, cancel] : {std::pair{"FR", "Annuler"}, std::pair{"UK", "Cancel"}}) {
-      w.Prepare();
-      w.show();
-      QVERIFY(QTest::qWaitForWindowExposed(&w));
+      QVERIFY(Open(w));
       Pick_Language(w, code);
       QTest::mouseClick(w.Cmd_OKOptions, Qt::LeftButton);
       QCOMPARE(lang.count(), QString(code) == "FR" ? 1 : 2);
@@ -216,9 +200,7 @@ class TestFrmOptions : public QObject {
       QCOMPARE(Lang_Text(m.Lbl_Method), w.Opt_Dichotomie->text());
     }
 
-    w.Prepare();
-    w.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    QVERIFY(Open(w));
     const int fr = Pick_Language(w, "FR");
     QVERIFY(QFile::remove(start.file("ZARVEK_FR.MSG")));
     QTest::mouseClick(w.Cmd_OKOptions, Qt::LeftButton);

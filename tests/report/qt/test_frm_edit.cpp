@@ -1,13 +1,7 @@
 // The report window: built when shown, rebuilt only after a change, saved as
 // RTF and PDF with the same text, copied with its rich text.
-#include <QApplication>
-#include <QClipboard>
-#include <QFile>
-#include <QLabel>
-#include <QMimeData>
-#include <QTemporaryDir>
-#include <QTextEdit>
 #include <QtTest>
+#include <QtWidgets>
 
 #include "model/DataEntry.h"
 #include "report/qt/Frm_Edit.h"
@@ -42,9 +36,8 @@ class Test_Frm_Edit : public QObject {
     Frm_Edit w(m, Frm_Edit::Context{"UK", QDir::tempPath().toStdString(), false});
     QCOMPARE(w.Build_Count(), 0);
     QLabel* wait = w.findChild<QLabel*>("Pnl_WaitEdit");
-    QVERIFY(wait);
     w.show();
-    QVERIFY(wait->isVisible());  // covers the text until the report is built
+    QVERIFY(wait && wait->isVisible());  // covers the text until the report is built
     QVERIFY(QTest::qWaitForWindowExposed(&w));
     QTRY_COMPARE(w.Build_Count(), 1);
     QVERIFY(!wait->isVisible());
@@ -80,9 +73,8 @@ class Test_Frm_Edit : public QObject {
     QVERIFY(!w.Save_Rtf(dir.filePath("missing/report.RTF")));
 
     // PDF: a real file of A4 pages
-    const QString pdfPath = dir.filePath("report.pdf");
-    QVERIFY(w.Save_Pdf(pdfPath));
-    const QByteArray pdf = Read(pdfPath);
+    QVERIFY(w.Save_Pdf(dir.filePath("report.pdf")));
+    const QByteArray pdf = Read(dir.filePath("report.pdf"));
     QVERIFY(pdf.startsWith("%PDF-"));
     QVERIFY(pdf.contains("/MediaBox [0 0 595"));
 

@@ -1,14 +1,7 @@
 // The table of the buckling mode: formats, the tinted normalising value, the
 // column of x, copy of a block and the CSV file.
-#include <QApplication>
-#include <QClipboard>
-#include <QFile>
-#include <QHeaderView>
-#include <QMenu>
-#include <QMenuBar>
-#include <QTableWidget>
-#include <QTemporaryDir>
 #include <QtTest>
+#include <QtWidgets>
 
 #include "diagrams/qt/Frm_EigenVector.h"
 #include "foundation/Mod_Zarvek.h"
@@ -61,8 +54,7 @@ class Test_Frm_EigenVector : public QObject {
     const BeamModel m = Sample();
     Frm_EigenVector w(m);
     QTableWidget* g = w.Grd_Eigen();
-    QCOMPARE(g->rowCount(), 3);
-    QCOMPARE(g->columnCount(), 6);
+    QCOMPARE(QSize(g->columnCount(), g->rowCount()), QSize(6, 3));
     const char* rows[3][6] = {{" 1", "0.0", "0", "0", "5.0000E-01", "0"},
                               {" 2", "500.0", "7.5000E-01", "-1.0000E+00", "0", "2.0000E-03"},
                               {" 3", "1000.0", "0", "0", "-5.0000E-01", "0"}};
@@ -93,10 +85,9 @@ class Test_Frm_EigenVector : public QObject {
     QVERIFY(!w.Save_Csv(dir.filePath("no/such/dir/mode.csv")));
   }
 
-  // Copy is offered while the grid has the focus; a block goes with a tab
-  // between cells and CR LF after rows, by Ctrl+C, by Edit > Copy opened
-  // with the mouse and with Alt+E: the menu opening doesn't take the grid's
-  // block away nor grey the command. Nothing selected: the clipboard stays.
+  // Copy is offered while the grid has the focus; a block goes with a tab between cells and CR LF after
+  // rows, by Ctrl+C, by Edit > Copy opened with the mouse and with Alt+E: the menu opening doesn't take the
+  // grid's block away nor grey the command. Nothing selected: the clipboard stays.
   void copyOfABlock() {
     const BeamModel m = Sample();
     Frm_EigenVector w(m);

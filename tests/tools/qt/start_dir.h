@@ -1,13 +1,9 @@
-// A private start directory for window tests: a copy of the files the
-// program reads at start (language files, Zarvek.INI, SECTION.DB, the help
-// pages), so that a test may rewrite Zarvek.INI or spoil the catalogue
-// without touching build/bin. The language of Zarvek.INI is loaded.
+// A private start directory for window tests: a copy of the files the program reads at start (language
+// files, Zarvek.INI, SECTION.DB, the help pages), so that a test may rewrite Zarvek.INI or spoil the
+// catalogue without touching build/bin. The language of Zarvek.INI is loaded.
 #pragma once
 
-#include <QDir>
-#include <QDirIterator>
-#include <QFile>
-#include <QTemporaryDir>
+#include <QtCore>
 #include <string>
 
 #include "foundation/Language.h"
@@ -17,14 +13,6 @@
 
 namespace zarvek_test {
 
-inline void Copy_Tree(const QString& from, const QString& to) {
-  for (QDirIterator it(from, QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
-    const QString src = it.next(), dst = to + "/" + QDir(from).relativeFilePath(src);
-    QDir().mkpath(QFileInfo(dst).absolutePath());
-    QFile::copy(src, dst);
-  }
-}
-
 struct StartDir {
   QTemporaryDir dir;
   zarvek::StartupState state;
@@ -32,9 +20,13 @@ struct StartDir {
   explicit StartDir(const char* language = "UK") {
     const QString bin = ZARVEK_BIN_DIR;
     for (const char* f : {"Zarvek.INI", "ZARVEK_UK.MSG", "ZARVEK_FR.MSG", "SECTION.DB"})
-      QFile::copy(bin + "/" + f, dir.path() + "/" + f);
-    Copy_Tree(bin + "/help", dir.path() + "/help");
-    QFile ini(dir.path() + "/Zarvek.INI");
+      QFile::copy(bin + "/" + f, file(f));
+    for (QDirIterator it(bin + "/help", QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
+      const QString src = it.next(), dst = file(QDir(bin).relativeFilePath(src));
+      QDir().mkpath(QFileInfo(dst).absolutePath());
+      QFile::copy(src, dst);
+    }
+    QFile ini(file("Zarvek.INI"));
     ini.setPermissions(ini.permissions() | QFile::WriteOwner);
     if (ini.open(QIODevice::WriteOnly | QIODevice::Truncate))
       ini.write(QByteArray("LANGUAGE=") + language + "\n");

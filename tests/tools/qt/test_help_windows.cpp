@@ -1,15 +1,9 @@
 // Help in the loaded language at the topic of the page or dialog in front,
 // with links, back and forward; the picture window.
-#include <QApplication>
-#include <QDialog>
-#include <QLabel>
-#include <QTimer>
-#include <QToolButton>
 #include <QtTest>
+#include <QtWidgets>
 
-#include "foundation/Mod_Zarvek.h"
 #include "foundation/qt/Frm_Options.h"
-#include "model/BeamModel.h"
 #include "section/qt/Frm_Section.h"
 #include "tools/qt/Frm_Help.h"
 #include "tools/qt/HelpPictures.h"
@@ -52,12 +46,13 @@ class TestHelpWindows : public QObject {
     // A link of the page, as a click follows it.
     b->Txt_Help->setSource(b->Txt_Help->source().resolved(QUrl("loads.html")));
     QCOMPARE(Shown_Page(), QString("UK/loads.html"));
-    QVERIFY(b->Cmd_Back->isEnabled());
-    b->Cmd_Back->click();
-    QCOMPARE(Shown_Page(), QString("UK/restraints.html"));
-    QVERIFY(b->Cmd_Forward->isEnabled());
-    b->Cmd_Forward->click();
-    QCOMPARE(Shown_Page(), QString("UK/loads.html"));
+    // back and forward, each enabled where it leads somewhere
+    for (const auto& [button, page] :
+         {std::pair{b->Cmd_Back, "UK/restraints.html"}, std::pair{b->Cmd_Forward, "UK/loads.html"}}) {
+      QVERIFY(button->isEnabled());
+      QTest::mouseClick(button, Qt::LeftButton);
+      QCOMPARE(Shown_Page(), QString(page));
+    }
     // Every page of the set is shipped in both languages, and every link of
     // a page leads to a page of the set.
     static const QRegularExpression href("href=\"([^\"]+)\"");
@@ -74,8 +69,7 @@ class TestHelpWindows : public QObject {
     }
   }
 
-  // F1 in a dialog opens its topic, and the help stays usable although the
-  // dialog is modal.
+  // F1 in a dialog opens its topic, and the help stays usable although the dialog is modal.
   void f1InDialogsOpensTheirTopic() {
     zarvek_test::StartDir start;
     BeamModel m;
@@ -113,8 +107,7 @@ class TestHelpWindows : public QObject {
     main.show();
     QVERIFY(!Affiche_HelpImage(Help_PictureCount + 1, &main));
     Frm_Help* w = Affiche_HelpImage(2, &main);
-    QVERIFY(w && w->isVisible());
-    QCOMPARE(w->Picture_Index(), 2);
+    QVERIFY(w && w->isVisible() && w->Picture_Index() == 2);
     QCOMPARE(w->windowTitle(), QString("Aide"));
     // The window takes the size of its picture.
     QCOMPARE(w->Img_Help->pixmap().deviceIndependentSize().toSize(), Help_PictureSize());
@@ -123,9 +116,8 @@ class TestHelpWindows : public QObject {
     QApplication::setActiveWindow(w);
     QTest::keyClick(w, Qt::Key_F1);
     QCOMPARE(Shown_Page(), QString("FR/restraints.html"));
-    // The pictures speak the loaded language: the French one differs from
-    // the one drawn once the English file is loaded, and a switch back gives
-    // the French one again.
+    // The pictures speak the loaded language: the French one differs from the one drawn once the English
+    // file is loaded, and a switch back gives the French one again.
     const QImage fr = Help_Picture(2);
     w->hide();
     {
@@ -136,18 +128,16 @@ class TestHelpWindows : public QObject {
     QVERIFY(Help_Picture(2) == fr);
   }
 
-  // A curve or a mark of a help picture has the colour it has on the
-  // screen (colours 0xBBGGRR there): M black, v blue 0xC00000, theta black,
-  // v' red 0x0000FF, theta' green 0x008000, G blue, S green.
+  // A curve or a mark of a help picture has the colour it has on the screen (colours 0xBBGGRR there):
+  // M black, v blue 0xC00000, theta black, v' red 0x0000FF, theta' green 0x008000, G blue, S green.
   void helpPicturesSpeakTheColoursOfTheDiagrams() {
     const QColor blue(0, 0, 0xC0), black(0, 0, 0), red(0xFF, 0, 0), green(0, 0x80, 0);
     auto near = [](QColor a, QColor b, int tol) {
       return std::abs(a.red() - b.red()) <= tol && std::abs(a.green() - b.green()) <= tol &&
              std::abs(a.blue() - b.blue()) <= tol;
     };
-    // "Reading the diagrams": a parabola of M, sine halves of v and theta,
-    // 60, 45 and 30 pixels deep at midspan (x = 280); a thin antialiased
-    // curve crosses that column near its depth
+    // "Reading the diagrams": a parabola of M, sine halves of v and theta, 60, 45 and 30 pixels deep at
+    // midspan (x = 280); a thin antialiased curve crosses that column near its depth
     const QImage d = Help_Picture(6, 1);
     for (const auto& [y, c] : {std::pair{90 + 60, black}, {250 + 45, blue}, {250 + 30, black}}) {
       bool crossed = false;

@@ -1,9 +1,7 @@
 // The calculator window: keypad, operations, equals, transfer and the
 // colour of a field that holds no number.
-#include <QLineEdit>
-#include <QPushButton>
-#include <QSignalSpy>
 #include <QtTest>
+#include <QtWidgets>
 
 #include "foundation/Mod_Zarvek.h"
 #include "tools/qt/MiniCalculette.h"
@@ -15,6 +13,13 @@ class Test_MiniCalculette : public QObject {
 
   static void Type(MiniCalculette& c, const QString& text) {
     for (QChar ch : text) QTest::keyClick(c.focusWidget(), ch.toLatin1());
+  }
+  // X and Y filled in, the operation's button and "=" pressed
+  static void Compute(MiniCalculette& c, const char* x, const char* y, int op) {
+    c.Txt_X->setText(x);
+    c.Txt_Y->setText(y);
+    c.Cmd_Operation[op]->click();
+    c.Cmd_Egal->click();
   }
 
  private slots:
@@ -57,14 +62,11 @@ class Test_MiniCalculette : public QObject {
     c.show();
     QVERIFY(QTest::qWaitForWindowExposed(&c));
     QSignalSpy spy(&c, &MiniCalculette::Transferred);
-    c.Txt_X->setText("1E6");
-    c.Txt_Y->setText("1E6");
-    c.Cmd_Operation[2]->click();
-    c.Cmd_Egal->click();
+    Compute(c, "1E6", "1E6", 2);
     QCOMPARE(c.Txt_Result->text(), QString("1.0000000E+12"));
     c.Cmd_Transfer->click();
-    QCOMPARE(c.Txt_X->text(), QString("1.0000000E+12"));
-    QVERIFY(c.Txt_Y->text().isEmpty() && c.Txt_Result->text().isEmpty());
+    QCOMPARE(QStringList({c.Txt_X->text(), c.Txt_Y->text(), c.Txt_Result->text()}),
+             QStringList({"1.0000000E+12", "", ""}));
     QCOMPARE(spy.count(), 1);
     QCOMPARE(spy[0][0].toString(), QString("1.0000000E+12"));
     c.Txt_Y->setText("2");
@@ -73,18 +75,13 @@ class Test_MiniCalculette : public QObject {
     QCOMPARE(spy.count(), 1);
 
     const QColor red(0xC0, 0, 0);
-    c.Txt_X->setText("1");
-    c.Txt_Y->setText("0");
-    c.Cmd_Operation[3]->click();
-    c.Cmd_Egal->click();
+    Compute(c, "1", "0", 3);
     QVERIFY(c.Txt_Result->text().isEmpty());
     c.Txt_X->setText("1.2.3");
     c.Cmd_Egal->click();
     QCOMPARE(c.Txt_X->palette().color(QPalette::Text), red);
     QCOMPARE(c.focusWidget(), static_cast<QWidget*>(c.Txt_X));
-    c.Txt_X->setText("3");
-    c.Txt_Y->setText("-");
-    c.Cmd_Egal->click();
+    Compute(c, "3", "-", 3);
     QVERIFY(c.Txt_X->palette().color(QPalette::Text) != red);
     QCOMPARE(c.Txt_Y->palette().color(QPalette::Text), red);
     c.Txt_Y->setText("4");

@@ -1,31 +1,15 @@
-// Every window of this set in English and in French: each caption, menu
-// command and tooltip comes from the loaded language (or is a symbol, a
-// unit, a number), and no text is cut off.
-#include <QAbstractButton>
-#include <QApplication>
-#include <QFile>
-#include <QGroupBox>
-#include <QLabel>
-#include <QMenu>
-#include <QPlainTextEdit>
-#include <QScrollBar>
-#include <QStyle>
-#include <QStyleOptionGroupBox>
-#include <QTabBar>
-#include <QTextBrowser>
+// Every window of this set in English and in French: each caption, menu command and tooltip comes from the
+// loaded language (or is a symbol, a unit, a number), and no text is cut off.
 #include <QtTest>
+#include <QtWidgets>
 #include <set>
 
 #include "diagrams/qt/Frm_EigenVector.h"
-#include "foundation/Language.h"
-#include "foundation/Mod_Zarvek.h"
 #include "foundation/qt/Frm_Options.h"
 #include "foundation/qt/Translate_Form.h"
-#include "model/BeamModel.h"
 #include "report/qt/Frm_Edit.h"
 #include "section/qt/Frm_Section.h"
 #include "tools/qt/Frm_About.h"
-#include "tools/qt/Frm_Help.h"
 #include "tools/qt/Frm_Properties.h"
 #include "tools/qt/start_dir.h"
 
@@ -34,12 +18,7 @@ using namespace zarvek;
 namespace {
 
 // The text as shown: the hot-key mark is not.
-QString Plain(QString s) {
-  s.replace("&&", "\x01");
-  s.remove('&');
-  s.replace("\x01", "&");
-  return s.trimmed();
-}
+QString Plain(QString s) { return s.replace("&&", "\x01").remove('&').replace("\x01", "&").trimmed(); }
 
 // All lines of the loaded language, as shown; with `keyed`, the messages and
 // further texts of its language file too.
@@ -54,8 +33,7 @@ std::set<QString> Language_Lines(const QString& keyed = {}) {
   return lines;
 }
 
-// A line of the language (or one with a name behind it), or a text that is
-// the same in every language.
+// A line of the language (or one with a name behind it), or a text that is the same in every language.
 bool Known(const QString& text, const std::set<QString>& lines) {
   static const std::set<QString> neutral = {"OK", "\u2026", "cm", "cm2", "cm3", "cm4", "Zarvek"};
   const QString t = Plain(text);
@@ -65,8 +43,7 @@ bool Known(const QString& text, const std::set<QString>& lines) {
   return false;
 }
 
-// Checks one window as it is shown; `data` names the controls that show
-// values rather than captions.
+// Checks one window as it is shown; `data` names the controls that show values rather than captions.
 void Check(QWidget* window, const QString& name, const std::set<QString>& data = {}) {
   window->show();
   QVERIFY(QTest::qWaitForWindowExposed(window));
@@ -133,37 +110,27 @@ class TestWindowTexts : public QObject {
     QCOMPARE(QString::fromStdString(start.state.Language_Code), language);
     BeamModel m;
     Init_Default(m, start.path());
-    m.Section_Props.A = 53.81;
-    m.Section_Props.Iy = 8356.1;
-    m.Section_Props.zG = 15;
+    m.Section_Props.A = 53.81, m.Section_Props.Iy = 8356.1, m.Section_Props.zG = 15;
     const QString lang = language.toLower();
-    {
-      Frm_Options w(m, start.state);
-      w.Prepare();
-      for (int page = 0; page < 3; ++page) {
-        w.Tab_Options->setCurrentIndex(page);
-        Check(&w, QString("options_%1_%2").arg(page).arg(lang), {"Lbl_Directory"});
-      }
+    Frm_Options options(m, start.state);
+    options.Prepare();
+    for (int page = 0; page < 3; ++page) {
+      options.Tab_Options->setCurrentIndex(page);
+      Check(&options, QString("options_%1_%2").arg(page).arg(lang), {"Lbl_Directory"});
     }
-    {
-      Frm_Section w(m, start.state.File_Section);
-      w.Form_Load();
-      Check(&w, "section_" + lang, {"Lbl_SectionLabel"});
-    }
-    {
-      Frm_Properties w(m.Section_Props);
-      Translate_Form(&w);
-      std::set<QString> data;
-      for (int i = 0; i < Frm_Properties::Row_Count; ++i)
-        for (const char* n : {"Lbl_Value(%1)", "Lbl_Symbol(%1)", "Lbl_Unit(%1)"}) data.insert(QString(n).arg(i));
-      Check(&w, "properties_" + lang, data);
-    }
-    {
-      Frm_About w;
-      Translate_Form(&w);
-      Check(&w, "about_" + lang, {"Lbl_Title", "Lbl_Version"});
-      QVERIFY(w.Lbl_Version->text().endsWith(Version_Text()));
-    }
+    Frm_Section section(m, start.state.File_Section);
+    section.Form_Load();
+    Check(&section, "section_" + lang, {"Lbl_SectionLabel"});
+    Frm_Properties props(m.Section_Props);
+    Translate_Form(&props);
+    std::set<QString> data;
+    for (int i = 0; i < Frm_Properties::Row_Count; ++i)
+      for (const char* n : {"Lbl_Value(%1)", "Lbl_Symbol(%1)", "Lbl_Unit(%1)"}) data.insert(QString(n).arg(i));
+    Check(&props, "properties_" + lang, data);
+    Frm_About about;
+    Translate_Form(&about);
+    Check(&about, "about_" + lang, {"Lbl_Title", "Lbl_Version"});
+    QVERIFY(about.Lbl_Version->text().endsWith(Version_Text()));
     for (int i = 1; i <= Help_PictureCount; ++i) {
       Frm_Help* w = Affiche_HelpImage(i, nullptr);
       QVERIFY(w);
