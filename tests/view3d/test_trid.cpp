@@ -4,7 +4,7 @@
 #include <cmath>
 #include <vector>
 
-#include "../diagrams/sine_mode.h"
+#include "../diagrams/diagram_support.h"
 #include "diagrams/Recorder.h"
 #include "view3d/TriD.h"
 
