@@ -37,11 +37,9 @@ struct Forces {
 std::vector<std::pair<double, double>> Chain(const Recorder& r, Colour c) {
   std::vector<std::pair<double, double>> pts;
   for (const auto& o : r.Of(RecordedOp::Line, c)) {
-    if (pts.empty()) {
-      pts.push_back({o.x1, o.y1});
-      if (o.x1 == o.x2 && o.y1 == o.y2) continue;  // the start of the curve
-    }
-    pts.push_back({o.x2, o.y2});
+    const bool first = pts.empty();  // a zero-length first line marks the start
+    if (first) pts.push_back({o.x1, o.y1});
+    if (!first || o.x1 != o.x2 || o.y1 != o.y2) pts.push_back({o.x2, o.y2});
   }
   return pts;
 }

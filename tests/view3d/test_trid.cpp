@@ -1,11 +1,7 @@
 // The wire model of the buckled beam, drawn on the recorder.
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <vector>
-
 #include "../diagrams/diagram_support.h"
-#include "diagrams/Recorder.h"
 #include "view3d/TriD.h"
 
 using namespace zarvek;
@@ -32,9 +28,8 @@ std::vector<double> Web_Xs(const Recorder& r) {
 }
 
 void Expect_Point(const TriD_Scene& t, int p, int i, double x, double y, double z, double tol) {
-  EXPECT_NEAR(t.X[p][i], x, tol) << "point " << p + 1 << " station " << i;
-  EXPECT_NEAR(t.Y[p][i], y, tol) << "point " << p + 1 << " station " << i;
-  EXPECT_NEAR(t.Z[p][i], z, tol) << "point " << p + 1 << " station " << i;
+  SCOPED_TRACE(testing::Message() << "point " << p + 1 << " station " << i);
+  EXPECT_NEAR(t.X[p][i], x, tol); EXPECT_NEAR(t.Y[p][i], y, tol); EXPECT_NEAR(t.Z[p][i], z, tol);
 }
 
 }  // namespace
@@ -50,7 +45,7 @@ TEST(TriD_Ratio, LateralShiftOfAnEighthOrTwistOfThirtyDegrees) {
       {"flat mode", 0.0, 0.0, 0.0},
   };
   for (const auto& c : cases) {
-    Scene s(100, 1000, c.vmax, c.tmax);
+    const Scene s(100, 1000, c.vmax, c.tmax);
     EXPECT_NEAR(s.t.RapDep0, c.ratio, 1e-5 * std::max(1.0, c.ratio)) << c.what;
     EXPECT_EQ(s.t.RapDep, s.t.RapDep0) << c.what;
   }
@@ -81,16 +76,16 @@ TEST(TriD_Beam, FlangeTipsOfATwistedAndWarpedStation) {
 
 TEST(TriD_Beam, RatioStepsByAFifthThroughZeroWithinTwiceTheDefault) {
   Scene s(100, 800, 4, 0);
-  const float a = s.t.RapDep0;  // (L/8)/4 = 25
-  EXPECT_NEAR(a, 25.0, 1e-4);
-  for (int k = 0; k < 20; ++k) TriD_SetRapDep(s.t, 1, s.rec);
-  EXPECT_NEAR(s.t.RapDep, 2 * a, 1e-3);  // stops at 2a after 5 steps
-  for (int k = 0; k < 10; ++k) TriD_SetRapDep(s.t, -1, s.rec);
-  EXPECT_NEAR(s.t.RapDep, 0.0, 1e-3);
-  TriD_SetRapDep(s.t, -1, s.rec);
-  EXPECT_NEAR(s.t.RapDep, -a / 5, 1e-3);  // the other side
-  // The mid-span axis point of a pure sway of -a/5 x 4 = -20 cm, seen
-  // before any rotation: rebuild and read it.
+  const float a = s.t.RapDep0;
+  EXPECT_NEAR(a, 25.0, 1e-4);  // (L/8)/4
+  auto steps = [&](int n, int dir) {
+    for (int k = 0; k < n; ++k) TriD_SetRapDep(s.t, dir, s.rec);
+    return s.t.RapDep;
+  };
+  EXPECT_NEAR(steps(20, 1), 2 * a, 1e-3);  // stops at 2a after 5 steps
+  EXPECT_NEAR(steps(10, -1), 0.0, 1e-3);
+  EXPECT_NEAR(steps(1, -1), -a / 5, 1e-3);  // the other side
+  // rebuilt, before any rotation: the mid-span axis point sways by -a/5 x 4 = -20 cm
   TriD_BuildBeam(s.t);
   EXPECT_NEAR(s.t.Y[P7][51], -20.0, 1e-3);
 }
@@ -138,17 +133,18 @@ TEST(TriD_View, ZoomStopsAtTwentyAndAtOneHalf) {
   const double L = 1000;
   Scene s(100, L, 0, 0);
   const int n = s.t.Stations;
+  auto zoom = [&](int n, int step) {
+    for (int k = 0; k < n; ++k) TriD_Zoom(s.t, step, s.rec);
+    return s.t.ZoomTotal;
+  };
   // 1.1^31 = 19.19 < 20 <= 1.1^32 = 21.11: the 32nd step is the last.
-  for (int k = 0; k < 40; ++k) TriD_Zoom(s.t, 1, s.rec);
-  EXPECT_NEAR(s.t.ZoomTotal, std::pow(1.1, 32), 1e-3);
+  EXPECT_NEAR(zoom(40, 1), std::pow(1.1, 32), 1e-3);
   EXPECT_NEAR(s.t.X[P7][n], L / 2 * std::pow(1.1, 32), 0.5);
   EXPECT_EQ(s.t.ZoomStep, 1.0f);
-  TriD_Zoom(s.t, 0, s.rec);
-  EXPECT_EQ(s.t.ZoomTotal, 1.0f);
+  EXPECT_EQ(zoom(1, 0), 1.0f);
   EXPECT_NEAR(s.t.X[P7][n], L / 2, 1e-2);
   // 1.1^-7 = 0.513 > 0.5 >= 1.1^-8 = 0.4665.
-  for (int k = 0; k < 15; ++k) TriD_Zoom(s.t, -1, s.rec);
-  EXPECT_NEAR(s.t.ZoomTotal, std::pow(1.1, -8), 1e-4);
+  EXPECT_NEAR(zoom(15, -1), std::pow(1.1, -8), 1e-4);
   EXPECT_NEAR(s.t.X[P7][n], L / 2 * std::pow(1.1, -8), 1e-2);
   // The end circles keep to the section's size on the screen: radius
   // depth/20 / sqrt(zoom) with the depth drawn at zoom size.
@@ -162,7 +158,7 @@ TEST(TriD_Drawing, TenthOfTheStationsInADragOrALightDrawing) {
   for (int NB : {100, 120, 150, 200}) {
     SCOPED_TRACE(NB);
     Scene s(NB, L, 0, 0);
-    EXPECT_EQ(Web_Xs(s.rec).size(), static_cast<std::size_t>(NB + 1));  // at rest, all
+    EXPECT_EQ(Web_Xs(s.rec).size(), NB + 1u);  // at rest, all
     std::vector<double> expected;
     for (int i = 1; i <= NB + 1; i += NB / 10) expected.push_back(-L / 2 + (i - 1) * L / NB);
     ASSERT_EQ(expected.size(), 11u);
@@ -172,18 +168,16 @@ TEST(TriD_Drawing, TenthOfTheStationsInADragOrALightDrawing) {
     const auto xs = Web_Xs(s.rec);
     ASSERT_EQ(xs.size(), expected.size());
     for (std::size_t k = 0; k < xs.size(); ++k) EXPECT_NEAR(xs[k], expected[k], 1e-3);
-    // The longitudinal lines join the drawn stations: 10 runs of 6 black
-    // lines and 10 red pieces of axis.
+    // the longitudinal lines join the drawn stations: 10 runs of 6 black lines, 10 red pieces of axis
     EXPECT_EQ(s.rec.Of(RecordedOp::Line, TriD_AxisColour).size(), 10u);
     EXPECT_EQ(s.rec.Of(RecordedOp::Line, TriD_WireColour).size(), 11u * 2 + 10u * 6);
 
-    s.t.Dragging = false;
-    s.t.DrawAll = false;  // the light drawing at rest
+    s.t.Dragging = false, s.t.DrawAll = false;  // the light drawing at rest
     TriD_Draw(s.t, s.rec);
     EXPECT_EQ(Web_Xs(s.rec).size(), 11u);
     s.t.DrawAll = true;
     TriD_Draw(s.t, s.rec);
-    EXPECT_EQ(Web_Xs(s.rec).size(), static_cast<std::size_t>(NB + 1));
+    EXPECT_EQ(Web_Xs(s.rec).size(), NB + 1u);
   }
 }
 
@@ -203,8 +197,7 @@ TEST(TriD_Mouse, ZonesChooseTheRotationAndTheImage) {
     Scene s(100, 1000, 2, 0.1);
     EXPECT_EQ(TriD_ZoneOf(s.rec, c.x, c.y), c.zone);
     TriD_MouseDown(s.t, s.rec, c.x, c.y, 1);
-    EXPECT_EQ(s.t.Cursor, c.cursor);
-    EXPECT_TRUE(s.t.Dragging);
+    EXPECT_EQ(s.t.Cursor, c.cursor); EXPECT_TRUE(s.t.Dragging);
     // A small move turns about the zone's axis by the drag law.
     const double dX = 2, dY = 3, X = c.x + dX, Y = c.y + dY;
     const float a0[4] = {s.t.Angle[0], s.t.Angle[1], s.t.Angle[2], s.t.Angle[3]};
@@ -217,8 +210,7 @@ TEST(TriD_Mouse, ZonesChooseTheRotationAndTheImage) {
     // While dragging, a tenth of the stations; all of them come back after.
     EXPECT_EQ(Web_Xs(s.rec).size(), 11u);
     TriD_MouseUp(s.t, s.rec);
-    EXPECT_FALSE(s.t.Dragging);
-    EXPECT_EQ(s.t.Cursor, TriD_Cursor::Default);
+    EXPECT_FALSE(s.t.Dragging); EXPECT_EQ(s.t.Cursor, TriD_Cursor::Default);
     EXPECT_EQ(Web_Xs(s.rec).size(), 101u);
   }
 }

@@ -1,14 +1,7 @@
 // The 3D window on solved beams: a fork-supported span and a cantilever.
-#include <QAction>
-#include <QClipboard>
-#include <QLabel>
-#include <QRegularExpression>
 #include <QPrinter>
-#include <QPushButton>
-#include <QScrollBar>
-#include <QTemporaryDir>
 #include <QtTest>
-#include <cmath>
+#include <QtWidgets>
 
 #include "analysis/Proceed.h"
 #include "diagrams/Recorder.h"
@@ -29,6 +22,8 @@ std::string Scratch(const std::string& name) {
   return dir.filePath(QString::fromStdString(name)).toStdString();
 }
 
+bool Near(double a, double b, double tol) { return std::fabs(a - b) < tol; }
+
 // IPE 300, 10 m in 100 elements, fork supports, uniform moment.
 BeamModel Fork_Beam() {
   BeamModel m;
@@ -36,17 +31,12 @@ BeamModel Fork_Beam() {
   return m;
 }
 
-bool Near(double a, double b, double tol) { return std::fabs(a - b) < tol; }
-
 // The same section 4 m long, clamped at end 1 and free at end 2, in plane
 // and out of plane, under a uniform moment.
 BeamModel Cantilever() {
   BeamModel m = Fork_Beam();
-  m.Txt_L = "4";
-  m.Lst_vp1 = m.Lst_tp1 = Restraint_Item(1);
-  m.Lst_v2 = m.Lst_t2 = Restraint_Item(0);
-  m.Opt_AA = false, m.Opt_EL = true;
-  m.Txt_M1 = m.Txt_M2 = "100";
+  m.Txt_L = "4", m.Lst_vp1 = m.Lst_tp1 = Restraint_Item(1), m.Lst_v2 = m.Lst_t2 = Restraint_Item(0);
+  m.Opt_AA = false, m.Opt_EL = true, m.Txt_M1 = m.Txt_M2 = "100";
   return m;
 }
 
@@ -102,10 +92,9 @@ class Test_Frm_EigenVector3D : public QObject {
     QVERIFY(Near(t.ZoomTotal, 1, 1e-6));
     // X and the beam's own axis turn against their thumb, Y and Z with it.
     const float ax = t.Angle[1], ay = t.Angle[2], az = t.Angle[3];
-    bar("Scroll_RotGlob(1)")->setValue(10);
-    bar("Scroll_RotGlob(2)")->setValue(10);
-    bar("Scroll_RotGlob(3)")->setValue(-10);
-    bar("Scroll_RotLocX")->setValue(10);
+    for (auto [n, v] : {std::pair{"Scroll_RotGlob(1)", 10}, {"Scroll_RotGlob(2)", 10}, {"Scroll_RotGlob(3)", -10},
+                        {"Scroll_RotLocX", 10}})
+      bar(n)->setValue(v);
     QVERIFY(Near(t.Angle[1], ax - Step, 1e-6) && Near(t.Angle[2], ay + Step, 1e-6));
     QVERIFY(Near(t.Angle[3], az - Step, 1e-6) && Near(t.LocTotal, -Step, 1e-6));
     click("Cmd_RotGlob0(1)");
@@ -114,16 +103,14 @@ class Test_Frm_EigenVector3D : public QObject {
     // Pan: a rising bar moves the scale back by a tenth; Cmd_ReCenter resets both bars.
     Surface& s = frm.Plot();
     const double left = s.ScaleLeft(), top = s.ScaleTop();
-    bar("Scroll_X")->setValue(1);
-    bar("Scroll_Z")->setValue(1);
+    bar("Scroll_X")->setValue(1), bar("Scroll_Z")->setValue(1);
     QVERIFY(Near(s.ScaleLeft(), left - s.ScaleWidth() / 10, 1e-3));
     QVERIFY(Near(s.ScaleTop(), top - s.ScaleHeight() / 10, 1e-3));
     click("Cmd_ReCenter");
     QCOMPARE(bar("Scroll_X")->value() + bar("Scroll_Z")->value(), 0);
     QVERIFY(Near(s.ScaleLeft(), left, 1e-3));
 
-    bar("Scroll_Zoom")->setValue(4001);
-    bar("Scroll_X")->setValue(1);
+    bar("Scroll_Zoom")->setValue(4001), bar("Scroll_X")->setValue(1);
     const float x3 = t.X[P3][7];
     frm.resize(frm.width() + 120, frm.height() + 60);
     QTest::qWait(50);
@@ -184,8 +171,7 @@ class Test_Frm_EigenVector3D : public QObject {
     const QString pdf = QString::fromStdString(Scratch("page.pdf"));
     {
       QPrinter printer(QPrinter::HighResolution);
-      printer.setOutputFormat(QPrinter::PdfFormat);
-      printer.setOutputFileName(pdf);
+      printer.setOutputFileName(pdf);  // .pdf: a PDF file
       QVERIFY(frm.Print_Page(printer));
     }
     QVERIFY(QFileInfo(pdf).size() > 1000);
