@@ -56,13 +56,12 @@ TEST(SectionDrawing, RolledSectionIsTrueToShapeAndFillsNinetyPercent) {
   Expect_ClosedPath(r, 4);
   const double k = 0.9 * H / 30;
   const auto lines = Drawn_Lines(r, 0x000000);
-  double xmin = 1e9, xmax = -1e9, ymin = 1e9, ymax = -1e9;
-  for (const auto& o : lines) {
-    xmin = std::min({xmin, o.x1, o.x2}), xmax = std::max({xmax, o.x1, o.x2});
-    ymin = std::min({ymin, o.y1, o.y2}), ymax = std::max({ymax, o.y1, o.y2});
-  }
-  EXPECT_NEAR(ymax - ymin, 0.9 * H, 1e-6); EXPECT_NEAR(xmax - xmin, 15 * k, 1e-6);
-  EXPECT_NEAR((xmin + xmax) / 2, W / 2, 1e-6);
+  std::vector<double> xs, ys;
+  for (const auto& o : lines) xs.insert(xs.end(), {o.x1, o.x2}), ys.insert(ys.end(), {o.y1, o.y2});
+  const auto [xmin, xmax] = std::minmax_element(xs.begin(), xs.end());
+  const auto [ymin, ymax] = std::minmax_element(ys.begin(), ys.end());
+  EXPECT_NEAR(*ymax - *ymin, 0.9 * H, 1e-6); EXPECT_NEAR(*xmax - *xmin, 15 * k, 1e-6);
+  EXPECT_NEAR((*xmin + *xmax) / 2, W / 2, 1e-6);
   // the web's two faces, tw apart, straight between the fillets
   for (double face : {-0.71 * k / 2, 0.71 * k / 2}) {
     const auto web = Vertical_At(lines, W / 2 + face);
