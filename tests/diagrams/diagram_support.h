@@ -12,6 +12,7 @@
 
 namespace diagram_test {
 
+using zarvek::BeamModel;
 using zarvek::Colour;
 using zarvek::RecordedOp;
 using zarvek::Recorder;

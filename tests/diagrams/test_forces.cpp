@@ -21,7 +21,7 @@ double Y_At(double v) { return H / 2 + v / 10 * 0.45 * H; }
 struct Forces {
   zarvek::EffortsData e;
   zarvek::DiagramState st;
-  zarvek::BeamModel b;
+  BeamModel b;
   Recorder r{W, H};
   explicit Forces(int NB = 0) {
     if (NB == 0) return;

@@ -5,7 +5,6 @@
 #include "diagram_support.h"
 
 using namespace diagram_test;
-using zarvek::BeamModel;
 
 namespace {
 

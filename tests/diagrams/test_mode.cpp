@@ -15,7 +15,7 @@ constexpr Colour cv = 0xC00000, ct = 0x000000, cvp = 0x0000FF, ctp = 0x008000;
 // elements: v = sin(pi x/L), theta = -0.02 sin(pi x/L) and their slopes
 // (L = 1000 cm), v normalised to 1; drawn from a problem file.
 struct Fork_Mode {
-  zarvek::BeamModel b;
+  BeamModel b;
   zarvek::DiagramState st;
   Recorder r{W, H};
   explicit Fork_Mode(double level = 0) {

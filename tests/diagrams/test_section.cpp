@@ -7,7 +7,6 @@
 #include "model/DataEntry.h"
 
 using namespace diagram_test;
-using zarvek::BeamModel;
 
 namespace {
 

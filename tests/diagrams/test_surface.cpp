@@ -6,7 +6,6 @@
 #include "diagrams/SvgWriter.h"
 
 using namespace diagram_test;
-using zarvek::Surface;
 
 TEST(Surface, ScalesMapToTwips) {
   // A 3000 x 1500 twips box (200 x 100 pixels). Per row: ScaleMode (-1: the
