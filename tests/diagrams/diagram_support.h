@@ -1,13 +1,10 @@
-// Helpers of the diagram tests: a recorder at a design size and the lines,
-// arcs and texts it kept.
+// Helpers of the diagram and 3D view tests: the lines a recorder kept, and a
+// buckling mode as the solver stores it.
 #pragma once
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
 #include <optional>
-#include <string>
 #include <vector>
 
 #include "diagrams/Diagrams.h"
@@ -15,6 +12,7 @@
 
 namespace diagram_test {
 
+using zarvek::BeamModel;
 using zarvek::Colour;
 using zarvek::RecordedOp;
 using zarvek::Recorder;
@@ -31,13 +29,29 @@ inline std::vector<RecordedOp> Drawn_Lines(const Recorder& r, std::optional<Colo
 }
 
 // Lines whose ends are both at abscissa x (vertical strokes).
-inline std::vector<RecordedOp> Vertical_At(const std::vector<RecordedOp>& lines, double x, double tol = 1e-6) {
+inline std::vector<RecordedOp> Vertical_At(const std::vector<RecordedOp>& lines, double x) {
   std::vector<RecordedOp> out;
   for (const auto& o : lines)
-    if (std::fabs(o.x1 - x) < tol && std::fabs(o.x2 - x) < tol) out.push_back(o);
+    if (std::fabs(o.x1 - x) < 1e-6 && std::fabs(o.x2 - x) < 1e-6) out.push_back(o);
   return out;
 }
 
 inline double Length(const RecordedOp& o) { return std::hypot(o.x2 - o.x1, o.y2 - o.y1); }
 
 }  // namespace diagram_test
+
+// The first lateral-torsional mode of a fork-supported span as the solver
+// stores it: per node (1-based) v, theta, v', theta', with
+// v = vmax sin(pi x/L), theta = tmax sin(pi x/L) and slopes per cm.
+inline std::vector<float> Sine_Mode(int NB, double L, double vmax, double tmax) {
+  const double pi = 3.14159265358979;
+  std::vector<float> m(4 * (NB + 1) + 1, 0.0f);
+  for (int i = 1; i <= NB + 1; ++i) {
+    const double sn = std::sin(pi * (i - 1) / NB), cs = std::cos(pi * (i - 1) / NB);
+    m[1 + 4 * (i - 1)] = static_cast<float>(vmax * sn);
+    m[2 + 4 * (i - 1)] = static_cast<float>(tmax * sn);
+    m[3 + 4 * (i - 1)] = static_cast<float>(vmax * pi / L * cs);
+    m[4 + 4 * (i - 1)] = static_cast<float>(tmax * pi / L * cs);
+  }
+  return m;
+}

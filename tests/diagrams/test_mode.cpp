@@ -1,14 +1,10 @@
 // The buckling mode diagram: four curves each on its own scale, the
-// restraint circles on v and the v scale that reaches them, the crosses,
-// the read-out and the message when there is no mode.
+// restraint circles on v and the v scale that reaches them, the read-out.
 #include <gtest/gtest.h>
 
 #include "diagram_support.h"
-#include "sine_mode.h"
 
 using namespace diagram_test;
-using zarvek::BeamModel;
-using zarvek::DiagramState;
 
 namespace {
 
@@ -20,27 +16,24 @@ constexpr Colour cv = 0xC00000, ct = 0x000000, cvp = 0x0000FF, ctp = 0x008000;
 // (L = 1000 cm), v normalised to 1; drawn from a problem file.
 struct Fork_Mode {
   BeamModel b;
-  DiagramState st;
+  zarvek::DiagramState st;
   Recorder r{W, H};
   explicit Fork_Mode(double level = 0) {
     b.Mode_Vector = Sine_Mode(10, 1000, 1, -0.02);
     b.Restraint_Level.assign(12, 0.f);
     b.Restraint_Level[6] = level;  // a lateral restraint at mid-span, this high
-    b.Mode_Max = 1;
-    st.ExternalMode = true;
-    st.NB = 10;
+    b.Mode_Max = 1, st.ExternalMode = true, st.NB = 10;
     zarvek::Tracer_VecteurPropre(r, b, st);
   }
 };
 
-// Extreme ordinates of a curve's chain.
-std::pair<double, double> Range(const Recorder& r, Colour c) {
-  double lo = 1e9, hi = -1e9;
-  for (const auto& o : Drawn_Lines(r, c)) {
-    lo = std::min({lo, o.y1, o.y2});
-    hi = std::max({hi, o.y1, o.y2});
-  }
-  return {lo, hi};
+// A curve's chain reaches from ordinate lo to hi.
+void Expect_Range(const Recorder& r, Colour c, double lo, double hi, double tol = 1e-3) {
+  double top = 1e9, bottom = -1e9;
+  for (const auto& o : Drawn_Lines(r, c))
+    top = std::min({top, o.y1, o.y2}), bottom = std::max({bottom, o.y1, o.y2});
+  EXPECT_NEAR(top, lo, tol) << std::hex << c;
+  EXPECT_NEAR(bottom, hi, tol) << std::hex << c;
 }
 
 }  // namespace
@@ -49,18 +42,12 @@ TEST(ModeDiagram, EachCurveOnItsOwnScaleTouchesTheFrame) {
   const Recorder r = Fork_Mode().r;
   // v positive: down to the bottom line at mid-span; theta negative: up to
   // the top line; the slopes reach both lines at the ends
-  EXPECT_NEAR(Range(r, cv).first, H / 2, 1e-3);
-  EXPECT_NEAR(Range(r, cv).second, 0.95 * H, 1e-3);
-  EXPECT_NEAR(Range(r, ct).first, 0.05 * H, 1e-3);
-  EXPECT_NEAR(Range(r, ct).second, H / 2, 1e-3);
-  for (Colour c : {cvp, ctp}) {
-    EXPECT_NEAR(Range(r, c).first, 0.05 * H, 1e-3);
-    EXPECT_NEAR(Range(r, c).second, 0.95 * H, 1e-3);
-  }
+  Expect_Range(r, cv, H / 2, 0.95 * H), Expect_Range(r, ct, 0.05 * H, H / 2);
+  Expect_Range(r, cvp, 0.05 * H, 0.95 * H), Expect_Range(r, ctp, 0.05 * H, 0.95 * H);
   const auto v = r.Of(RecordedOp::Line, cv);
   ASSERT_EQ(v.size(), 11u);
   EXPECT_NEAR(v.back().x2, W - m * W, 1e-3);
-  EXPECT_TRUE(r.Of(RecordedOp::Line, 0x808080).size() == 5u);  // no crosses from a problem file
+  EXPECT_EQ(r.Of(RecordedOp::Line, 0x808080).size(), 5u);  // no crosses from a problem file
 }
 
 TEST(ModeDiagram, RestraintAboveTheShearCentreWidensTheScaleOfV) {
@@ -72,22 +59,19 @@ TEST(ModeDiagram, RestraintAboveTheShearCentreWidensTheScaleOfV) {
   ASSERT_EQ(circles.size(), 1u);  // on v only
   EXPECT_EQ(circles[0].colour, cv);
   EXPECT_NEAR(circles[0].r, 0.005 * H, 1e-9);
-  EXPECT_NEAR(circles[0].x1, W / 2, 1e-3);
-  EXPECT_NEAR(circles[0].y1, 0.95 * H, 1e-2);                     // the restraint on the frame
-  EXPECT_NEAR(Range(r, cv).second, H / 2 + 0.45 * H / 1.3, 1e-2);  // the axis within it
+  // the restraint on the frame at mid-span
+  EXPECT_NEAR(circles[0].x1, W / 2, 1e-3); EXPECT_NEAR(circles[0].y1, 0.95 * H, 1e-2);
+  Expect_Range(r, cv, H / 2, H / 2 + 0.45 * H / 1.3, 1e-2);  // the axis within it
   // the v polyline goes on from the curve, not from the circle
-  const auto v = Drawn_Lines(r, cv);
-  for (const auto& o : v) EXPECT_LT(o.y2, 0.95 * H - 1);
+  for (const auto& o : Drawn_Lines(r, cv)) EXPECT_LT(o.y2, 0.95 * H - 1);
 }
 
 TEST(ModeReadOut, NamesTheCurveUnderTheMouseWithoutFlipping) {
   Fork_Mode f;
   // v' at the right end, at the very edge of the frame: the label stays to
   // the right even though it leaves the surface
-  auto hit = zarvek::Eigen_ReadOut(f.r, f.st, W - m * W, 0.05 * H);
-  ASSERT_TRUE(hit.hit);
-  EXPECT_EQ(hit.caption, "v'");
-  EXPECT_GT(hit.Left, hit.x);
+  const auto hit = zarvek::Eigen_ReadOut(f.r, f.st, W - m * W, 0.05 * H);
+  EXPECT_TRUE(hit.hit && hit.caption == "v'" && hit.Left > hit.x);
   // the grey sign marks and the background are no hit
   EXPECT_FALSE(zarvek::Eigen_ReadOut(f.r, f.st, m * W / 2 + 20, 0.46 * H + 60).hit);
   EXPECT_FALSE(zarvek::Eigen_ReadOut(f.r, f.st, W / 2 + 300, 0.6 * H).hit);

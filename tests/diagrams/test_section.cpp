@@ -7,7 +7,6 @@
 #include "model/DataEntry.h"
 
 using namespace diagram_test;
-using zarvek::BeamModel;
 
 namespace {
 
@@ -17,11 +16,10 @@ struct P { double x, y; };
 bool Same(P a, P b) { return std::fabs(a.x - b.x) < 1e-6 && std::fabs(a.y - b.y) < 1e-6; }
 
 // The point of an arc at an angle, as drawn on the screen (y down).
-P Arc_At(const RecordedOp& a, double angle) { return {a.x1 + a.r * std::cos(angle), a.y1 - a.r * std::sin(angle)}; }
+P Arc_At(const RecordedOp& a, double t) { return {a.x1 + a.r * std::cos(t), a.y1 - a.r * std::sin(t)}; }
 
-// The outline (black operations) must be one chain: every line starts where
-// the outline stood, an arc joins the line before to the line after, and
-// the chain ends where it began.
+// The black outline is one chain: every line starts where the outline stood,
+// an arc joins the line before to the line after, the chain ends where it began.
 void Expect_ClosedPath(const Recorder& r, int arcsExpected) {
   std::vector<RecordedOp> path;
   for (const auto& o : r.Ops())
@@ -38,10 +36,8 @@ void Expect_ClosedPath(const Recorder& r, int arcsExpected) {
       at = {o.x2, o.y2};
     } else {
       ++arcs;
-      // the next drawn line leaves from the other end of the arc
-      ASSERT_LT(i + 1, path.size());
-      const auto& next = path[i + 1];
-      const P a = Arc_At(o, o.a0), b = Arc_At(o, o.a0 + o.sweep), n{next.x1, next.y1};
+      ASSERT_LT(i + 1, path.size());  // the next line leaves from the arc's other end
+      const P a = Arc_At(o, o.a0), b = Arc_At(o, o.a0 + o.sweep), n{path[i + 1].x1, path[i + 1].y1};
       EXPECT_TRUE((Same(at, a) && Same(n, b)) || (Same(at, b) && Same(n, a))) << "arc " << i;
       at = n;
     }
@@ -59,14 +55,12 @@ TEST(SectionDrawing, RolledSectionIsTrueToShapeAndFillsNinetyPercent) {
   Expect_ClosedPath(r, 4);
   const double k = 0.9 * H / 30;
   const auto lines = Drawn_Lines(r, 0x000000);
-  double xmin = 1e9, xmax = -1e9, ymin = 1e9, ymax = -1e9;
-  for (const auto& o : lines) {
-    xmin = std::min({xmin, o.x1, o.x2}), xmax = std::max({xmax, o.x1, o.x2});
-    ymin = std::min({ymin, o.y1, o.y2}), ymax = std::max({ymax, o.y1, o.y2});
-  }
-  EXPECT_NEAR(ymax - ymin, 0.9 * H, 1e-6);
-  EXPECT_NEAR(xmax - xmin, 15 * k, 1e-6);
-  EXPECT_NEAR((xmin + xmax) / 2, W / 2, 1e-6);
+  std::vector<double> xs, ys;
+  for (const auto& o : lines) xs.insert(xs.end(), {o.x1, o.x2}), ys.insert(ys.end(), {o.y1, o.y2});
+  const auto [xmin, xmax] = std::minmax_element(xs.begin(), xs.end());
+  const auto [ymin, ymax] = std::minmax_element(ys.begin(), ys.end());
+  EXPECT_NEAR(*ymax - *ymin, 0.9 * H, 1e-6); EXPECT_NEAR(*xmax - *xmin, 15 * k, 1e-6);
+  EXPECT_NEAR((*xmin + *xmax) / 2, W / 2, 1e-6);
   // the web's two faces, tw apart, straight between the fillets
   for (double face : {-0.71 * k / 2, 0.71 * k / 2}) {
     const auto web = Vertical_At(lines, W / 2 + face);
@@ -74,8 +68,7 @@ TEST(SectionDrawing, RolledSectionIsTrueToShapeAndFillsNinetyPercent) {
     EXPECT_NEAR(Length(web[0]), (30 - 2 * 1.07 - 2 * 1.5) * k, 1e-6);
   }
   for (const auto& a : r.Of(RecordedOp::Arc)) {
-    EXPECT_NEAR(a.r, 1.5 * k, 1e-9);
-    EXPECT_NEAR(a.sweep, Pi / 2, 1e-9);
+    EXPECT_NEAR(a.r, 1.5 * k, 1e-9); EXPECT_NEAR(a.sweep, Pi / 2, 1e-9);
     // fillet centres stand r off the web face and r off the flange
     EXPECT_NEAR(std::fabs(a.x1 - W / 2), (0.71 / 2 + 1.5) * k, 1e-6);
     EXPECT_NEAR(std::fabs(a.y1 - H / 2), (15 - 1.07 - 1.5) * k, 1e-6);
@@ -87,12 +80,9 @@ TEST(SectionDrawing, MonoSymmetricSectionByDimensionsMarksCentroidAndShearCentre
   // Top flange 200 x 20, bottom flange 100 x 20, web 10 thick, 400 deep, no
   // fillets (mm, typed in cm).
   BeamModel m;
-  m.Opt_Catalogue = false, m.Opt_Dimensions = true, m.Tab_Dim = 1;
-  m.Txt_h = "40", m.Txt_tw = "1";
-  m.Txt_bf1 = "20", m.Txt_tf1 = "2", m.Txt_r1 = "0";
-  m.Txt_bf2 = "10", m.Txt_tf2 = "2", m.Txt_r2 = "0";
-  const auto d = zarvek::Cmd_Dimensions(m);
-  ASSERT_TRUE(d.ok) << d.Error_Text;
+  m.Opt_Catalogue = false, m.Opt_Dimensions = true, m.Tab_Dim = 1, m.Txt_h = "40", m.Txt_tw = "1";
+  m.Txt_bf1 = "20", m.Txt_tf1 = "2", m.Txt_r1 = "0", m.Txt_bf2 = "10", m.Txt_tf2 = "2", m.Txt_r2 = "0";
+  ASSERT_TRUE(zarvek::Cmd_Dimensions(m).ok);
   Recorder r(W, H);
   zarvek::Draw_Section(r, m);
   Expect_ClosedPath(r, 4);
@@ -105,29 +95,23 @@ TEST(SectionDrawing, MonoSymmetricSectionByDimensionsMarksCentroidAndShearCentre
   const double zS = 1 + 38 * 1333.333 / (1333.333 + 166.667);
   const double k = 0.9 * H / 40;
   const auto G = r.Of(RecordedOp::Arc, 0xC00000), S = r.Of(RecordedOp::Arc, 0x008000);
-  ASSERT_EQ(G.size(), 1u);
-  ASSERT_EQ(S.size(), 1u);
-  EXPECT_NEAR(G[0].y1, 0.95 * H - zG * k, 0.05 * k);
-  EXPECT_NEAR(S[0].y1, 0.95 * H - zS * k, 0.05 * k);
-  // S to the left of the web, G to its right
-  const auto texts = r.Of(RecordedOp::Text);
+  ASSERT_TRUE(G.size() == 1 && S.size() == 1);
+  EXPECT_NEAR(G[0].y1, 0.95 * H - zG * k, 0.05 * k); EXPECT_NEAR(S[0].y1, 0.95 * H - zS * k, 0.05 * k);
+  const auto texts = r.Of(RecordedOp::Text);  // S to the left of the web, G to its right
   ASSERT_EQ(texts.size(), 2u);
   EXPECT_EQ(texts[0].text + texts[1].text, "GS");
-  EXPECT_GT(texts[0].x1, W / 2);
-  EXPECT_LT(texts[1].x1, W / 2);
+  EXPECT_TRUE(texts[0].x1 > W / 2 && texts[1].x1 < W / 2);
 }
 
 TEST(SectionDrawing, NothingToDrawWithoutAShape) {
-  // by properties there is no outline to draw; by dimensions before the
-  // properties are worked out, neither
+  // by properties there is no outline; by dimensions before the properties are worked out, neither
   zarvek::Set_Msg(67, "Section given by its properties: no drawing");
   BeamModel p, d;
   p.Opt_Catalogue = d.Opt_Catalogue = false;
   p.Opt_Properties = d.Opt_Dimensions = true;
   d.Txt_It[2] = "  ";
   Recorder r(W, H), e(W, H);
-  zarvek::Draw_Section(r, p);
-  zarvek::Draw_Section(e, d);
+  zarvek::Draw_Section(r, p), zarvek::Draw_Section(e, d);
   EXPECT_TRUE(Drawn_Lines(r).empty());
   const auto texts = r.Of(RecordedOp::Text);
   ASSERT_EQ(texts.size(), 1u);

@@ -1,12 +1,10 @@
-// The wire model of the buckled beam, drawn on the recorder.
+// The beam the 3D view builds from a record, and the wire model of the
+// buckled beam drawn on the recorder.
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <vector>
-
-#include "../diagrams/sine_mode.h"
-#include "diagrams/Recorder.h"
+#include "../diagrams/diagram_support.h"
 #include "view3d/TriD.h"
+#include "view3d/TriD_Model.h"
 
 using namespace zarvek;
 
@@ -32,12 +30,54 @@ std::vector<double> Web_Xs(const Recorder& r) {
 }
 
 void Expect_Point(const TriD_Scene& t, int p, int i, double x, double y, double z, double tol) {
-  EXPECT_NEAR(t.X[p][i], x, tol) << "point " << p + 1 << " station " << i;
-  EXPECT_NEAR(t.Y[p][i], y, tol) << "point " << p + 1 << " station " << i;
-  EXPECT_NEAR(t.Z[p][i], z, tol) << "point " << p + 1 << " station " << i;
+  SCOPED_TRACE(testing::Message() << "point " << p + 1 << " station " << i);
+  EXPECT_NEAR(t.X[p][i], x, tol); EXPECT_NEAR(t.Y[p][i], y, tol); EXPECT_NEAR(t.Z[p][i], z, tol);
+}
+
+// The default beam (10 m, 100 elements) with a mode that sways by 1 at mid-span.
+BeamModel Swaying_Beam() {
+  BeamModel m;
+  Init_Default(m, "/tmp");
+  m.Mode_Vector = Sine_Mode(100, 1000, 1, 0), m.Mode_Max = 1;
+  return m;
 }
 
 }  // namespace
+
+TEST(TriD_Model, SectionOfEachRoute) {
+  // Length 10 m (Fact_L 100 cm/m), 100 elements.
+  const struct { std::string route; float b1, b2, h1, h2; } cases[] = {
+      // the catalogue's IPE 300: 150 wide, 300 high, axis at mid-height
+      {"catalogue", 15, 15, 15, -15},
+      // dimensions in mm (Fact_Dim 0.1): h 400, flanges 200 and 120, the
+      // shear centre 230 mm above the bottom as 200 shown + 30 held aside
+      {"dimensions", 20, 12, 17, -23},
+      // properties: no dimensions; L/30 = 33.33 wide, L/40 = 25 each way
+      {"properties", 1000.0f / 30, 1000.0f / 30, 25, -25},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.route);
+    BeamModel m = Swaying_Beam();
+    m.Opt_Catalogue = c.route == "catalogue", m.Opt_Dimensions = c.route == "dimensions";
+    m.Opt_Properties = c.route == "properties", m.Fact_Dim = 0.1f;
+    m.Txt_h = "400", m.Txt_bf1 = "200", m.Txt_bf2 = "120", m.Txt_zS[2] = "200", m.Txt_zS_Hidden = "30";
+    const TriD_Beam b = TriD_BeamOf(m);
+    EXPECT_TRUE(b.L == 1000 && b.NB == 100);
+    for (auto [got, want] : {std::pair{b.b1, c.b1}, {b.b2, c.b2}, {b.h1, c.h1}, {b.h2, c.h2}})
+      EXPECT_NEAR(got, want, 1e-4);
+  }
+}
+
+TEST(TriD_Model, DefaultViewNeedsAMode) {
+  BeamModel m = Swaying_Beam();
+  Recorder rec(12000, 9000, false);
+  TriD_Scene t;
+  m.Mode_Max = 0;
+  EXPECT_FALSE(TriD_DefaultView(t, rec, m));
+  m.Mode_Max = 1;
+  ASSERT_TRUE(TriD_DefaultView(t, rec, m));
+  EXPECT_NEAR(t.RapDep0, 125.0, 1e-3);  // a sway of 1, no twist: the shift L/8 = 125 cm rules
+}
 
 TEST(TriD_Ratio, LateralShiftOfAnEighthOrTwistOfThirtyDegrees) {
   const struct { const char* what; double vmax, tmax, ratio; /* by hand */ } cases[] = {
@@ -50,7 +90,7 @@ TEST(TriD_Ratio, LateralShiftOfAnEighthOrTwistOfThirtyDegrees) {
       {"flat mode", 0.0, 0.0, 0.0},
   };
   for (const auto& c : cases) {
-    Scene s(100, 1000, c.vmax, c.tmax);
+    const Scene s(100, 1000, c.vmax, c.tmax);
     EXPECT_NEAR(s.t.RapDep0, c.ratio, 1e-5 * std::max(1.0, c.ratio)) << c.what;
     EXPECT_EQ(s.t.RapDep, s.t.RapDep0) << c.what;
   }
@@ -81,16 +121,16 @@ TEST(TriD_Beam, FlangeTipsOfATwistedAndWarpedStation) {
 
 TEST(TriD_Beam, RatioStepsByAFifthThroughZeroWithinTwiceTheDefault) {
   Scene s(100, 800, 4, 0);
-  const float a = s.t.RapDep0;  // (L/8)/4 = 25
-  EXPECT_NEAR(a, 25.0, 1e-4);
-  for (int k = 0; k < 20; ++k) TriD_SetRapDep(s.t, 1, s.rec);
-  EXPECT_NEAR(s.t.RapDep, 2 * a, 1e-3);  // stops at 2a after 5 steps
-  for (int k = 0; k < 10; ++k) TriD_SetRapDep(s.t, -1, s.rec);
-  EXPECT_NEAR(s.t.RapDep, 0.0, 1e-3);
-  TriD_SetRapDep(s.t, -1, s.rec);
-  EXPECT_NEAR(s.t.RapDep, -a / 5, 1e-3);  // the other side
-  // The mid-span axis point of a pure sway of -a/5 x 4 = -20 cm, seen
-  // before any rotation: rebuild and read it.
+  const float a = s.t.RapDep0;
+  EXPECT_NEAR(a, 25.0, 1e-4);  // (L/8)/4
+  auto steps = [&](int n, int dir) {
+    for (int k = 0; k < n; ++k) TriD_SetRapDep(s.t, dir, s.rec);
+    return s.t.RapDep;
+  };
+  EXPECT_NEAR(steps(20, 1), 2 * a, 1e-3);  // stops at 2a after 5 steps
+  EXPECT_NEAR(steps(10, -1), 0.0, 1e-3);
+  EXPECT_NEAR(steps(1, -1), -a / 5, 1e-3);  // the other side
+  // rebuilt, before any rotation: the mid-span axis point sways by -a/5 x 4 = -20 cm
   TriD_BuildBeam(s.t);
   EXPECT_NEAR(s.t.Y[P7][51], -20.0, 1e-3);
 }
@@ -138,17 +178,18 @@ TEST(TriD_View, ZoomStopsAtTwentyAndAtOneHalf) {
   const double L = 1000;
   Scene s(100, L, 0, 0);
   const int n = s.t.Stations;
+  auto zoom = [&](int n, int step) {
+    for (int k = 0; k < n; ++k) TriD_Zoom(s.t, step, s.rec);
+    return s.t.ZoomTotal;
+  };
   // 1.1^31 = 19.19 < 20 <= 1.1^32 = 21.11: the 32nd step is the last.
-  for (int k = 0; k < 40; ++k) TriD_Zoom(s.t, 1, s.rec);
-  EXPECT_NEAR(s.t.ZoomTotal, std::pow(1.1, 32), 1e-3);
+  EXPECT_NEAR(zoom(40, 1), std::pow(1.1, 32), 1e-3);
   EXPECT_NEAR(s.t.X[P7][n], L / 2 * std::pow(1.1, 32), 0.5);
   EXPECT_EQ(s.t.ZoomStep, 1.0f);
-  TriD_Zoom(s.t, 0, s.rec);
-  EXPECT_EQ(s.t.ZoomTotal, 1.0f);
+  EXPECT_EQ(zoom(1, 0), 1.0f);
   EXPECT_NEAR(s.t.X[P7][n], L / 2, 1e-2);
   // 1.1^-7 = 0.513 > 0.5 >= 1.1^-8 = 0.4665.
-  for (int k = 0; k < 15; ++k) TriD_Zoom(s.t, -1, s.rec);
-  EXPECT_NEAR(s.t.ZoomTotal, std::pow(1.1, -8), 1e-4);
+  EXPECT_NEAR(zoom(15, -1), std::pow(1.1, -8), 1e-4);
   EXPECT_NEAR(s.t.X[P7][n], L / 2 * std::pow(1.1, -8), 1e-2);
   // The end circles keep to the section's size on the screen: radius
   // depth/20 / sqrt(zoom) with the depth drawn at zoom size.
@@ -162,28 +203,22 @@ TEST(TriD_Drawing, TenthOfTheStationsInADragOrALightDrawing) {
   for (int NB : {100, 120, 150, 200}) {
     SCOPED_TRACE(NB);
     Scene s(NB, L, 0, 0);
-    EXPECT_EQ(Web_Xs(s.rec).size(), static_cast<std::size_t>(NB + 1));  // at rest, all
-    std::vector<double> expected;
-    for (int i = 1; i <= NB + 1; i += NB / 10) expected.push_back(-L / 2 + (i - 1) * L / NB);
-    ASSERT_EQ(expected.size(), 11u);
-
-    s.t.Dragging = true;  // a drag: always the tenth
+    EXPECT_EQ(Web_Xs(s.rec).size(), NB + 1u);  // at rest, all
+    s.t.Dragging = true;  // a drag: always the tenth, every station NB/10, a tenth of the span apart
     TriD_Draw(s.t, s.rec);
     const auto xs = Web_Xs(s.rec);
-    ASSERT_EQ(xs.size(), expected.size());
-    for (std::size_t k = 0; k < xs.size(); ++k) EXPECT_NEAR(xs[k], expected[k], 1e-3);
-    // The longitudinal lines join the drawn stations: 10 runs of 6 black
-    // lines and 10 red pieces of axis.
+    ASSERT_EQ(xs.size(), 11u);
+    for (int k = 0; k <= 10; ++k) EXPECT_NEAR(xs[k], -L / 2 + k * L / 10, 1e-3) << k;
+    // the longitudinal lines join the drawn stations: 10 runs of 6 black lines, 10 red pieces of axis
     EXPECT_EQ(s.rec.Of(RecordedOp::Line, TriD_AxisColour).size(), 10u);
     EXPECT_EQ(s.rec.Of(RecordedOp::Line, TriD_WireColour).size(), 11u * 2 + 10u * 6);
 
-    s.t.Dragging = false;
-    s.t.DrawAll = false;  // the light drawing at rest
+    s.t.Dragging = false, s.t.DrawAll = false;  // the light drawing at rest
     TriD_Draw(s.t, s.rec);
     EXPECT_EQ(Web_Xs(s.rec).size(), 11u);
     s.t.DrawAll = true;
     TriD_Draw(s.t, s.rec);
-    EXPECT_EQ(Web_Xs(s.rec).size(), static_cast<std::size_t>(NB + 1));
+    EXPECT_EQ(Web_Xs(s.rec).size(), NB + 1u);
   }
 }
 
@@ -203,8 +238,7 @@ TEST(TriD_Mouse, ZonesChooseTheRotationAndTheImage) {
     Scene s(100, 1000, 2, 0.1);
     EXPECT_EQ(TriD_ZoneOf(s.rec, c.x, c.y), c.zone);
     TriD_MouseDown(s.t, s.rec, c.x, c.y, 1);
-    EXPECT_EQ(s.t.Cursor, c.cursor);
-    EXPECT_TRUE(s.t.Dragging);
+    EXPECT_EQ(s.t.Cursor, c.cursor); EXPECT_TRUE(s.t.Dragging);
     // A small move turns about the zone's axis by the drag law.
     const double dX = 2, dY = 3, X = c.x + dX, Y = c.y + dY;
     const float a0[4] = {s.t.Angle[0], s.t.Angle[1], s.t.Angle[2], s.t.Angle[3]};
@@ -217,8 +251,7 @@ TEST(TriD_Mouse, ZonesChooseTheRotationAndTheImage) {
     // While dragging, a tenth of the stations; all of them come back after.
     EXPECT_EQ(Web_Xs(s.rec).size(), 11u);
     TriD_MouseUp(s.t, s.rec);
-    EXPECT_FALSE(s.t.Dragging);
-    EXPECT_EQ(s.t.Cursor, TriD_Cursor::Default);
+    EXPECT_FALSE(s.t.Dragging); EXPECT_EQ(s.t.Cursor, TriD_Cursor::Default);
     EXPECT_EQ(Web_Xs(s.rec).size(), 101u);
   }
 }

@@ -1,14 +1,7 @@
 // The 3D window on solved beams: a fork-supported span and a cantilever.
-#include <QAction>
-#include <QClipboard>
-#include <QLabel>
-#include <QRegularExpression>
 #include <QPrinter>
-#include <QPushButton>
-#include <QScrollBar>
-#include <QTemporaryDir>
 #include <QtTest>
-#include <cmath>
+#include <QtWidgets>
 
 #include "analysis/Proceed.h"
 #include "diagrams/Recorder.h"
@@ -29,6 +22,8 @@ std::string Scratch(const std::string& name) {
   return dir.filePath(QString::fromStdString(name)).toStdString();
 }
 
+bool Near(double a, double b, double tol) { return std::fabs(a - b) < tol; }
+
 // IPE 300, 10 m in 100 elements, fork supports, uniform moment.
 BeamModel Fork_Beam() {
   BeamModel m;
@@ -36,17 +31,12 @@ BeamModel Fork_Beam() {
   return m;
 }
 
-bool Near(double a, double b, double tol) { return std::fabs(a - b) < tol; }
-
 // The same section 4 m long, clamped at end 1 and free at end 2, in plane
 // and out of plane, under a uniform moment.
 BeamModel Cantilever() {
   BeamModel m = Fork_Beam();
-  m.Txt_L = "4";
-  m.Lst_vp1 = m.Lst_tp1 = Restraint_Item(1);
-  m.Lst_v2 = m.Lst_t2 = Restraint_Item(0);
-  m.Opt_AA = false, m.Opt_EL = true;
-  m.Txt_M1 = m.Txt_M2 = "100";
+  m.Txt_L = "4", m.Lst_vp1 = m.Lst_tp1 = Restraint_Item(1), m.Lst_v2 = m.Lst_t2 = Restraint_Item(0);
+  m.Opt_AA = false, m.Opt_EL = true, m.Txt_M1 = m.Txt_M2 = "100";
   return m;
 }
 
@@ -59,12 +49,16 @@ bool Solve(BeamModel& m, const std::string& name) {
 std::pair<int, QPointF> Pixels_Of(const QImage& img, Colour c) {
   const QRgb want = To_QColor(c).rgb();
   const QImage im = img.convertToFormat(QImage::Format_RGB32);
-  double sx = 0, sy = 0;
-  int n = 0;
+  double sx = 0, sy = 0, n = 0;
   for (int y = 0; y < im.height(); ++y)
     for (int x = 0; x < im.width(); ++x)
       if (im.pixel(x, y) == want) sx += x, sy += y, ++n;
-  return {n, n ? QPointF(sx / n, sy / n) : QPointF(-1, -1)};
+  return {int(n), n ? QPointF(sx / n, sy / n) : QPointF(-1, -1)};
+}
+
+bool Shown(QWidget& w) {
+  w.show();
+  return QTest::qWaitForWindowExposed(&w);
 }
 
 // A drag on the picture: press, then moves in steps (the caller releases).
@@ -91,8 +85,7 @@ class Test_Frm_EigenVector3D : public QObject {
   // the turn and the zoom, not the pan, down to a least size.
   void barsActByDirectionOneStepEachAndResize() {
     Frm_EigenVector3D frm(fork_);
-    frm.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&frm));
+    QVERIFY(Shown(frm));
     TriD_Scene& t = frm.Scene();
     auto bar = [&](const char* n) { auto* b = frm.findChild<QScrollBar*>(n); Q_ASSERT(b); return b; };
     auto click = [&](const char* n) { frm.findChild<QPushButton*>(n)->click(); };
@@ -102,50 +95,41 @@ class Test_Frm_EigenVector3D : public QObject {
     QVERIFY(Near(t.ZoomTotal, 1, 1e-6));
     // X and the beam's own axis turn against their thumb, Y and Z with it.
     const float ax = t.Angle[1], ay = t.Angle[2], az = t.Angle[3];
-    bar("Scroll_RotGlob(1)")->setValue(10);
-    bar("Scroll_RotGlob(2)")->setValue(10);
-    bar("Scroll_RotGlob(3)")->setValue(-10);
-    bar("Scroll_RotLocX")->setValue(10);
+    for (auto [n, v] : {std::pair{"Scroll_RotGlob(1)", 10}, {"Scroll_RotGlob(2)", 10}, {"Scroll_RotGlob(3)", -10},
+                        {"Scroll_RotLocX", 10}})
+      bar(n)->setValue(v);
     QVERIFY(Near(t.Angle[1], ax - Step, 1e-6) && Near(t.Angle[2], ay + Step, 1e-6));
     QVERIFY(Near(t.Angle[3], az - Step, 1e-6) && Near(t.LocTotal, -Step, 1e-6));
     click("Cmd_RotGlob0(1)");
-    QCOMPARE(bar("Scroll_RotGlob(1)")->value(), 0);
-    QVERIFY(Near(t.Angle[1], 0, 1e-6));
+    QVERIFY(bar("Scroll_RotGlob(1)")->value() == 0 && Near(t.Angle[1], 0, 1e-6));
     // Pan: a rising bar moves the scale back by a tenth; Cmd_ReCenter resets both bars.
     Surface& s = frm.Plot();
     const double left = s.ScaleLeft(), top = s.ScaleTop();
-    bar("Scroll_X")->setValue(1);
-    bar("Scroll_Z")->setValue(1);
+    bar("Scroll_X")->setValue(1), bar("Scroll_Z")->setValue(1);
     QVERIFY(Near(s.ScaleLeft(), left - s.ScaleWidth() / 10, 1e-3));
     QVERIFY(Near(s.ScaleTop(), top - s.ScaleHeight() / 10, 1e-3));
     click("Cmd_ReCenter");
-    QCOMPARE(bar("Scroll_X")->value() + bar("Scroll_Z")->value(), 0);
-    QVERIFY(Near(s.ScaleLeft(), left, 1e-3));
+    QVERIFY(bar("Scroll_X")->value() == 0 && bar("Scroll_Z")->value() == 0 && Near(s.ScaleLeft(), left, 1e-3));
 
-    bar("Scroll_Zoom")->setValue(4001);
-    bar("Scroll_X")->setValue(1);
+    bar("Scroll_Zoom")->setValue(4001), bar("Scroll_X")->setValue(1);
     const float x3 = t.X[P3][7];
     frm.resize(frm.width() + 120, frm.height() + 60);
     QTest::qWait(50);
-    QCOMPARE(t.X[P3][7], x3);
-    QCOMPARE(t.ZoomTotal, 1.1f);
+    QVERIFY(t.X[P3][7] == x3 && t.ZoomTotal == 1.1f);
     QVERIFY(Near(s.ScaleLeft(), -0.55 * t.L, 1e-3));  // -L/2 - L/20 again
     frm.resize(50, 50);
     QTest::qWait(50);
     QVERIFY(frm.width() >= 2 * frm.findChild<QWidget*>("Cdr_Effects")->width());
     QVERIFY(frm.height() >= 5460 / 15);
 
-    // Ratio 0: the undeformed beam in the first view.
-    click("Cmd_RapDep0");
-    QCOMPARE(t.RapDep, 0.0f);
-    QVERIFY(Near(t.Angle[3], -30 * Step, 1e-5));  // -45 degrees
+    click("Cmd_RapDep0");  // ratio 0: the undeformed beam in the first view, at -45 degrees
+    QVERIFY(t.RapDep == 0 && Near(t.Angle[3], -30 * Step, 1e-5));
   }
 
   void dragsTurnAndPan() {
     for (BeamModel* m : {&fork_, &cant_}) {
       Frm_EigenVector3D frm(*m);
-      frm.show();
-      QVERIFY(QTest::qWaitForWindowExposed(&frm));
+      QVERIFY(Shown(frm));
       SurfaceWidget* plot = frm.Img_Plot3D();
       TriD_Scene& t = frm.Scene();
       const QPoint c(plot->width() / 2, plot->height() / 2);
@@ -173,19 +157,16 @@ class Test_Frm_EigenVector3D : public QObject {
 
   void picturesCopiedSavedPrintedAndWithoutAMode() {
     Frm_EigenVector3D frm(cant_);
-    frm.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&frm));
+    QVERIFY(Shown(frm));
     frm.Menu_Edit_Copy();
     QCOMPARE(QGuiApplication::clipboard()->image().size(), frm.Picture().size());
-    const QString png = QString::fromStdString(Scratch("view.png")), svg = QString::fromStdString(Scratch("v.SVG"));
-    QVERIFY(frm.Save_Picture(png) && frm.Save_Picture(svg));
-    QVERIFY(!frm.Save_Picture(QString::fromStdString(Scratch("view.bmp"))));
+    auto file = [](const char* n) { return QString::fromStdString(Scratch(n)); };
+    const QString png = file("view.png"), pdf = file("page.pdf");
+    QVERIFY(frm.Save_Picture(png) && frm.Save_Picture(file("v.SVG")) && !frm.Save_Picture(file("view.bmp")));
     QCOMPARE(QImage(png).size(), frm.Picture().size());
-    const QString pdf = QString::fromStdString(Scratch("page.pdf"));
     {
       QPrinter printer(QPrinter::HighResolution);
-      printer.setOutputFormat(QPrinter::PdfFormat);
-      printer.setOutputFileName(pdf);
+      printer.setOutputFileName(pdf);  // .pdf: a PDF file
       QVERIFY(frm.Print_Page(printer));
     }
     QVERIFY(QFileInfo(pdf).size() > 1000);
@@ -217,8 +198,7 @@ class Test_Frm_EigenVector3D : public QObject {
     // 101 stations: a web and two flanges each, 100 runs of six wires and a
     // piece of axis; two end circles; the marks 1 and 2.
     QCOMPARE(doc.count("<line"), qsizetype(101 * 3 + 100 * 7));
-    QCOMPARE(doc.count("<ellipse"), qsizetype(2));
-    QVERIFY(doc.contains(">1</text>") && doc.contains(">2</text>"));
+    QVERIFY(doc.count("<ellipse") == 2 && doc.contains(">1</text>") && doc.contains(">2</text>"));
     QCOMPARE(TriD_WritePicture(cant_, Scratch("cli.gif"), 1, error), TriD_PictureStatus::BadExtension);
     QCOMPARE(TriD_WritePicture(none, cli, 1, error), TriD_PictureStatus::NoMode);
     QCOMPARE(TriD_WritePicture(fork_, "/nonexistent-dir/x.png", 1, error), TriD_PictureStatus::WriteFailed);
