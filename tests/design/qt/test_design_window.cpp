@@ -25,12 +25,14 @@ class Test_Design_Window : public QObject {
   void proceedShowsTheCheck_data() {
     QTest::addColumn<QString>("code");
     QTest::addColumn<QString>("verdict");
-    QTest::newRow("UK") << "UK" << "sufficient";
-    QTest::newRow("FR") << "FR" << "suffisante";
+    QTest::addColumn<QString>("kc");
+    QTest::newRow("UK") << "UK" << "sufficient" << "kc, Table 6.6 (q, pinned)";
+    QTest::newRow("FR") << "FR" << "suffisante" << QString::fromUtf8("kc, tableau 6.6 (q, articulée)");
   }
   void proceedShowsTheCheck() {
     QFETCH(QString, code);
     QFETCH(QString, verdict);
+    QFETCH(QString, kc);
     zarvek_test::StartDir start(code.toLatin1().constData());
     auto w = std::make_unique<Frm_Zarvek>(start.state);
     w->Message_Box = [](const QString&, const QString&) {};
@@ -53,6 +55,7 @@ class Test_Design_Window : public QObject {
     const QString text = body->text();
     QVERIFY2(text.contains("0.589") || text.contains("0,589"), qPrintable(text));
     QVERIFY2(text.contains("0.940") || text.contains("0,940"), qPrintable(text));  // kc of Table 6.6
+    QVERIFY2(text.contains(kc), qPrintable(text));  // its shape was English in French
     QVERIFY2(text.contains(verdict), qPrintable(text));
     Shot(w.get(), "design_results_" + code);
 
