@@ -10,7 +10,6 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <numbers>
 #include <sstream>
 #include <string>
 #include <sys/wait.h>
@@ -18,6 +17,7 @@
 #include <vector>
 
 #include "model/ProjectFile.h"
+#include "solver/solver_support.h"
 
 namespace app_test {
 
@@ -45,13 +45,9 @@ inline double Json_Value(const std::string& json, const std::string& key) {
   return p == std::string::npos ? NAN : std::strtod(json.c_str() + p + key.size() + 3, nullptr);
 }
 
-// The example beam: IPE 300 of L cm (10 m) under a uniform moment, fork
-// supports, E 21000 and G 8076.9 kN/cm2. Its elastic critical moment in daN.cm,
-// Mcr = (pi/L) sqrt(E Iz G It) sqrt(1 + pi^2 E Iw / (L^2 G It)).
-inline double Mcr_Example(double L = 1000) {
-  const double pi = std::numbers::pi, E = 2.1e6, G = 807690, Iz = 603.78, It = 19.868, Iw = 126332;
-  return pi / L * std::sqrt(E * Iz * G * It) * std::sqrt(1 + pi * pi * E * Iw / (L * L * G * It));
-}
+// The example beam, IPE 300 of L cm (10 m) under a uniform moment on fork
+// supports: its elastic critical moment by the closed form, in daN.cm.
+inline double Mcr_Example(double L = 1000) { return zarvek::test::Mcr_Uniform(L) * 100; }
 
 // A temporary directory, removed at the end.
 struct TempDir {

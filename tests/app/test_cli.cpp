@@ -86,7 +86,9 @@ TEST(Cli, InvalidDataIsExit2AndNamed) {
 
 // Every number text the solve of a project needs, in the section route in
 // use: a blank or a word there ends with the message of a field that does
-// not hold a number and the field's name, as the main window ends it.
+// not hold a number and the field's name, as the main window ends it. Which
+// texts are numbers is the number reader's own test; here each field of the
+// route's list is spoilt once, the kinds of bad text taken in turn.
 TEST(Cli, ABlankOrAWordInANumericFieldIsInvalidInput) {
   const auto route = [](BeamModel& m, const std::string& r) {
     m.Opt_Catalogue = r == "catalogue", m.Opt_Dimensions = r == "dimensions", m.Opt_Properties = r == "properties";
@@ -95,6 +97,8 @@ TEST(Cli, ABlankOrAWordInANumericFieldIsInvalidInput) {
       {"catalogue", {"Txt_Iz(1)", "Txt_It(1)", "Txt_Iw(1)", "Txt_Betaz(1)", "Txt_zS(1)", "Txt_G", "Txt_L"}},
       {"dimensions", {"Txt_h", "Txt_bf1", "Txt_tf1", "Txt_r1", "Txt_tw", "Txt_E"}},
       {"properties", {"Txt_Iz(3)", "Txt_Iw(3)", "Txt_G"}}};
+  const char* const bads[] = {"", "  ", "abc", "1..2"};
+  int k = 0;
   TempDir files;
   for (const auto& [r, names] : fields) {
     // each route solves the same IPE 300 as it stands
@@ -102,14 +106,13 @@ TEST(Cli, ABlankOrAWordInANumericFieldIsInvalidInput) {
     for (const char* name : names) {
       const zarvek::FieldDef* f = zarvek::Find_Field(name);
       ASSERT_TRUE(f) << name;
-      for (const char* bad : {"", "  ", "abc", "1..2"}) {
-        SCOPED_TRACE(std::string(r) + " " + name + " = \"" + bad + "\"");
-        const std::string file = Save(files, "F.DAT", [&, r = r](BeamModel& m) {
-          route(m, r), *zarvek::Text_Member(m, *f) = bad;
-        });
-        RunResult res = Expect_Cli({"solve", file, "--json"}, 2, std::string("field ") + name);
-        EXPECT_TRUE(Has(res.err, "does not hold a number") && !Has(res.out, "\"mucr\"")) << res.err << res.out;
-      }
+      const char* bad = bads[k++ % 4];
+      SCOPED_TRACE(std::string(r) + " " + name + " = \"" + bad + "\"");
+      const std::string file = Save(files, "F.DAT", [&, r = r](BeamModel& m) {
+        route(m, r), *zarvek::Text_Member(m, *f) = bad;
+      });
+      RunResult res = Expect_Cli({"solve", file, "--json"}, 2, std::string("field ") + name);
+      EXPECT_TRUE(Has(res.err, "does not hold a number") && !Has(res.out, "\"mucr\"")) << res.err << res.out;
     }
   }
 }
@@ -183,18 +186,17 @@ TEST(Cli, AnEmptyOrUnreadableCatalogueIsAnError) {
   EXPECT_TRUE(::geteuid() == 0 || Cli({"sections"}, program).exit_code == 2);  // root reads it all the same
 }
 
-// The example beam in S355 (the default): Mcr = 48.33 kN.m by the closed
-// form, Wpl,y = 628.4 cm3, lambda = sqrt(628.4 x 3550 / 483303) = 2.148.
-// Curve b of 6.3.2.3 gives chi = 0.2359 above the cap 1/lambda^2 = 0.2166,
-// so Mb,Rd = Wy fy / lambda^2 = Mcr: the cap is the elastic critical moment
-// itself. Uniform moment: kc = 1, f = 1, no further solve.
+// The example beam in S355 (the default): the check reaches the JSON with
+// the critical moment in daN.cm as the check wants it. Its chain (lambda,
+// curve b, the cap 1/lambda^2) is the design core's test; for this beam the
+// cap makes Mb,Rd = Wy fy / lambda^2 = Mcr = 48.33 kN.m, so a unit lost on
+// the way to the check shows in Mb,Rd and in the utilisation 100 / Mcr.
+// Uniform moment: kc = 1, no C1 asked for.
 TEST(CliDesign, CheckOfTheExampleBeam) {
   TempDir files;
   const std::string dat = Save(files, "BEAM.DAT");
   const RunResult j = Expect_Cli({"solve", dat, "--json"}, 0, "", "\"design\":{\"grade\":\"S355\"");
   const double Mcr = Mcr_Example() / 1e4;
-  EXPECT_NEAR(Json_Value(j.out, "lambdaLT"), std::sqrt(628.4 * 3550 / (Mcr * 1e4)), 5e-4);
-  EXPECT_NEAR(Json_Value(j.out, "chiLT"), 1 / (2.148437 * 2.148437), 5e-4);
   EXPECT_NEAR(Json_Value(j.out, "MbRd"), Mcr, Mcr * 1e-3);
   EXPECT_TRUE(Json_Value(j.out, "kc") == 1 && Has(j.out, "\"C1\":null")) << j.out;
   EXPECT_NEAR(Json_Value(j.out, "utilisation"), 100 / Mcr, 1e-3);
@@ -209,17 +211,6 @@ TEST(CliDesign, CheckOfTheExampleBeam) {
       0, "", "\"MbRd\":null");
   EXPECT_TRUE(Has(p.out, "dimensions")) << p.out;
   Expect_Cli({"check", Example_ZVK}, 2);
-
-  // C1 needed (f asked for, a lateral restraint at mid-span): two further
-  // solves give it. psi = 0 along the beam, a triangle: each half carries a
-  // trapezoid, the loaded one 0.5 .. 1, so C1 lies above 1.
-  RunResult t = Expect_Cli({"check", Save(files, "MID.DAT", [](auto& m) {
-                              m.Chk_Punctual1 = true, m.Txt_xfint1 = "0.5", m.Lst_vi_p1 = zarvek::Restraint_Item(1);
-                              m.Chk_M = true, m.Txt_M1 = "0", m.Opt_M2 = true;
-                            }), "--json"}, 0);
-  const double C1 = Json_Value(t.out, "C1");
-  EXPECT_GT(C1, 1.0) << t.out;
-  EXPECT_NEAR(Json_Value(t.out, "kc"), 1 / std::sqrt(C1), 1e-6);
 }
 
 // Width and height of a PNG file from its header; 0 x 0 when it is none.
@@ -291,14 +282,13 @@ TEST(CliSweep, TableCurveAndRefusals) {
   // the design check of the example's IPE 300 adds its Mb,Rd
   EXPECT_EQ(rows[0], "Txt_L [m],mucr,Mcr [kN.m],status,\"Mb,Rd [kN.m]\",message");
   EXPECT_EQ(rows[1].rfind("0.5,,,-1,", 0), 0u) << rows[1];
-  const double spans[3] = {3, 5.5, 8};
-  for (int i = 0; i < 3; ++i) {
-    double value = 0, mucr = 0, Mcr = 0;
-    int status = -9;
-    ASSERT_EQ(std::sscanf(rows[i + 2].c_str(), "%lf,%lf,%lf,%d", &value, &mucr, &Mcr, &status), 4) << rows[i + 2];
-    EXPECT_TRUE(value == spans[i] && status == 0) << rows[i + 2];
-    EXPECT_NEAR(Mcr * 1e4 / Mcr_Example(spans[i] * 100), 1.0, 2e-4) << rows[i + 2];  // kN.m -> daN.cm
-  }
+  // the last row, 8 m, in the units of its header (the spans against the
+  // closed form are the sweep's own test)
+  double value = 0, mucr = 0, Mcr = 0;
+  int status = -9;
+  ASSERT_EQ(std::sscanf(rows[4].c_str(), "%lf,%lf,%lf,%d", &value, &mucr, &Mcr, &status), 4) << rows[4];
+  EXPECT_TRUE(value == 8 && status == 0) << rows[4];
+  EXPECT_NEAR(Mcr * 1e4 / Mcr_Example(800), 1.0, 1e-3) << rows[4];  // kN.m -> daN.cm
   // the curve: an SVG document with both axis labels and their units
   const std::string svg = Read_All(files / "out.svg");
   EXPECT_TRUE(Has(svg, "<svg") && Has(svg, "Txt_L (m)") && Has(svg, "Mcr (kN.m)"));
