@@ -224,13 +224,10 @@ BeamModel By_Dimensions(int shape, const std::string& bf1, const std::string& bf
 }
 
 // h 300, b 150, tw 7.1, tf 10.7, r 15 mm, the default dimensions: the IPE 300
-// of the catalogue.
+// of the catalogue (its constants by hand are the data-entry test's), solved
+// from the slot of the dimensions.
 TEST(SectionRoutes, AnIpe300ByItsDimensionsMatchesTheCatalogue) {
   BeamModel cat = Default_Model(), dim = By_Dimensions(0, "15", "15");
-  for (auto [a, b] : {std::pair{cat.Txt_Iz[1], dim.Txt_Iz[2]}, {cat.Txt_It[1], dim.Txt_It[2]},
-                      {cat.Txt_Iw[1], dim.Txt_Iw[2]}})
-    EXPECT_NEAR(Num_Of_Text(b) / Num_Of_Text(a), 1.0, 0.005) << a << " / " << b;
-  EXPECT_EQ(Num_Of_Text(dim.Txt_Betaz[2]), 0.0); EXPECT_NEAR(Num_Of_Text(dim.Txt_zS[2]), 0.0, 1e-9);
   EXPECT_NEAR(Mucr(dim, "DIM.ZVK") / Mucr(cat, "CAT.ZVK"), 1.0, 0.005);
 }
 
@@ -238,11 +235,10 @@ TEST(SectionRoutes, AnIpe300ByItsDimensionsMatchesTheCatalogue) {
 // kN.m all along) compress it. The same section upside down swaps sagging and
 // hogging, up to the warping constant: Iw = d^2 I1 (1 - I1/Iz) counts the web
 // and fillets in Iz, so that the section and its mirror differ by 1.8 % in Iw
-// and about 0.1 % in Mcr.
+// and about 0.1 % in Mcr. The signs of zS and beta_z are the section test's;
+// here they must reach the solver the right way up.
 TEST(SectionRoutes, TheWiderFlangeInCompressionGivesTheHigherMoment) {
   BeamModel m = By_Dimensions(1, "20", "10"), u = By_Dimensions(1, "10", "20");
-  EXPECT_GT(Num_Of_Text(m.Txt_zS[2]), 0.5) << "shear centre above the centroid";
-  EXPECT_LT(Num_Of_Text(m.Txt_Betaz[2]), -1.0); EXPECT_LT(Num_Of_Text(u.Txt_zS[2]), -0.5);
   const double sagging = Mucr(m, "SAG.ZVK");
   m.Txt_M1 = "100", m.Txt_M2 = "-100";
   const double hogging = Mucr(m, "HOG.ZVK");

@@ -19,6 +19,7 @@
 #include "report/qt/Frm_Edit.h"
 #include "section/qt/Frm_Section.h"
 #include "solver/Example.h"
+#include "solver/solver_support.h"
 #include "tools/qt/Frm_Properties.h"
 #include "tools/qt/start_dir.h"  // with the language and the help windows
 #include "view3d/qt/Frm_EigenVector3D.h"
@@ -29,12 +30,9 @@ namespace {
 
 constexpr double pi = 3.14159265358979;
 
-// The shipped example, an IPE 300 of 10 m on forks under 100 kN.m: mucr of
-// the closed form Mcr = (pi/L) sqrt(E Iz G It) sqrt(1 + pi^2 E Iw / (L^2 G It)).
-double Mucr_Example() {
-  const double L = 1000, E = 2.1e6, G = 807690, Iz = 603.78, It = 19.868, Iw = 126332;
-  return pi / L * std::sqrt(E * Iz * G * It) * std::sqrt(1 + pi * pi * E * Iw / (L * L * G * It)) / 1e6;
-}
+// The shipped example, an IPE 300 of 10 m on forks under 100 kN.m (1e4
+// kN.cm): mucr of the closed form.
+double Mucr_Example() { return test::Mcr_Uniform(1000) / 1e4; }
 
 // Acts on the modal window of type T once it is up (the next event-loop
 // turns), then lets its exec() return. Each look that finds none posts a
