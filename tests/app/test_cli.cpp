@@ -281,7 +281,6 @@ TEST(CliSweep, TableCurveAndRefusals) {
   ASSERT_EQ(rows.size(), 5u);
   // the design check of the example's IPE 300 adds its Mb,Rd
   EXPECT_EQ(rows[0], "Txt_L [m],mucr,Mcr [kN.m],status,\"Mb,Rd [kN.m]\",message");
-  EXPECT_EQ(rows[1].rfind("0.5,,,-1,", 0), 0u) << rows[1];
   // the last row, 8 m, in the units of its header (the spans against the
   // closed form are the sweep's own test)
   double value = 0, mucr = 0, Mcr = 0;
