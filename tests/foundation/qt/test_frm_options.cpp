@@ -165,8 +165,8 @@ class TestFrmOptions : public QObject {
   }
 
   // OK on another language retranslates the open windows of the program and the toolkit's own buttons and
-  // dialogs, there and back; a language file gone by then ends the program and changes nothing. What the
-  // change writes and reloads is proved without windows.
+  // dialogs, there and back; a language file gone by then ends the program with its message. What the
+  // change writes and reloads, and that a failed change leaves all as it was, is proved without windows.
   void languageSwitchRetranslatesWindowsAndDialogs() {
     Start_Model sm;
     auto& [start, m] = sm;
@@ -183,7 +183,6 @@ class TestFrmOptions : public QObject {
       Pick_Language(w, code);
       QTest::mouseClick(w.Cmd_OKOptions, Qt::LeftButton);
       QCOMPARE(lang.count(), QString(code) == "FR" ? 1 : 2);
-      QCOMPARE(start.Read("Zarvek.INI").trimmed(), "LANGUAGE=" + QByteArray(code));
       QMessageBox box(QMessageBox::Question, "t", "q", QMessageBox::Ok | QMessageBox::Cancel);
       QCOMPARE(box.button(QMessageBox::Cancel)->text().remove('&'), QString(cancel));
       QFileDialog files;
@@ -203,8 +202,6 @@ class TestFrmOptions : public QObject {
     QTest::mouseClick(w.Cmd_OKOptions, Qt::LeftButton);
     QCOMPARE(text, "File " + start.file("ZARVEK_FR.MSG") + " not found");
     QCOMPARE(title, w.Lst_Language->itemText(fr));
-    QCOMPARE(start.Read("Zarvek.INI").trimmed(), QByteArray("LANGUAGE=UK"));
-    QCOMPARE(start.state.Language_Code, std::string("UK"));
   }
 };
 
