@@ -5,11 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <unistd.h>
 
+#include "../foundation/scratch_dir.h"
 #include "analysis/Proceed.h"
 #include "design/DesignModel.h"
 #include "model/DataEntry.h"
@@ -57,11 +56,6 @@ inline double Mcr_Formula(double C1, double C2zg, double Iz, double It, double I
   return C1 * Nz * (std::sqrt(Iw / Iz + Lc * Lc * Gc * It / (pi2 * E * Iz) + C2zg * C2zg) - C2zg) / 100;
 }
 
-inline std::string Read_Text(const std::string& file) {
-  std::ifstream in(file, std::ios::binary);
-  return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-}
-
 // A project solved as Proceed solves it (Mcr in kN.m), then its design check;
 // `checked`: the check must reach its figures.
 struct Solved { BeamModel m; EffortsData e; double Mcr = 0; DesignRun d; };
@@ -74,9 +68,9 @@ inline Solved Solve(const BeamModel& m, bool checked = false) {
   EXPECT_EQ(p.Solve_Status, 0) << p.Message;
   s.e = p.Efforts, s.Mcr = p.Solver.mucr * std::fabs((double)p.Efforts.Efforts_Mmax) / kNm;
   // the further solves of C1 leave the problem file of the beam as it was
-  const std::string written = Read_Text(file);
+  const std::string written = foundation_test::Read_File(file);
   s.d = Run_Design(s.m, s.e, s.Mcr * kNm, ctl);
-  EXPECT_EQ(Read_Text(file), written);
+  EXPECT_EQ(foundation_test::Read_File(file), written);
   if (checked) {
     EXPECT_EQ(s.d.result.stop, LtbStop::None) << Design_Note(s.d);
   }

@@ -22,9 +22,11 @@ struct Scratch {
   std::string path = fs::canonical(::mkdtemp(std::string("/tmp/zvk-test-XXXXXX").data())).string();
   ~Scratch() { std::error_code ec; fs::remove_all(path, ec); }
   std::string operator/(const std::string& name) const { return path + "/" + name; }
-  void Write(const std::string& name, const std::string& bytes) const {
+  // the file's path
+  std::string Write(const std::string& name, const std::string& bytes) const {
     fs::create_directories(fs::path(*this / name).parent_path());
     std::ofstream(*this / name, std::ios::binary) << bytes;
+    return *this / name;
   }
   std::string Read(const std::string& name) const { return Read_File(*this / name); }
   // the real data files of the build, as an installation ships them

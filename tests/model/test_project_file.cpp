@@ -5,9 +5,6 @@
 #include <algorithm>
 #include <cmath>
 #include <csignal>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <sys/resource.h>
 #include <tuple>
 #include <vector>
@@ -15,16 +12,13 @@
 #include "model/DataEntry.h"
 #include "model/ProjectFile.h"
 #include "model_support.h"
+#include "../foundation/scratch_dir.h"
 
 using namespace zarvek;
 using namespace zarvek_test;
+using foundation_test::Read_File;
 
 namespace {
-
-std::string Read_All(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-}
 
 // Where line i (from 0) of a CR LF text begins; the text's size past its end.
 size_t Line_Start(const std::string& text, size_t i) {
@@ -47,21 +41,15 @@ void Expect_Same(const BeamModel& a, const BeamModel& b) {
 class ProjectFile : public ::testing::Test {
  protected:
   void SetUp() override { Load_Test_Messages(); }
-  void TearDown() override {
-    Dec_Sep = '.';
-    std::filesystem::remove_all(dir);
-  }
-  std::string dir = [] {
-    char tmpl[] = "/tmp/zvk-model-XXXXXX";
-    return std::string(::mkdtemp(tmpl));
-  }();
-  std::string File(const std::string& name) const { return dir + "/" + name; }
+  void TearDown() override { Dec_Sep = '.'; }
+  const foundation_test::Scratch dir;
+  std::string File(const std::string& name) const { return dir / name; }
   FileReadResult Read(BeamModel& m, const std::string& name) { return Read_FileDAT(m, name, "/start"); }
 
   // A study that differs from the defaults in every line of the file, with the mode of a solve on
   // 120 elements. `sep` is the separator typed.
   BeamModel Study(char sep = '.') {
-    BeamModel m = Default_Model(dir);
+    BeamModel m = Default_Model(dir.path);
     int k = 0;
     for (UnitFamily f : All_Unit_Families) Unit_Index(m, f) = (k++) % Unit_ItemCount(f);
     std::vector<std::string*> texts = {
@@ -108,7 +96,7 @@ TEST_F(ProjectFile, SavedStudyComesBackWholeUnderEitherSeparator) {
     // kinds of line: an index blank on either side, a Boolean true as -1, a text as it is, a number
     // right-aligned in 15 columns with a point (the raw Txt_zend1 with the writer's separator); a
     // mode line: the node, then v, theta, v', theta' and the level in 18 columns each
-    const std::string text = Read_All(name);
+    const std::string text = Read_File(name);
     const std::pair<int, std::string> kinds[] = {
         {0, " 4 "}, {2, "-1 "}, {25, "HEA 200"}, {57, "           7.25"},
         {67, std::string("85") + sep + "25"}, {134, "      3.1415927"}};
@@ -118,7 +106,7 @@ TEST_F(ProjectFile, SavedStudyComesBackWholeUnderEitherSeparator) {
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 149 + 121);
     InitProcessInfo(saved);
     ASSERT_TRUE(Save_FileDAT(saved, name));
-    const std::string again = Read_All(name);
+    const std::string again = Read_File(name);
     EXPECT_EQ(std::count(again.begin(), again.end(), '\n'), 149);
     ASSERT_TRUE(Read(back, name).ok);
     Expect_Same(saved, back);
@@ -165,7 +153,7 @@ TEST_F(ProjectFile, ForeignAndDamagedFiles) {
   std::string binary;
   for (int i = 0; i < 4000; ++i) binary += (char)((i * 7919) % 256);
   const std::pair<std::string, std::string> files[] = {  // "-": not written by the test
-      {File("missing"), "-"}, {dir, "-"}, {File("empty"), ""}, {File("binary"), binary},
+      {File("missing"), "-"}, {dir.path, "-"}, {File("empty"), ""}, {File("binary"), binary},
       {File("prose"), "Dear reader,\r\nthis is a letter and not a beam.\r\n"},
       {File("unit index out of its list"), with_line(6, " 9 ")},
       {File("negative unit index"), with_line(10, "-1 ")}, {File("no tab 7"), with_line(21, " 7 ")},
@@ -226,7 +214,7 @@ TEST_F(ProjectFile, TrailerOfKeyedLinesAfterTheFixedLayout) {
 TEST_F(ProjectFile, FailedSaveLeavesTheOldFile) {
   const std::string name = File("KEEP.DAT");
   ASSERT_TRUE(Save_FileDAT(Default_Model(), name));
-  const std::string before = Read_All(name);
+  const std::string before = Read_File(name);
   // a disk that takes no more than 512 bytes per file
   struct rlimit old;
   ::getrlimit(RLIMIT_FSIZE, &old);
@@ -237,7 +225,7 @@ TEST_F(ProjectFile, FailedSaveLeavesTheOldFile) {
   ::setrlimit(RLIMIT_FSIZE, &old);
   std::signal(SIGXFSZ, oldHandler);
   EXPECT_FALSE(ok);
-  EXPECT_EQ(Read_All(name), before);
+  EXPECT_EQ(Read_File(name), before);
   EXPECT_FALSE(Save_FileDAT(Study(), File("no/such/dir/X.DAT")));
 }
 

@@ -4,18 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <tuple>
-#include <unistd.h>
 
+#include "../foundation/scratch_dir.h"
 #include "foundation/Mod_Zarvek.h"
 #include "section/Catalogue.h"
 #include "section/Mod_Section.h"
 
 using namespace zarvek;
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -146,28 +142,16 @@ namespace {
 
 class Catalogue : public ::testing::Test {
  protected:
-  void SetUp() override { fs::create_directories(dir_); }
-  void TearDown() override {
-    Dec_Sep = '.';
-    fs::remove_all(dir_);
-  }
-
-  std::string Write(const std::string& name, const std::string& text) const {
-    std::ofstream((dir_ / name).string(), std::ios::binary) << text;
-    return (dir_ / name).string();
-  }
-  static std::string Read(const std::string& path) {
-    std::stringstream s;
-    s << std::ifstream(path, std::ios::binary).rdbuf();
-    return s.str();
-  }
-  const fs::path dir_ = fs::temp_directory_path() / ("zarvek_section_" + std::to_string(::getpid()));
+  void TearDown() override { Dec_Sep = '.'; }
+  std::string Write(const std::string& name, const std::string& text) const { return dir_.Write(name, text); }
+  const foundation_test::Scratch dir_;
 };
+using foundation_test::Read_File;
 
 }  // namespace
 
 TEST_F(Catalogue, BuiltFromTheTableListedByAreaAndComputed) {
-  const std::string db = (dir_ / "SECTION.DB").string();
+  const std::string db = dir_ / "SECTION.DB";
   ASSERT_TRUE(Write_SectionDB(std::string(ZARVEK_SOURCE_DIR) + "/data/rolled-sections.csv", db));
   std::vector<std::string> series;
   ASSERT_TRUE(Load_SectionsSeries(db, series));
@@ -183,7 +167,7 @@ TEST_F(Catalogue, BuiltFromTheTableListedByAreaAndComputed) {
     EXPECT_EQ(list.size(), rows[k]);
     for (size_t i = 1; i < list.size(); ++i) EXPECT_LE(area(list[i - 1]), area(list[i]) + 1e-4) << list[i].name;
   }
-  EXPECT_NE(Read(db).find("\n1\nIPE,18\nIPE 80,80,46,3.8,5.2,5\n"), std::string::npos);
+  EXPECT_NE(Read_File(db).find("\n1\nIPE,18\nIPE 80,80,46,3.8,5.2,5\n"), std::string::npos);
   SectionRecord s;
   ASSERT_TRUE(Find_Section(db, "  UB 457x191x67 ", s));
   EXPECT_FLOAT_EQ(s.h, 45.3f);
@@ -213,7 +197,7 @@ TEST_F(Catalogue, BuiltFromTheTableListedByAreaAndComputed) {
 TEST_F(Catalogue, DamagedFilesGiveEmptyListsAndTablesNeverHalfAFile) {
   std::vector<std::string> series{"stale"};
   std::vector<SectionRecord> list;
-  EXPECT_TRUE(!Load_SectionsSeries((dir_ / "absent.DB").string(), series) && series.empty());
+  EXPECT_TRUE(!Load_SectionsSeries(dir_ / "absent.DB", series) && series.empty());
 
   // a remark, then a series in quotes with DOS line ends, r = 12 mm
   const std::string good = "a remark\n1\r\n\"OK\",1\r\n\"OK 1\",100,50,4,6,12\r\n";
@@ -239,6 +223,6 @@ TEST_F(Catalogue, DamagedFilesGiveEmptyListsAndTablesNeverHalfAFile) {
                                    head + "I PE,80,80,46,3.8,5.2,5\n", head,
                                    std::string("series,h_mm\nIPE,80\n")}) {
     EXPECT_FALSE(Write_SectionDB(Write("table.csv", table), db)) << table;
-    EXPECT_EQ(Read(db), "previous\n");
+    EXPECT_EQ(Read_File(db), "previous\n");
   }
 }

@@ -4,11 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <fstream>
 #include <functional>
 #include <string>
-#include <unistd.h>
 
+#include "../foundation/scratch_dir.h"
 #include "foundation/Language.h"
 #include "solver/Example.h"
 #include "solver/Mod_StabMat.h"
@@ -23,25 +22,20 @@ inline double Mcr_Uniform(double L) {
   return M_PI / L * std::sqrt(E * Iz * G * It) * std::sqrt(1 + M_PI * M_PI * E * Iw / (L * L * G * It));
 }
 
-inline std::string Scratch_Dir() {
-  static std::string dir;
-  if (dir.empty()) {
-    char tmpl[] = "/tmp/zarvek-test-XXXXXX";
-    dir = mkdtemp(tmpl) ? tmpl : "/tmp";
-  }
+// one folder for the whole program, removed at its end
+inline const foundation_test::Scratch& Scratch_Folder() {
+  static const foundation_test::Scratch dir;
   return dir;
 }
+inline std::string Scratch_Dir() { return Scratch_Folder().path; }
 
 inline std::string Write(const ProblemData& p, const std::string& name = "P.ZVK") {
-  std::string path = Scratch_Dir() + "/" + name;
+  const std::string path = Scratch_Folder() / name;
   Write_ProblemFile(path, p, ProblemLabels::Proceed);
   return path;
 }
-
 inline std::string Write_Text(const std::string& text, const std::string& name) {
-  std::string path = Scratch_Dir() + "/" + name;
-  std::ofstream(path, std::ios::binary) << text;
-  return path;
+  return Scratch_Folder().Write(name, text);
 }
 
 // Reads a problem file with a method number that stops after assembly; mucr
