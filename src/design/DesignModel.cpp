@@ -1,7 +1,7 @@
-#include <cstring>
 #include "design/DesignModel.h"
 
 #include <cmath>
+#include <cstring>
 #include <future>
 #include <limits>
 
