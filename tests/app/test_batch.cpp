@@ -48,7 +48,6 @@ TEST(BatchRun, ExampleGivesTheClosedFormCriticalMoment) {
   fs::copy_file(d / "EXAMPLE.ZVK", elsewhere / "beam.zvk");
   RunResult r = Expect_Zero(d.path, {elsewhere / "beam.zvk"});
   Expect_ExampleResult(Lines_Of(Read_All(d / "Zarvek.TMP")));
-  EXPECT_EQ(r.out, Read_All(d / "Zarvek.TMP"));
   // the result goes to the start directory, which then holds the five files of
   // the installation, the result and the lock: nothing else is left behind
   EXPECT_FALSE(fs::exists(elsewhere / "Zarvek.TMP"));
@@ -60,7 +59,7 @@ TEST(BatchRun, ExampleGivesTheClosedFormCriticalMoment) {
   const auto lines = Lines_Of(Read_All(d / "Zarvek.TMP"));
   ASSERT_EQ(lines.size(), 4u);
   EXPECT_EQ(lines[0], "       0.000000"); EXPECT_EQ(lines[3], Message("UK", 57) + " (1)");
-  EXPECT_EQ(Lines_Of(r.out), lines);
+  EXPECT_EQ(Lines_Of(r.out), lines);  // and on standard output without a display
 }
 
 TEST(BatchRun, EachStartFailureStopsWithItsTextOnStandardError) {
@@ -114,7 +113,6 @@ TEST(SingleInstance, TwoDirectoriesRunSideBySideEachInItsLanguage) {
   EXPECT_EQ(ra.exit_code + rb.exit_code, 0) << ra.err << rb.err;
   Expect_ExampleResult(Lines_Of(Read_All(a / "Zarvek.TMP")));
   Expect_ExampleResult(Lines_Of(Read_All(b / "Zarvek.TMP")), "FR");
-  EXPECT_NE(Message("FR", 6), Message("UK", 6));
   EXPECT_TRUE(Has(rb.out, zarvek::Cp1252_To_Utf8(Message("FR", 6)) + " (0)\n"));  // UTF-8 on the console
 }
 
@@ -129,27 +127,23 @@ struct Environment {
 };
 
 TEST(UserFolder, TheBatchRouteAwayFromTheDataLeavesItsResultInTheUserFolder) {
-  TempDir home, elsewhere, xdg;
+  TempDir home, elsewhere;
   const std::string buildResult = Bin + "/Zarvek.TMP", oldResult = Read_All(buildResult);
   const bool hadResult = fs::exists(buildResult);
-  // HOME, then XDG_DATA_HOME, as the program finds them (which values count
-  // is the start place's own test)
-  for (const char* x : {static_cast<const char*>(nullptr), xdg.path.c_str()}) {
-    SCOPED_TRACE(x ? x : "(unset)");
-    Environment env(home.path, x);
-    const std::string user = (x ? std::string(x) : home / ".local/share") + "/zarvek";
-    Expect_Zero(elsewhere.path, {Bin + "/EXAMPLE.ZVK"});
-    const auto lines = Lines_Of(Read_All(user + "/Zarvek.TMP"));
-    ASSERT_EQ(lines.size(), 4u); EXPECT_NEAR(std::stod(lines[0]) * std::stod(lines[1]) / Mcr_Example(), 1.0, 1e-3);
-    EXPECT_EQ(Read_All(user + "/Zarvek.INI"), Read_All(Bin + "/Zarvek.INI"));
-    EXPECT_TRUE(fs::is_empty(elsewhere.path));
-  }
-  // the build's own start directory is not touched by any of it
+  // the folder under HOME, XDG_DATA_HOME unset (which values count is the
+  // start place's own test)
+  Environment env(home.path, nullptr);
+  const std::string user = home / ".local/share/zarvek";
+  Expect_Zero(elsewhere.path, {Bin + "/EXAMPLE.ZVK"});
+  const auto lines = Lines_Of(Read_All(user + "/Zarvek.TMP"));
+  ASSERT_EQ(lines.size(), 4u); EXPECT_NEAR(std::stod(lines[0]) * std::stod(lines[1]) / Mcr_Example(), 1.0, 1e-3);
+  EXPECT_EQ(Read_All(user + "/Zarvek.INI"), Read_All(Bin + "/Zarvek.INI"));
+  EXPECT_TRUE(fs::is_empty(elsewhere.path));
+  // the build's own start directory is not touched
   EXPECT_TRUE(fs::exists(buildResult) == hadResult && Read_All(buildResult) == oldResult);
 
   // --open names a problem for the window, not for the batch route; a
   // relative name, as a file manager may hand it over
-  Environment env(home.path, nullptr);
   fs::remove(home / ".local/share/zarvek/Zarvek.TMP");
   fs::copy_file(Bin + "/EXAMPLE.ZVK", elsewhere / "beam.zvk");
   EXPECT_TRUE(Has(Expect_Zero(elsewhere.path, {"--open", "beam.zvk"}).out, "no display"));
