@@ -66,7 +66,6 @@ class Test_Frm_Sweep : public QObject {
     const QStringList rows = QGuiApplication::clipboard()->text().split('\n', Qt::SkipEmptyParts);
     QCOMPARE(rows.size(), 5);
     QCOMPARE(rows[0], QString("Txt_L [m],mucr,Mcr [kN.m],status,\"Mb,Rd [kN.m]\",message"));
-    QVERIFY(rows[1].startsWith("0.5,,,-1,"));
     // the span typed in m reaches the solve: the last row, 11 m, in kN.m (the sweep of the closed
     // form is the core's)
     const QStringList c = rows[4].split(',');
