@@ -1,9 +1,10 @@
 // Tools > Sweep driven by the keyboard and the mouse: the range typed, the
-// run, the progress, the curve's table on the clipboard, refused points, stop.
+// run, the progress, the curve's table on the clipboard, refused points.
 #include <QtTest>
 #include <QtWidgets>
 
 #include "analysis/qt/Frm_Sweep.h"
+#include "diagrams/qt/QtSurface.h"
 #include "foundation/Language.h"
 #include "solver/solver_support.h"
 
@@ -24,6 +25,11 @@ void Range(Frm_Sweep& f, const char* from, const char* to, const char* step) {
   Type(f.Txt_From, from), Type(f.Txt_To, to), Type(f.Txt_Step, step);
 }
 
+void Shot(QWidget& w, const char* name) {
+  const QByteArray dir = qgetenv("ZARVEK_SHOT_DIR");
+  if (!dir.isEmpty()) w.grab().save(QString(dir) + "/" + name);
+}
+
 }  // namespace
 
 class Test_Frm_Sweep : public QObject {
@@ -32,12 +38,17 @@ class Test_Frm_Sweep : public QObject {
   QTemporaryDir dir_;
   BeamModel m_;
 
+  void Load(const char* code) {
+    QVERIFY(Load_LanguageFile(std::string(ZARVEK_BIN_DIR) + "/ZARVEK_" + code + ".MSG",
+                              dir_.path().toStdString() + "/L.TMP"));
+    Load_Messages();
+  }
+
  private slots:
   void initTestCase() {
     QVERIFY(dir_.isValid());
     Init_Default(m_, ZARVEK_BIN_DIR);  // IPE 300, 10 m, fork supports, 100 kN.m
-    QVERIFY(Load_LanguageFile(std::string(ZARVEK_BIN_DIR) + "/ZARVEK_UK.MSG", dir_.path().toStdString() + "/L.TMP"));
-    Load_Messages();
+    Load("UK");
   }
 
   void spanSweepByTheKeyboard() {
@@ -46,6 +57,14 @@ class Test_Frm_Sweep : public QObject {
     QVERIFY(QTest::qWaitForWindowExposed(&f));
     QCOMPARE(f.Cmb_Field->currentText(), QString("Txt_L")); QCOMPARE(f.Lbl_Unit[0]->text(), QString("m"));
     QVERIFY(!f.Cmd_Copy->isEnabled());
+
+    // another field and back, by the keys of the list
+    f.Cmb_Field->setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(f.Cmb_Field, "Txt_E");
+    QCOMPARE(f.Cmb_Field->currentText(), QString("Txt_E")); QCOMPARE(f.Lbl_Unit[0]->text(), QString("MPa"));
+    QTest::qWait(QApplication::keyboardInputInterval() + 100);  // a new search
+    QTest::keyClicks(f.Cmb_Field, "Txt_L");
+    QCOMPARE(f.Cmb_Field->currentText(), QString("Txt_L"));
 
     // a step of zero is refused in the window, nothing runs
     Range(f, "4", "12", "0");
@@ -60,17 +79,27 @@ class Test_Frm_Sweep : public QObject {
     QTRY_VERIFY_WITH_TIMEOUT(f.Cmd_Copy->isEnabled(), 20000);
     QCOMPARE(f.Prg_Sweep->maximum(), 4); QCOMPARE(f.Prg_Sweep->value(), 4);
     QCOMPARE(f.Lbl_Message->text(), QString("3 of 4 points solved"));
+    Shot(f, "sweep_en.png");
 
     QGuiApplication::clipboard()->clear();
     QTest::mouseClick(f.Cmd_Copy, Qt::LeftButton);
     const QStringList rows = QGuiApplication::clipboard()->text().split('\n', Qt::SkipEmptyParts);
     QCOMPARE(rows.size(), 5);
     QCOMPARE(rows[0], QString("Txt_L [m],mucr,Mcr [kN.m],status,\"Mb,Rd [kN.m]\",message"));
+    QVERIFY(rows[1].startsWith("0.5,,,-1,"));
     // the span typed in m reaches the solve: the last row, 11 m, in kN.m (the sweep of the closed
     // form is the core's)
     const QStringList c = rows[4].split(',');
     QCOMPARE(c[0] + " " + c[3], QString("11 0"));
     QVERIFY2(std::fabs(std::fabs(c[2].toDouble()) / (Mcr_Uniform(1100) / 100) - 1) < 1e-3, qPrintable(rows[4]));
+
+    // the curve is drawn: blue where the line runs, not only the white ground
+    const QImage img = f.Pic_Curve->imageSurface().Image();
+    const auto ink = [](QRgb c) { return qBlue(c) > 150 && qRed(c) < 80 && qGreen(c) < 80; };
+    int blue = 0;
+    for (int y = 0; y < img.height(); ++y)
+      for (int x = 0; x < img.width(); ++x) blue += ink(img.pixel(x, y));
+    QVERIFY(blue > 50);
   }
 
   void stopEndsTheRestOfTheSweep() {
@@ -86,6 +115,20 @@ class Test_Frm_Sweep : public QObject {
     QVERIFY(std::any_of(f.Points().begin(), f.Points().end(), [](auto& p) { return p.status == Sweep_NotConverged; }));
   }
 
+  void frenchTexts() {
+    Load("FR");
+    Frm_Sweep f(m_);
+    f.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&f));
+    QVERIFY(f.windowTitle().startsWith("Balayage"));
+    QCOMPARE(f.Cmd_Close->text(), QString("Fermer"));
+    Range(f, "4", "12", "2");
+    QTest::mouseClick(f.Cmd_Run, Qt::LeftButton);
+    QTRY_VERIFY_WITH_TIMEOUT(f.Cmd_Copy->isEnabled(), 20000);
+    QCOMPARE(f.Lbl_Message->text(), QString::fromUtf8("5 points résolus sur 5"));
+    Shot(f, "sweep_fr.png");
+    Load("UK");
+  }
 };
 
 QTEST_MAIN(Test_Frm_Sweep)

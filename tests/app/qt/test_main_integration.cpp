@@ -28,6 +28,8 @@ using namespace zarvek;
 
 namespace {
 
+constexpr double pi = 3.14159265358979;
+
 // The shipped example, an IPE 300 of 10 m on forks under 100 kN.m (1e4
 // kN.cm): mucr of the closed form.
 double Mucr_Example() { return test::Mcr_Uniform(1000) / 1e4; }
@@ -55,11 +57,13 @@ bool Answer(std::function<void(T*)> act, const std::function<void()>& open) {
   return QTest::qWaitFor([&] { return *seen; }, 2000);
 }
 
-// Picture elements of exactly that colour (0xBBGGRR) on the surface.
-int Count(Surface& s, Colour c) {
+// Picture elements of exactly that colour (0xBBGGRR) in a rectangle of the
+// surface, in its scale units; the whole surface by default.
+int Count(Surface& s, Colour c, double x0 = 0, double y0 = 0, double x1 = -1, double y1 = -1) {
+  if (x1 < 0) x1 = s.ScaleWidth(), y1 = s.ScaleHeight();
   int n = 0;
-  for (double y = 0; y < s.ScaleHeight(); y += s.TwipsPerPixelY())
-    for (double x = 0; x < s.ScaleWidth(); x += s.TwipsPerPixelX()) n += s.Point(x, y) == (std::int64_t)c;
+  for (double y = y0; y < y1; y += s.TwipsPerPixelY())
+    for (double x = x0; x < x1; x += s.TwipsPerPixelX()) n += s.Point(x, y) == (std::int64_t)c;
   return n;
 }
 
@@ -96,10 +100,11 @@ class Test_Main_Integration : public QObject {
     return QTest::qWaitForWindowActive(w.get()) ? std::move(w) : nullptr;
   }
 
-  void Click_Page(int p) {
-    QTest::mouseClick(w_->Tab_Zarvek->tabBar(), Qt::LeftButton, {}, w_->Tab_Zarvek->tabBar()->tabRect(p).center());
-    QTRY_COMPARE(w_->Tab_Zarvek->currentIndex(), p);
+  void Click_Tab(QTabWidget* tabs, int p) {
+    QTest::mouseClick(tabs->tabBar(), Qt::LeftButton, {}, tabs->tabBar()->tabRect(p).center());
+    QTRY_COMPARE(tabs->currentIndex(), p);
   }
+  void Click_Page(int p) { Click_Tab(w_->Tab_Zarvek, p); }
 
   void Solve() {
     QTest::mouseClick(w_->Cmd_Proceed, Qt::LeftButton);
@@ -130,6 +135,15 @@ class Test_Main_Integration : public QObject {
     QVERIFY(!F("Txt_Iz(2)")->text().isEmpty());
   }
 
+  // No tooltip shows the name of a control instead of words.
+  void Expect_Worded_Tooltips() {
+    static const QRegularExpression control("^[A-Z][A-Za-z]*_[A-Za-z]");
+    QStringList bad;
+    for (QWidget* c : w_->findChildren<QWidget*>())
+      if (control.match(c->toolTip()).hasMatch()) bad << c->objectName() + ": " + c->toolTip();
+    QVERIFY2(bad.isEmpty(), qPrintable(bad.join('\n')));
+  }
+
  private slots:
   void init() {
     start_ = std::make_unique<zarvek_test::StartDir>("UK");
@@ -140,12 +154,15 @@ class Test_Main_Integration : public QObject {
   }
 
   void cleanup() {
+    if (auto* h = Help_Browser()) h->close();
+    if (auto* p = Help_PictureWindow()) p->close();
     w_.reset(), start_.reset();
   }
 
   // UK -> FR through the options: the main window's captions follow, the
   // restraint lists keep their choice and a typed spring keeps its number.
   void languageSwitchTranslatesTheMainWindow() {
+    Expect_Worded_Tooltips();
     Click_Page(1);
     auto* v2 = F<QComboBox>("Lst_v2");
     v2->setCurrentIndex(2);
@@ -165,6 +182,9 @@ class Test_Main_Integration : public QObject {
     QCOMPARE(w_->Model().Lst_v1.index, 1);
     QCOMPARE(v2->currentText(), QString("350")); QCOMPARE(w_->Model().Lst_v2.index, -1);
     QCOMPARE(Num_Of_Text(w_->Model().Lst_v2.text), 350.0);
+    QCOMPARE(w_->Menu_File->title(), QString("&Fichier"));
+    Expect_Worded_Tooltips();
+    QVERIFY(!w_->Cmd_Dimensions->toolTip().isEmpty());
   }
 
   // A solved beam: Cancel or Esc in the options window changes nothing of
@@ -187,7 +207,8 @@ class Test_Main_Integration : public QObject {
     }
   }
 
-  // Alt+E opens the Edit menu in one stroke on every page.
+  // Alt+E opens the Edit menu in one stroke on every page; the mode table's
+  // button of the results page answers to a letter of its own.
   void altEIsTheEditMenuOnEveryPage() {
     for (int p = 0; p < 4; ++p) {
       Click_Page(p);
@@ -196,6 +217,26 @@ class Test_Main_Integration : public QObject {
       QTest::keyClick(w_->Menu_Edit, Qt::Key_Escape);
       QTRY_VERIFY(!w_->Menu_Edit->isVisible());
     }
+    Solve();
+    int opened = 0;
+    w_->Hooks.EditEigen = [&opened] { ++opened; };
+    const Qt::Key key = QKeySequence::mnemonic(w_->Cmd_EditEigen->text())[0].key();
+    QVERIFY(key != Qt::Key_E && key != 0);
+    Key(key, Qt::AltModifier);
+    QTRY_COMPARE(opened, 1);
+  }
+
+  // The check of the dimensions leaves their page in front, with the
+  // properties it computed in view, though the route is the catalogue's.
+  void dimensionsCheckKeepsItsPropertiesInView() {
+    QVERIFY(w_->Model().Opt_Catalogue);
+    Click_Page(0);
+    Click_Tab(w_->Tab_Section, 1);
+    QTest::mouseClick(w_->Cmd_Dimensions, Qt::LeftButton);
+    QCoreApplication::processEvents();
+    QCOMPARE(w_->Tab_Section->currentIndex(), 1);
+    for (const char* f : {"Txt_Iz(2)", "Txt_It(2)", "Txt_Iw(2)"})
+      QVERIFY2(!F(f)->visibleRegion().isEmpty() && Value(f) > 0, f);
   }
 
   // The window fits a 1366 x 768 screen with a task bar: its least size
@@ -231,13 +272,49 @@ class Test_Main_Integration : public QObject {
     }
   }
 
+  // An HEA 100 (h 96, b 100, tf 8, tw 5, r 12 mm) is wider than high. Its
+  // depth fills 0.9 of the height, so its flanges are 0.9 H b / h = 0.94 H
+  // wide: both flange tips lie on the picture at the least and at a large
+  // window size. The "+" of the forces, printed at 0.9 of the height, is as
+  // high as it is wide and ends above the bottom edge.
+  void sectionAndForcesAreWholeAtEverySize() {
+    Enter_Section("9.6", "10", "0.8", "0.5", "1.2");
+    const double h = 9.6, b = 10, tf = 0.8;
+    for (const QSize size : {w_->minimumSizeHint().expandedTo(w_->minimumSize()), QSize(1700, 1050)}) {
+      const QString at = QString("%1x%2").arg(size.width()).arg(size.height());
+      w_->resize(size);
+      Click_Page(0);
+      QCoreApplication::processEvents();
+      Surface& s = w_->Img_Section->surface();
+      const double W = s.ScaleWidth(), H = s.ScaleHeight(), px = s.TwipsPerPixelX();
+      const double k = 0.9 * H / h, y = (H - h * k) / 2 + tf * k / 2;
+      for (double tip : {W / 2 - b * k / 2, W / 2 + b * k / 2})
+        QVERIFY2(tip > 0 && tip < W && Count(s, 0x000000, tip - 2 * px, y - px, tip + 2 * px, y + px) > 0,
+                 qPrintable(at));
+
+      Click_Page(2);
+      QCoreApplication::processEvents();
+      Surface& f = w_->Img_Forces->surface();
+      const double FW = f.ScaleWidth(), FH = f.ScaleHeight(), fx = f.TwipsPerPixelX();
+      // the ink of "+" in the left margin, below the "0" at 0.46 H
+      int left = INT_MAX, right = -1, top = INT_MAX, bottom = -1;
+      for (int j = (int)(0.7 * FH / fx); j < (int)(FH / fx); ++j)
+        for (int i = 0; i < (int)(0.05 * FW / fx) - 1; ++i)
+          if (f.Point(i * fx, j * fx) != 0xE0E0E0)  // ink on the background
+            left = std::min(left, i), right = std::max(right, i), top = std::min(top, j), bottom = std::max(bottom, j);
+      QVERIFY2(right >= 0 && bottom < (int)(FH / fx) - 1 && bottom - top >= right - left - 1,
+               qPrintable(QString("%1: + %2 wide, %3 high, bottom %4").arg(at).arg(right - left + 1)
+                              .arg(bottom - top + 1).arg(bottom)));
+    }
+  }
+
   // More properties of a project of the dimensions route, opened in a new
   // session, show its own section: h 40 cm, flanges 15 x 1.07, web 0.71, root
   // radius 1.5 give A = 2 x 15 x 1.07 + (40 - 2 x 1.07) x 0.71 + 4 (1 - pi/4)
   // 1.5^2 = 60.91 cm2. The page in view goes into the project and comes back.
   void projectKeepsItsSectionAndItsPage() {
     Enter_Section("40", "15", "1.07", "0.71", "1.5");
-    const double area = 2 * 15 * 1.07 + (40 - 2 * 1.07) * 0.71 + 4 * (1 - M_PI / 4) * 1.5 * 1.5;
+    const double area = 2 * 15 * 1.07 + (40 - 2 * 1.07) * 0.71 + 4 * (1 - pi / 4) * 1.5 * 1.5;
     const QString file = start_->file("deep.DAT");
     chosen_ << file << file;
     w_->Menu_File_SaveAs_Action->trigger();
@@ -272,6 +349,20 @@ class Test_Main_Integration : public QObject {
     QCOMPARE(icon, QMessageBox::Warning); QVERIFY2(text.contains("CUT.DAT"), qPrintable(text));
   }
 
+  void helpOfThePageAndPictures() {
+    Click_Page(1);
+    QTest::keyClick(w_.get(), Qt::Key_F1);
+    QVERIFY(Help_Browser() && Help_Browser()->isVisible());
+    QCOMPARE(Help_Browser()->Current_Context(), 210);
+    QVERIFY(!Help_Browser()->Txt_Help->toPlainText().trimmed().isEmpty());
+    w_->Cmd_Help[4]->click();
+    Frm_Help* p = Help_PictureWindow();
+    QVERIFY(p && p->isVisible() && p->Img_Help->pixmap().width() > 100);
+    QCOMPARE(p->Picture_Index(), 4);
+    Click_Page(2);  // another page: the picture told of the page it was asked from
+    QVERIFY(!p->isVisible());
+  }
+
   // The catalogue's choice reaches the main window: IPE 200, Iz 142.4 cm4
   // (tables). The window itself is proved in its own test.
   void catalogueTransfersTheSection() {
@@ -285,9 +376,10 @@ class Test_Main_Integration : public QObject {
   }
 
   // A problem file of 300 elements (the main window's list says 100), opened
-  // through its editor: F5 solves it as the batch route does. A file that
-  // fails then clears the results and the drawings of the first, the box
-  // naming it; F5 with no file of the user's solves nothing.
+  // through its editor: F5 solves it as the batch route does, the mode drawn
+  // over its 301 nodes (the half sine on forks back on the axis at the right
+  // end). A file that fails then clears the results and the drawings of the
+  // first, the box naming it; F5 with no file of the user's solves nothing.
   void externalModeSolvesTheProblemFile() {
     QStringList boxes;  // the warning of the external mode, answered
     QVERIFY(Answer<QMessageBox>([&boxes](QMessageBox* b) { boxes << b->text(), b->accept(); },
@@ -319,13 +411,28 @@ class Test_Main_Integration : public QObject {
     QVERIFY(batch.Written);
     QVERIFY2(std::fabs(mucr / Num_Of_Text(batch.Clipboard_Text) - 1) < 1e-4,
              qPrintable(F("Txt_mucr")->text() + " <> " + QString::fromStdString(batch.Clipboard_Text)));
+    w_->Cmd_Draw3D->click();  // no 3D view of a problem file
+    QVERIFY(!QApplication::activeModalWidget());
+
+    // the v curve near the right end of its frame lies on the axis
+    const QImage img = w_->Img_Eigenmode->imageSurface().Image();
+    const Colour v = w_->Diagrams().Color_v;
+    const QRgb blue = qRgb(v & 0xFF, (v >> 8) & 0xFF, (v >> 16) & 0xFF);
+    const int right = (int)std::lround(img.width() * 0.95), mid = img.height() / 2;
+    int found = 0, far = 0;
+    for (int x = right - 4; x < right; ++x)
+      for (int y = 0; y < img.height(); ++y)
+        if (img.pixel(x, y) == blue) ++found, far += std::abs(y - mid) > 4;
+    QVERIFY(found > 0); QCOMPARE(far, 0);
 
     // a file that fails (no moment, status 112)
     for (int e = 1; e <= 300; ++e) p.M1[e] = p.M2[e] = 0;
     QVERIFY(Write_ProblemFile(path, p, ProblemLabels::SaveFileZVK));
     QString text;
-    QVERIFY(Answer<QMessageBox>([&](QMessageBox* b) { text = b->text(), b->accept(); },
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    QVERIFY(Answer<QMessageBox>([&](QMessageBox* b) { text = b->text(), icon = b->icon(), b->accept(); },
                                 [this] { Key(Qt::Key_F5); }));
+    QCOMPARE(icon, QMessageBox::Warning);
     QVERIFY2(text.contains(QString::fromStdString(path)) && text.contains("(112)"), qPrintable(text));
     for (const char* f : {"Txt_mucr", "Txt_Mcr", "Txt_Mmax(0)"}) QCOMPARE(F(f)->text(), QString("0"));
     // neither the mode nor the forces of the first file stay drawn
