@@ -206,10 +206,11 @@ class Test_Frm_DirectData : public QObject {
     const QString stray = QString::fromStdString(Msg(81));
     QFile::remove(stray);
     QString text;  // of the first real box, read and closed as it comes up; the timer dies with the test
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
     QTimer poll;
     connect(&poll, &QTimer::timeout, [&] {
       if (auto* b = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-        text = b->text();
+        std::tie(text, icon) = std::tuple(b->text(), b->icon());
         b->accept();
         poll.stop();
       }
@@ -217,6 +218,7 @@ class Test_Frm_DirectData : public QObject {
     poll.start(10);
     Open(path, 50, false);
     QTRY_VERIFY(!text.isEmpty());
+    QCOMPARE(icon, QMessageBox::Warning);  // the box had no icon
     QVERIFY2(text.contains(QString::fromStdString(path)), qPrintable(text));
     QVERIFY2(text.contains("line 9") && text.contains("1e400"), qPrintable(text));
     QVERIFY(f_->windowTitle().endsWith(stray));

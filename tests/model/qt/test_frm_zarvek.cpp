@@ -192,6 +192,18 @@ class Test_Frm_Zarvek : public QObject {
     QVERIFY(E("Txt_Nu")->isReadOnly() && E("Txt_Nu")->focusPolicy() == Qt::NoFocus);
   }
 
+  void keyFiltersByField() {
+    const struct { const char *field, *keys, *shown; } cases[] = {  // shown with the locale's point
+        {"Txt_L", "2,5", "2.5"}, {"Txt_L", "2.5", "2.5"}, {"Txt_L", "-8", "8"}, {"Txt_M1", "-8,5", "-8.5"},
+        {"Txt_xf1", "a0.3", "0.3"}, {"Txt_Iw(3)", "1E5", "1E5"}, {"Txt_zend1", "-3", "-3"}};
+    for (const auto& c : cases) {
+      Select_Page(Find_Field(c.field)->page);
+      if (std::string(c.field) == "Txt_Iw(3)") Click(F<QRadioButton>("Opt_Properties"));
+      Type(c.field, c.keys);
+      QCOMPARE(E(c.field)->text(), Local(c.shown));
+    }
+  }
+
   // Restraint lists as the keyboard reaches them: a click puts the focus on the list (not on its
   // inner line), so the keys arrive at the list. "Fixed" can't be typed over; Down chooses the
   // spring item, which shows its unit; a spring takes no letter and no minus, a comma is the
