@@ -160,7 +160,6 @@ TEST(DesignExamples, UniversalBeamLoadOnTopFlange) {
   const Solved s = Solve(Example(5), true);
   EXPECT_EQ(s.d.result.kc, 0.94);
   EXPECT_LT(s.Mcr, 0.8 * 216.0);
-  EXPECT_LT(s.d.result.MbRd / kNm, 181.1);
   Expect_Hand(s, {215.96, 1471, 'c', 1.369, 1.440, 0.443, 0.989, 0.448, 181.1});
 }
 
