@@ -77,6 +77,20 @@ TEST(StartPlace, TheUserFolderFollowsXdgAndAFolderThatCantBeMadeIsSaid) {
   EXPECT_NE(Choose_StartPlace(cwd.path, inst.bin, "", "").Error, "");
 }
 
+TEST(StartPlace, ABuildTreeIsItsOwnInstalledData) {
+  Scratch t;
+  t.Ship("bin", {"ZARVEK_UK.MSG", "SECTION.DB"});
+  EXPECT_EQ(Installed_DataDir(t / "bin"), t / "bin");
+  // ./Zarvek started in its own build folder: that folder is the start
+  // directory (its .INI is read and written), the user's home is left alone
+  EXPECT_EQ(Choose_StartPlace(t / "bin", t / "bin", "", t / "home").Start_Dir, t / "bin");
+  EXPECT_FALSE(fs::exists(t / "home"));
+  // ../share/zarvek wins when both hold the data
+  t.Ship("share/zarvek", {"ZARVEK_UK.MSG", "SECTION.DB"});
+  EXPECT_EQ(Installed_DataDir(t / "bin/"), t / "share/zarvek");
+  EXPECT_EQ(Installed_DataDir(t / "nowhere"), "");
+}
+
 // The first start of an installed program, then a change of language: the user's folder gets its own .INI
 // file, every data file is read from the installed folder, and nothing is written there.
 TEST(StartPlace, FirstStartReadsTheInstalledDataAndWritesOnlyTheUserFolder) {

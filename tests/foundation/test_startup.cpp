@@ -1,7 +1,8 @@
 // Start-up: the command line, the file names, the .INI file and the language; what a change of language
-// writes and reloads.
+// writes and reloads, and where each line of a window's section goes.
 #include <gtest/gtest.h>
 
+#include "foundation/FormTexts.h"
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
 #include "foundation/Options.h"
@@ -39,7 +40,7 @@ TEST(CommandLine, OnlyAnExistingProblemFileStartsTheBatchRun) {
   }
 }
 
-TEST(StartPaths, AStaleScratchFileGoes) {
+TEST(StartPaths, NamesComeFromTheStartDirectoryAndAStaleScratchFileGoes) {
   Scratch d;
   d.Write("Zarvek.TMP", "left by a crash");
   d.Write("zarvek.tmp", "somebody else's");
@@ -47,6 +48,14 @@ TEST(StartPaths, AStaleScratchFileGoes) {
   Set_StartPaths(d.path + "/", s);
   EXPECT_FALSE(fs::exists(d / "Zarvek.TMP"));
   EXPECT_TRUE(fs::exists(d / "zarvek.tmp"));
+
+  s.Language_Code = "FR";
+  Set_InteractivePaths(s);
+  // no French help: the English one is handed over, and the missing name stays
+  EXPECT_EQ((Texts{s.File_Help, s.App_HelpFile}), (Texts{d / "ZVK_FR.HLP", d / "ZVK_UK.HLP"}));
+  d.Write("ZVK_FR.HLP", "");
+  Set_InteractivePaths(s);
+  EXPECT_EQ(s.App_HelpFile, d / "ZVK_FR.HLP");
 }
 
 TEST(IniFile, TheFirstLineWithTheExactKeyGivesTheLanguage) {
@@ -86,11 +95,12 @@ TEST(SingleInstance, OneHolderPerStartDirectory) {
 
 TEST(RewriteIniFile, ReplacesTheKeyAndKeepsEveryOtherLine) {
   const std::pair<const char*, const char*> cases[] = {
+      {"LANGUAGE=UK\n", "LANGUAGE=FR\n"},
       {"; settings\nLANGUAGE=UK\nOTHER=1\n", "; settings\nLANGUAGE=FR\nOTHER=1\n"},
       {"LANGUAGE=UK\r\nOTHER=1\r\n", "LANGUAGE=FR\r\nOTHER=1\r\n"},
       // only the first line with the key, as the start-up reads only that one
       {"LANGUAGE=UK\nLANGUAGE=DE\n", "LANGUAGE=FR\nLANGUAGE=DE\n"},
-      {"OTHER=1\n", "OTHER=1\nLANGUAGE=FR\n"},
+      {"OTHER=1\n", "OTHER=1\nLANGUAGE=FR\n"}, {"", "LANGUAGE=FR\n"},
       {nullptr, "LANGUAGE=FR\n"},  // no file yet
   };
   for (const auto& [before, after] : cases) {
@@ -140,6 +150,18 @@ TEST(ChangeLanguage, LoadsTheNewTextsAndWritesTheIniFileOrChangesNothing) {
   EXPECT_EQ(error, "Error in reading " + (d / "ZARVEK_XX.MSG"));
   // The next start still finds a language it can read.
   EXPECT_EQ((Texts{d.Read("Zarvek.INI"), s.Language_Code, Msg(20)}), (Texts{"LANGUAGE=UK\n", "UK", "Fixed"}));
+}
+
+// Each window's table of targets has exactly one target per line of its
+// section, so that no caption goes to the wrong control.
+TEST(FormTargets, OneTargetPerLineOfTheSection) {
+  for (const char* w : {"FRM_OPTIONS", "FRM_SECTION", "FRM_HELP", "FRM_PROPERTIES", "FRM_ABOUT"}) {
+    const int section = Section_Of_Window(w);
+    ASSERT_GE(section, 0) << w;
+    EXPECT_EQ(int(Form_Targets(w).size()), Section_Size(section)) << w;
+    EXPECT_EQ(Form_Targets(w).front(), "") << w << ": the first line is the caption";
+  }
+  EXPECT_TRUE(Form_Targets("MINICALCULETTE").empty());
 }
 
 }  // namespace
