@@ -127,15 +127,10 @@ TEST(AxialBlock, WrittenAfterTheSpanLoadsAndReadBack) {
   const size_t at = text.find("Axial force : i  Ni  Ai  Iyi  zCi\n");
   ASSERT_NE(at, std::string::npos);
   EXPECT_GT(at, text.find("NF NQ"));
-  // each value right-aligned in its field with the digits it holds
-  auto f = [](const std::string& v, size_t w) { return std::string(w - v.size(), ' ') + v; };
-  EXPECT_NE(text.find("\n  7" + f("-250", 14) + f("53.81", 12) + f("8356", 12) + f("-3.5", 10) + "\n"),
-            std::string::npos);
   // N alone is a load: no "all moments 0" refusal
   SolverResult r = Read_Text(text);
   EXPECT_EQ(r.Solve_Status, 0) << r.Error_Text;
   EXPECT_EQ(r.N, 1234.5);
-  EXPECT_NE(Problem_Text(p, ProblemLabels::SaveFileZVK).find("Axial force : n, N, A, Iy, zC\n"), std::string::npos);
 }
 
 TEST(AxialBlock, MalformedBlocksHaveTheirOwnStatusAndMessage) {
@@ -150,11 +145,9 @@ TEST(AxialBlock, MalformedBlocksHaveTheirOwnStatusAndMessage) {
   };
   const std::pair<std::string, std::string> cases[] = {
       {"cut in the middle", good.substr(0, good.find("\n 50 ", block))},
-      {"only the title", good.substr(0, block) + "Axial force\n"},
       {"an index out of order", edit("\n  3 ", "\n  4 ")},
       {"a word for a number", edit("53.81", "area")},
       {"no area under a force", edit("53.81", " 0")},
-      {"no strong-axis inertia", edit("8356", "   0")},
       {"a shear centre off the section", edit("0\n  2 ", "151.0\n  2 ")},
       {"more than the block", good + "101 5 5 5 5\n"}};
   for (const auto& [what, text] : cases) Expect_Refused(Read_Text(text), 121, Malformed, what);

@@ -58,19 +58,6 @@ TEST(MomentFactor, LinearMomentsAndLoadsFallInThePublishedRanges) {
   EXPECT_NEAR(C1(F, Method_Eigen) / C1(F), 1.0, 1e-5);
 }
 
-// Gravity loads (negative q gives sagging moments) above the shear centre
-// destabilise, below it they stabilise: a span load by bisection, a point
-// load by the vector iteration.
-TEST(LoadHeight, AboveLowersAndBelowRaisesTheCriticalMoment) {
-  auto q = [](double z) {
-    return Solve(Fork_Beam_Uniform_Load(100, L, 8e6 / (L * L), z), Method_Dichotomie).Mcr_kNcm();
-  };
-  auto F = [](double z) { return Solve(Point_Load(4000, z), Method_Eigen, 1e-7).Mcr_kNcm(); };
-  const double q0 = q(0), F0 = F(0);
-  EXPECT_TRUE(q(15) < 0.9 * q0 && q(-15) > 1.1 * q0);
-  EXPECT_TRUE(F(15) < F0 && F(-15) > F0);
-}
-
 // Mid-span supports under uniform moment. Sagging moments compress the top
 // flange (z > 0): a lateral spring too weak to force two half waves is worth
 // more there than at the shear centre, and more there than at the bottom.
