@@ -11,7 +11,6 @@ TEST(Surface, ScalesMapToTwips) {
   // A 3000 x 1500 twips box (200 x 100 pixels). Per row: ScaleMode (-1: the
   // user scale left, top, width, height), a point x, y and its device twips.
   const struct { const char* name; int mode; double left, top, width, height, x, y, tx, ty; } cases[] = {
-      {"twips", zarvek::Scale_Twips, 0, 0, 0, 0, 1500, 300, 1500, 300},
       {"pixels", zarvek::Scale_Pixels, 0, 0, 0, 0, 100, 20, 1500, 300},
       // a centred scale with y upward, as the 3D view sets it
       {"y up", -1, -10, 5, 20, -10, 0, 0, 1500, 750},
