@@ -3,6 +3,7 @@
 #include <QtTest>
 #include <QtWidgets>
 
+#include "foundation/qt/Frm_Options.h"
 #include "section/qt/Frm_Section.h"
 #include "tools/qt/Frm_Help.h"
 #include "tools/qt/HelpPictures.h"
@@ -68,8 +69,8 @@ class TestHelpWindows : public QObject {
     }
   }
 
-  // F1 in a modal dialog opens its topic, and the help stays usable although the dialog is modal.
-  void f1InAModalDialogOpensItsTopic() {
+  // F1 in a dialog opens its topic, and the help stays usable although the dialog is modal.
+  void f1InDialogsOpensTheirTopic() {
     zarvek_test::StartDir start;
     BeamModel m;
     Init_Default(m, start.path());
@@ -88,6 +89,15 @@ class TestHelpWindows : public QObject {
     catalogue.Show_Modal();
     QCOMPARE(shown, QString("UK/catalogue.html"));
     QVERIFY(unblocked);
+
+    Frm_Options options(m, start.state);
+    options.Prepare();
+    options.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&options));
+    QApplication::setActiveWindow(&options);
+    QTest::keyClick(&options, Qt::Key_F1);
+    QCOMPARE(Shown_Page(), QString("UK/options.html"));
+    options.hide();
   }
 
   void helpPictureWindow() {
@@ -99,7 +109,9 @@ class TestHelpWindows : public QObject {
     Frm_Help* w = Affiche_HelpImage(2, &main);
     QVERIFY(w && w->isVisible() && w->Picture_Index() == 2);
     QCOMPARE(w->windowTitle(), QString("Aide"));
+    // The window takes the size of its picture.
     QCOMPARE(w->Img_Help->pixmap().deviceIndependentSize().toSize(), Help_PictureSize());
+    QVERIFY(std::abs(w->width() - Help_PictureSize().width()) <= 2);
     // F1 on the picture of the restraints opens the restraints page.
     QApplication::setActiveWindow(w);
     QTest::keyClick(w, Qt::Key_F1);
@@ -114,6 +126,43 @@ class TestHelpWindows : public QObject {
     }
     QVERIFY(start.Load());
     QVERIFY(Help_Picture(2) == fr);
+  }
+
+  // A curve or a mark of a help picture has the colour it has on the screen (colours 0xBBGGRR there):
+  // M black, v blue 0xC00000, theta black, v' red 0x0000FF, theta' green 0x008000, G blue, S green.
+  void helpPicturesSpeakTheColoursOfTheDiagrams() {
+    const QColor blue(0, 0, 0xC0), black(0, 0, 0), red(0xFF, 0, 0), green(0, 0x80, 0);
+    auto near = [](QColor a, QColor b, int tol) {
+      return std::abs(a.red() - b.red()) <= tol && std::abs(a.green() - b.green()) <= tol &&
+             std::abs(a.blue() - b.blue()) <= tol;
+    };
+    // "Reading the diagrams": a parabola of M, sine halves of v and theta, 60, 45 and 30 pixels deep at
+    // midspan (x = 280); a thin antialiased curve crosses that column near its depth
+    const QImage d = Help_Picture(6, 1);
+    for (const auto& [y, c] : {std::pair{90 + 60, black}, {250 + 45, blue}, {250 + 30, black}}) {
+      bool crossed = false;
+      for (int dy = -3; dy <= 3; ++dy) crossed |= near(d.pixelColor(280, y + dy), c, 40);
+      QVERIFY2(crossed, qPrintable(QString::number(y)));
+    }
+    // The section: the discs of G and S, 105 and 80 pixels above the base.
+    const QImage s = Help_Picture(1, 1);
+    QCOMPARE(s.pixelColor(165, 300 - 105), blue);
+    QCOMPARE(s.pixelColor(165, 300 - 80), green);
+    // The four end freedoms, one quarter of the picture each, in the colours
+    // of their mode curves, and no red outside v'.
+    const QImage e = Help_Picture(2, 1);
+    const QColor hue[4] = {blue, black, red, green};
+    for (int k = 0; k < 4; ++k) {
+      int own = 0, reds = 0;
+      for (int y = 50 + (k / 2) * 140; y < 190 + (k / 2) * 140; ++y)
+        for (int x = (k % 2) * 280; x < 280 + (k % 2) * 280; ++x) {
+          const QColor c = e.pixelColor(x, y);
+          own += near(c, hue[k], 12);
+          reds += c.red() > 150 && c.green() < 90 && c.blue() < 90;
+        }
+      QVERIFY2(own >= 10, qPrintable(QString("quarter %1: %2").arg(k).arg(own)));
+      QVERIFY2(k == 2 || reds == 0, qPrintable(QString("quarter %1: %2").arg(k).arg(reds)));
+    }
   }
 };
 
