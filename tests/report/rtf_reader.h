@@ -19,7 +19,6 @@ struct Rtf_Picture {
 struct Rtf_Content {
   std::string text;
   std::vector<Rtf_Picture> pictures;
-  std::vector<std::string> fonts;
   bool well_formed = false;  // braces balance and the text starts with {\rtf
 };
 
@@ -31,11 +30,11 @@ inline void Put_Utf8(std::string& out, std::uint32_t cp) {
 
 inline Rtf_Content Read_Rtf(const std::string& s) {
   Rtf_Content c;
-  enum Dest { Text, Skip, Pict, Font };
+  enum Dest { Text, Skip, Pict };
   std::vector<Dest> stack;
   Dest dest = Text;
   int skipFallback = 0;  // characters of a \uN escape's fallback still to pass over
-  std::string fontName, hex;
+  std::string hex;
   auto put = [&](char ch) { skipFallback ? void(--skipFallback) : void(c.text += ch); };
   c.well_formed = s.rfind("{\\rtf", 0) == 0;
   for (size_t i = 0; i < s.size();) {
@@ -64,10 +63,9 @@ inline Rtf_Content Read_Rtf(const std::string& s) {
       while (!num.empty() && i < s.size() && std::isdigit((unsigned char)s[i])) num += s[i++];
       if (i < s.size() && s[i] == ' ') ++i;
       const long n = num.empty() ? 0 : std::stol(num);
-      if (word == "fonttbl") dest = Font;
-      else if (word == "colortbl" || word == "stylesheet" || word == "info") dest = Skip;
+      if (word == "fonttbl" || word == "colortbl" || word == "stylesheet" || word == "info") dest = Skip;
       else if (word == "pict") dest = Pict, c.pictures.emplace_back();
-      else if (dest == Pict && (word == "pngblip" || word == "jpegblip" || word == "wmetafile" || word == "emfblip"))
+      else if (dest == Pict && (word.ends_with("blip") || word == "wmetafile"))
         c.pictures.back().type = word;
       else if (dest == Pict && word == "picw") c.pictures.back().picw = n;
       else if (dest == Pict && word == "picwgoal") c.pictures.back().picwgoal = n;
@@ -77,9 +75,6 @@ inline Rtf_Content Read_Rtf(const std::string& s) {
     } else if (ch == '\r' || ch == '\n') {  // line ends of the file are no text
     } else if (dest == Pict) {
       if (std::isxdigit((unsigned char)ch)) hex += ch;
-    } else if (dest == Font) {
-      if (ch == ';') c.fonts.push_back(fontName), fontName.clear();
-      else fontName += ch;
     } else if (dest == Text) {
       put(ch);
     }

@@ -47,11 +47,6 @@ class Test_MiniCalculette : public QObject {
     // a change of an operand empties the result
     Type(c, "0");
     QVERIFY(c.Txt_Result->text().isEmpty());
-    // a sign, an exponent and its sign; other letters are dropped
-    c.Txt_X->clear();
-    c.Txt_X->setFocus();
-    Type(c, "-1x e-3");
-    QCOMPARE(c.Txt_X->text(), QString("-1E-3"));
   }
 
   // Transfer carries the result to X and tells of it, and does nothing
