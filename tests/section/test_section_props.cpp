@@ -28,8 +28,6 @@ SectionProps Compute(const SectionDims& d, int tab = 1) {
   return p;
 }
 
-}  // namespace
-
 TEST(SectionMono, DoublySymmetricSections) {
   // centred shear centre and no Wagner term
   for (const auto& d : {IPE300, HEB300, D{50, 20, 2.5, 0, 20, 2.5, 0, 1.2}}) {
@@ -37,10 +35,8 @@ TEST(SectionMono, DoublySymmetricSections) {
     EXPECT_TRUE(std::fabs(p.zG - d.h / 2) < 1e-9 && std::fabs(p.zC) < 1e-9) << p.zG << " " << p.zC;
     EXPECT_EQ(p.Betaz, 0.0) << d.h;  // exactly, after the cut-off
   }
-  // IPE 300 tables: A 53.81, Iy 8356, Iz 603.8, Wel,y 557.1, Wpl,y 628.4,
-  // Wel,z 80.5, Wpl,z 125.2, Iw 125.9e3, It 20.12 (cm powers); HEB 300
-  // tables: Iy 25170, Iw 1688e3. Within 0.5 %, It within 1.5 %: the
-  // rectangle sum runs 1.3 % low.
+  // IPE 300 and HEB 300 as tabulated for rolled sections (cm powers), within 0.5 %; It
+  // within 1.5 %: the rectangle sum runs 1.3 % low.
   const SectionProps p = Compute(IPE300, 0), q = Compute(HEB300, 0);
   const double got[] = {p.A, p.Iy, p.Iz, p.Wely_Top, p.Wply, p.Welz, p.Wplz, p.Iw, q.Iy, q.Iw, p.It};
   const double table[] = {53.81, 8356, 603.8, 557.1, 628.4, 80.5, 125.2, 125.9e3, 25170, 1688e3, 20.12};
@@ -59,11 +55,9 @@ TEST(SectionMono, WiderTopFlangeByHand) {
   // Plastic axis in the web at 1 + (31.25 - 10) / 0.6 = 36.4167 above the bottom.
   EXPECT_NEAR(p.Wply, 821.7708, 1e-4);
 
-  // Sign convention: z upward, zC = shear centre above G, and
-  // Betaz = integral of z (y^2 + z^2) dA / (2 Iy) - zC. The big top flange
-  // draws the shear centre up and makes Betaz negative. Thin-walled shear
-  // centre: hs = 38.75 divided as the flanges' Iz, 1000 : 83.33 (the web's
-  // 0.675 cm4 moves it by about 0.01).
+  // z upward, zC = shear centre above G, Betaz = integral of z (y^2 + z^2) dA / (2 Iy) - zC.
+  // The big top flange draws the shear centre up and makes Betaz negative. Thin-walled shear
+  // centre: hs = 38.75 divided as the flanges' Iz, 1000 : 83.33 (the web moves it by ~0.01).
   const double Iz1 = 1000, Iz2 = 1000.0 / 12, hs = 38.75;
   EXPECT_NEAR(p.zC, 0.5 + hs * Iz1 / (Iz1 + Iz2) - 26.03, 0.02);
   double Iy = 0, S = 0;  // over the three plates (width b, from z1 to z2 about G)
@@ -73,20 +67,18 @@ TEST(SectionMono, WiderTopFlangeByHand) {
   }
   EXPECT_NEAR(p.Iy, Iy, 1e-6 * Iy);
   EXPECT_NEAR(p.Betaz, S / (2 * Iy) - p.zC, 1e-5);
-  // Two flanges on the lever arm hs: Iw = hs^2 Iz1 Iz2 / (Iz1 + Iz2), the
-  // web's Iz counted with the small flange adding under 1 %.
+  // Two flanges on the lever arm hs: Iw = hs^2 Iz1 Iz2 / (Iz1 + Iz2), the web adding under 1 %.
   const double Iw = hs * hs * Iz1 * Iz2 / (Iz1 + Iz2);
   EXPECT_NEAR(p.Iw, Iw, 0.01 * Iw);
 
-  // A T (flange 2 of zero thickness): the shear centre lies where flange and
-  // web centre lines meet; the web and fillets pull it down a little.
+  // A T (flange 2 of zero thickness): the shear centre lies where flange and web centre
+  // lines meet; the web and fillets pull it down a little.
   SectionProps t = Compute(D{20, 15, 1.2, 1.0, 0.8, 0, 0, 0.8}, 2);
   EXPECT_NEAR(t.zC, 20 - 0.6 - t.zG, 0.05);
 }
 
 TEST(SectionMono, PlasticAxisInEitherFlange) {
-  // The big flange holds more than half the area: the plastic axis lies in
-  // it, on top in the first case and at the bottom in its mirror image.
+  // The big flange holds over half the area: the plastic axis lies in it, top, then bottom.
   const SectionProps a = Compute(D{40, 40, 3.0, 1.0, 10, 1.0, 0.5, 0.8});
   const SectionProps b = Compute(D{40, 10, 1.0, 0.5, 40, 3.0, 1.0, 0.8});
   EXPECT_NEAR(a.Wply, b.Wply, 1e-7 * a.Wply);
@@ -96,14 +88,12 @@ TEST(SectionMono, PlasticAxisInEitherFlange) {
 }
 
 TEST(SectionTorsion, RectanglesAndRolledSections) {
-  // J = beta b a^3, beta = 0.141, 0.196, 0.229, 0.263, 0.291, 0.312, 1/3 for
-  // b/a = 1, 1.5, 2, 3, 5, 10 and a thin strip.
+  // J = beta b a^3, with the tabulated beta of each b/a (1/3 for a thin strip).
   const double ratio[] = {1, 1.5, 2, 3, 5, 10, 1000};
   const double beta[] = {0.141, 0.196, 0.229, 0.263, 0.291, 0.312, 1.0 / 3};
   for (int i = 0; i < 7; ++i)
     EXPECT_NEAR(Calculer_ItRect(2, 2 * ratio[i]) / (beta[i] * 16 * ratio[i]), 1, 0.005) << ratio[i];
-  // Tabulated It: IPE 300 20.12, HEB 300 185.0 cm4; method 3, with its
-  // fillet term, within 0.5 %, the others within 3 %.
+  // Tabulated It in cm4; method 3, with its fillet term, within 0.5 %, the others within 3 %.
   for (int m : {1, 2, 3, 4})
     for (auto [d, It] : {std::pair{IPE300, 20.12}, {HEB300, 185.0}}) {
       const double got = Calculer_It(m, d.h, d.bf1, d.bf2, d.tf1, d.tf2, d.tw, d.r1, d.r2);
@@ -137,16 +127,8 @@ TEST(SectionLimits, EachProportionIsRefusedInItsTurn) {
   }
 }
 
-namespace {
-
-class Catalogue : public ::testing::Test {
- protected:
-  std::string Write(const std::string& name, const std::string& text) const { return dir_.Write(name, text); }
-  const foundation_test::Scratch dir_;
-};
+struct Catalogue : ::testing::Test { const foundation_test::Scratch dir_; };
 using foundation_test::Read_File;
-
-}  // namespace
 
 TEST_F(Catalogue, BuiltFromTheTableListedByAreaAndComputed) {
   const std::string db = dir_ / "SECTION.DB";
@@ -156,9 +138,7 @@ TEST_F(Catalogue, BuiltFromTheTableListedByAreaAndComputed) {
   EXPECT_EQ(series, (std::vector<std::string>{"IPE", "HEA", "HEB", "HEM", "UB", "UC"}));
   const size_t rows[] = {18, 24, 24, 24, 125, 60};  // rows of the table per series
   // the area of an I with four root fillets: 2 b tf + (h - 2 tf) tw + (4 - pi) r^2
-  auto area = [](const SectionRecord& s) {
-    return 2.0 * s.b * s.tf + (s.h - 2.0 * s.tf) * s.tw + (4 - M_PI) * s.r * s.r;
-  };
+  auto area = [](auto& s) { return 2.0 * s.b * s.tf + (s.h - 2.0 * s.tf) * s.tw + (4 - M_PI) * s.r * s.r; };
   for (size_t k = 0; k < series.size(); ++k) {
     std::vector<SectionRecord> list;
     ASSERT_TRUE(Load_SerieNumbers(db, series[k], list));
@@ -176,7 +156,7 @@ TEST_F(Catalogue, BuiltFromTheTableListedByAreaAndComputed) {
   const SectionI r = Calculer_SectionI(s);
   const SectionTransfer t = Transfer_Section(r, "IPE", 1, 1);
   EXPECT_EQ(t.Iz + " " + t.It + " " + t.Iw + " " + t.SelectedProfile, "603.78 19.868 126332 IPE 300");
-  // Tables: A 53.81, Av,z 25.68, Iy 8356, Wpl,y 628.4, Wpl,z 125.2, within 0.5 %.
+  // Tables of rolled sections, within 0.5 %.
   const double got[] = {r.A, r.Avz, r.Iy, r.Wply, r.Wplz}, table[] = {53.81, 25.68, 8356, 628.4, 125.2};
   for (int i = 0; i < 5; ++i) EXPECT_NEAR(got[i], table[i], 0.005 * table[i]) << i;
 
@@ -198,11 +178,11 @@ TEST_F(Catalogue, DamagedFilesGiveEmptyListsAndTablesNeverHalfAFile) {
   for (const std::string& bad : {good + "1\nBAD,x\n", good + "1\nBAD,3\nBAD 1,100,50,4,6,5\n",
                                  good + "1\n", good + "1\nBAD\n"}) {
     series = {"stale"};
-    EXPECT_TRUE(!Load_SectionsSeries(Write("bad.DB", bad), series) && series.empty()) << bad;
+    EXPECT_TRUE(!Load_SectionsSeries(dir_.Write("bad.DB", bad), series) && series.empty()) << bad;
   }
   // A damaged section line breaks its own series only.
   for (const char* item : {"5O", "1,5", "nan", "-4", "", "1e400"}) {
-    std::string db = Write("line.DB", good + "1\nZ,1\nZ 1,100,50," + item + ",6,5\n");
+    std::string db = dir_.Write("line.DB", good + "1\nZ,1\nZ 1,100,50," + item + ",6,5\n");
     list.resize(3);
     EXPECT_TRUE(!Load_SerieNumbers(db, "Z", list) && list.empty()) << item;
     EXPECT_TRUE(Load_SerieNumbers(db, "OK", list));
@@ -211,12 +191,14 @@ TEST_F(Catalogue, DamagedFilesGiveEmptyListsAndTablesNeverHalfAFile) {
     EXPECT_TRUE(Load_SerieNumbers(db, "XC", list) && list.empty());  // not in the file: an empty list
   }
 
-  const std::string db = Write("SECTION.DB", "previous\n");
+  const std::string db = dir_.Write("SECTION.DB", "previous\n");
   const std::string head = "series,designation,h_mm,b_mm,tw_mm,tf_mm,r_mm\n";
   for (const std::string& table : {head + "IPE,80,80,46,3.8,five,5\n", head + "IPE,80,80,46\n",
                                    head + "I PE,80,80,46,3.8,5.2,5\n", head,
                                    std::string("series,h_mm\nIPE,80\n")}) {
-    EXPECT_FALSE(Write_SectionDB(Write("table.csv", table), db)) << table;
+    EXPECT_FALSE(Write_SectionDB(dir_.Write("table.csv", table), db)) << table;
     EXPECT_EQ(Read_File(db), "previous\n");
   }
 }
+
+}  // namespace

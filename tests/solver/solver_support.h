@@ -5,7 +5,7 @@
 
 #include <cmath>
 #include <functional>
-#include <string>
+#include <tuple>
 
 #include "../foundation/scratch_dir.h"
 #include "foundation/Language.h"
@@ -23,10 +23,7 @@ inline double Mcr_Uniform(double L) {
 }
 
 // one folder for the whole program, removed at its end
-inline const foundation_test::Scratch& Scratch_Folder() {
-  static const foundation_test::Scratch dir;
-  return dir;
-}
+inline const auto& Scratch_Folder() { static const foundation_test::Scratch dir; return dir; }
 inline std::string Scratch_Dir() { return Scratch_Folder().path; }
 
 inline std::string Write(const ProblemData& p, const std::string& name = "P.ZVK") {
@@ -52,9 +49,8 @@ inline SolverResult Read_File(const std::string& path) {
 
 // A refusal: its status and text, and mucr left as passed.
 inline void Expect_Refused(const SolverResult& r, int status, const std::string& text, const std::string& what) {
-  EXPECT_EQ(r.Solve_Status, status) << what;
-  EXPECT_EQ(r.Error_Text, text) << what;
-  EXPECT_EQ(r.mucr, 42) << what;
+  EXPECT_EQ(std::tuple(r.Solve_Status, r.Error_Text, r.mucr), std::tuple(status, text, 42.0))
+      << what;
 }
 
 struct Solved {

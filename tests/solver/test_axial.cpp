@@ -52,10 +52,9 @@ class AxialBothMethods : public ::testing::TestWithParam<int> {};
 // twists first, a mono-symmetric one takes the flexural-torsional root, which
 // depends on zC^2 only (Betaz plays no part without a moment).
 TEST_P(AxialBothMethods, ColumnTakesTheLowestRoot) {
-  Section flexural, torsional, up, down;
-  torsional.It = 1, torsional.Iw = 1000;
+  const Section flexural, torsional{.It = 1, .Iw = 1000}, up{.It = 4, .zC = 10, .Betaz = 7},
+      down{.It = 4, .zC = -10, .Betaz = 7};
   ASSERT_LT(torsional.Ncr_T(), torsional.Ncr_z());
-  up.It = down.It = 4, up.Betaz = down.Betaz = 7, up.zC = 10, down.zC = -10;
   for (const Section& s : {flexural, torsional, up, down}) {
     const double lowest = std::min(s.Ncr_z(), s.Ncr_T()), Ncr = s.zC ? Closed_Form_Factor(s, 0, 1) : lowest;
     ASSERT_TRUE(!s.zC || Ncr < 0.9 * lowest) << Ncr;  // the coupling is felt
@@ -68,8 +67,7 @@ TEST_P(AxialBothMethods, ColumnTakesTheLowestRoot) {
 // Compression lowers and tension raises the critical moment of the IPE 300;
 // a mono-symmetric beam under a moment either way with a force either way.
 TEST_P(AxialBothMethods, MomentAndForceMatchTheClosedForm) {
-  Section ipe, mono;
-  mono.It = 8, mono.zC = 6, mono.Betaz = 5;
+  const Section ipe, mono{.It = 8, .zC = 6, .Betaz = 5};
   const double Mcr0 = Closed_Form_Factor(ipe, 1e6, 0) * 1e6;
   EXPECT_NEAR(Mcr0 / 100 / Mcr_Uniform(L), 1.0, 1e-9);  // the two closed forms agree
   const struct { const Section* s; double M, N; } rows[] = {
@@ -95,8 +93,7 @@ INSTANTIATE_TEST_SUITE_P(Axial, AxialBothMethods, ::testing::Values(Method_Eigen
 TEST(Axial, WithoutForceTheFactorIsTodaysToTheLastBit) {
   // a block of zeros, or none: the same factor bit for bit; a force of one
   // daN beside a critical moment of some 450 kN.m: nothing measurable
-  Section s;
-  ProblemData p = Beam(s, 1e6, 0);
+  ProblemData p = Beam(Section{}, 1e6, 0);
   const std::string text = Problem_Text(p, ProblemLabels::Proceed);
   EXPECT_EQ(text.find("Axial"), std::string::npos);
   std::string zeros = text + "Axial force\n";
@@ -107,7 +104,7 @@ TEST(Axial, WithoutForceTheFactorIsTodaysToTheLastBit) {
     ASSERT_GT(a, 0);
     EXPECT_EQ(a, b.mucr);
     EXPECT_EQ(b.N, 0);
-    EXPECT_NEAR(Solve(Beam(s, 1e6, 1), method).res.mucr / a, 1.0, 1e-4);
+    EXPECT_NEAR(Solve(Beam(Section{}, 1e6, 1), method).res.mucr / a, 1.0, 1e-4);
   }
 }
 
@@ -119,9 +116,7 @@ SolverResult Read_Text(const std::string& text) {
 }
 
 TEST(AxialBlock, WrittenAfterTheSpanLoadsAndReadBack) {
-  Section s;
-  s.zC = -3.5;
-  ProblemData p = Beam(s, 0, 1234.5);
+  ProblemData p = Beam(Section{.zC = -3.5}, 0, 1234.5);
   p.N[7] = -250;  // the largest magnitude is the one reported
   const std::string text = Problem_Text(p, ProblemLabels::Proceed);
   const size_t at = text.find("Axial force : i  Ni  Ai  Iyi  zCi\n");
@@ -134,8 +129,7 @@ TEST(AxialBlock, WrittenAfterTheSpanLoadsAndReadBack) {
 }
 
 TEST(AxialBlock, MalformedBlocksHaveTheirOwnStatusAndMessage) {
-  Section s;
-  const std::string good = Problem_Text(Beam(s, 1e6, 1000), ProblemLabels::Proceed);
+  const std::string good = Problem_Text(Beam(Section{}, 1e6, 1000), ProblemLabels::Proceed);
   const size_t block = good.find("Axial force");
   auto edit = [&](const std::string& from, const std::string& to) {
     std::string t = good;
@@ -154,7 +148,7 @@ TEST(AxialBlock, MalformedBlocksHaveTheirOwnStatusAndMessage) {
   // without moment and without force nothing loads the beam: refused with
   // the message that says so
   Set_Further_Text("No_Load", "Nothing loads the beam.");
-  const std::string none = Problem_Text(Beam(s, 0, 0), ProblemLabels::Proceed);
+  const std::string none = Problem_Text(Beam(Section{}, 0, 0), ProblemLabels::Proceed);
   Expect_Refused(Read_Text(none), 112, "Nothing loads the beam.", "no load");
 }
 

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cfenv>
-#include <cmath>
 #include <cstring>
+#include <utility>
 
 #include "solver/Faults.h"
 #include "solver/Mod_Eigen.h"
@@ -31,10 +31,12 @@ struct Chain {
       if (i > 7 && i % 4 == 0) KG(i - 7, i) = 0.05;
     }
   }
-  // the one-by-one sweep
-  void One(double mu, double& mantissa, int& exponent) const {
+  // the one-by-one sweep: mantissa and exponent of the determinant
+  std::pair<double, int> One(double mu) const {
     Skyline S;
-    Evaluate_Skyline(K, KG, n, mu, S, mantissa, exponent);
+    std::pair<double, int> d;
+    Evaluate_Skyline(K, KG, n, mu, S, d.first, d.second);
+    return d;
   }
 };
 
@@ -50,12 +52,8 @@ class Lanes : public ::testing::Test {
 TEST_F(Lanes, EachLaneDecidesAsTheOneByOneSweep) {
   const Chain c(40);
   // the first critical factor, one factor at a time
-  double lo = 0, hi = 100, m;
-  int e;
-  while (hi - lo > 1e-9 * hi) {
-    c.One((lo + hi) / 2, m, e);
-    (e > 0 ? lo : hi) = (lo + hi) / 2;
-  }
+  double lo = 0, hi = 100;
+  while (hi - lo > 1e-9 * hi) (c.One((lo + hi) / 2).second > 0 ? lo : hi) = (lo + hi) / 2;
   ASSERT_GT(lo, 0.5);
   // below and above it, the unloaded chain, close on both sides, and factors
   // far above whose lanes stop within the first columns
@@ -68,9 +66,9 @@ TEST_F(Lanes, EachLaneDecidesAsTheOneByOneSweep) {
     Lane_Outcome out[4];
     ASSERT_TRUE(Evaluate_Lanes(c.K, c.KG, c.n, mus, 4, out));
     for (int l = 0; l < 4; ++l) {
-      double m1, m2;
-      int e1, e2;
-      c.One(mus[l], m1, e1);
+      const auto [m1, e1] = c.One(mus[l]);
+      double m2;
+      int e2;
       Lane_Determinant(out[l], m2, e2);
       EXPECT_EQ(out[l].mu, mus[l]);
       EXPECT_EQ(e1, e2) << mus[l];
@@ -93,9 +91,7 @@ TEST_F(Lanes, ALaneThatWouldFaultIsLeftToTheOneByOneSweep) {
   EXPECT_FALSE(Evaluate_Lanes(c.K, c.KG, c.n, mus, 4, out));
   EXPECT_FALSE(std::fetestexcept(FE_DIVBYZERO | FE_OVERFLOW | FE_INVALID));
   // the one-by-one sweep is the one to end in the fault
-  double m;
-  int e;
-  EXPECT_THROW(c.One(0.1, m, e), Solve_Fault);
+  EXPECT_THROW(c.One(0.1), Solve_Fault);
 }
 
 }  // namespace

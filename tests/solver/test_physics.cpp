@@ -11,18 +11,10 @@ const double L = 1000;  // cm; 100 elements of 10 cm are exact in the file
 
 ProblemData Fork() { return Fork_Beam_Uniform_Moment(100, L, 1e6); }
 
-// A mid-span point load F (daN) at height z, with its moment diagram.
-ProblemData Point_Load(double F, double z) {
-  ProblemData p = Fork();
-  Set_Moments(p, [&](double x) { return F * std::min(x, L - x) / 2; });
-  Set_Point_Load(p, F, L / 2, z);
-  return p;
-}
-
 class BothMethods : public ::testing::TestWithParam<int> {};
 
+// the batch tolerance still gives four digits; converged, without warning
 TEST_P(BothMethods, UniformMomentMatchesTheClosedForm) {
-  // the batch tolerance still gives four digits; converged, without warning
   for (double tol : {1e-6, 1e-4}) {
     const Solved s = Solve(Fork(), GetParam(), tol, tol < 1e-5 ? 100 : 50);
     EXPECT_NEAR(s.Mcr_kNcm() / Mcr_Uniform(L), 1.0, 1e-4) << tol;
@@ -45,10 +37,12 @@ TEST(MomentFactor, LinearMomentsAndLoadsFallInThePublishedRanges) {
   auto C1 = [](const ProblemData& p, int method = Method_Dichotomie) {
     return Solve(p, method, 1e-7).Mcr_kNcm() / Mcr_Uniform(L);
   };
-  ProblemData psi0 = Fork(), psim1 = Fork();
+  ProblemData psi0 = Fork(), psim1 = Fork(), F = Fork();
   Set_Moments(psi0, [](double x) { return 1e6 * (1 - x / L); });
   Set_Moments(psim1, [](double x) { return 1e6 * (1 - 2 * x / L); });
-  const ProblemData q = Fork_Beam_Uniform_Load(100, L, 8e6 / (L * L), 0.0), F = Point_Load(4000, 0);
+  Set_Moments(F, [](double x) { return 4000 * std::min(x, L - x) / 2; });  // 4000 daN at mid-span
+  Set_Point_Load(F, 4000, L / 2, 0);
+  const ProblemData q = Fork_Beam_Uniform_Load(100, L, 8e6 / (L * L), 0.0);
   const struct { const ProblemData* p; double lo, hi; } rows[] = {
       {&psi0, 1.77, 1.88}, {&psim1, 2.55, 2.75}, {&q, 1.12, 1.14}, {&F, 1.30, 1.40}};
   for (const auto& r : rows) {
@@ -58,12 +52,10 @@ TEST(MomentFactor, LinearMomentsAndLoadsFallInThePublishedRanges) {
   EXPECT_NEAR(C1(F, Method_Eigen) / C1(F), 1.0, 1e-5);
 }
 
-// Mid-span supports under uniform moment. Sagging moments compress the top
-// flange (z > 0): a lateral spring too weak to force two half waves is worth
-// more there than at the shear centre, and more there than at the bottom.
-// v and theta held rigidly: two fork-supported halves, which restrain each
-// other a little in warping. A torsion and warping release leaves the halves
-// held in twist only at their forks: the critical moment drops.
+// Mid-span supports under uniform moment. A lateral spring too weak to force
+// two half waves is worth most at the compressed top flange (z > 0), least at
+// the bottom. v and theta held rigidly: two fork-supported halves, restraining
+// each other a little in warping. A torsion and warping release lowers Mcr.
 TEST(Restraints, MidSpanSupportsAndReleases) {
   auto with = [](const std::function<void(ProblemData&)>& change) {
     ProblemData p = Fork();
@@ -80,10 +72,9 @@ TEST(Restraints, MidSpanSupportsAndReleases) {
 }
 
 // A tip load at the shear centre of a cantilever. Without warping stiffness
-// (a narrow rectangle) Fcr = 4.0126 sqrt(E Iz G It) / L^2 (Prandtl, Michell;
-// the file holds It as 19.87, 2.5e-5 high). The IPE 300 itself, warping held
-// at the root, lies above that. Both methods agree, the vector iteration
-// converged with its refined mode and no warning.
+// Fcr = 4.0126 sqrt(E Iz G It) / L^2 (Prandtl, Michell); the IPE 300, warping
+// held at the root, lies above that. Both methods agree, the vector iteration
+// converged without warning.
 TEST(Cantilever, TipLoadAtTheShearCentreByBothMethods) {
   const double Lc = 300, F = 1000, Fcr = 4.0126 * std::sqrt(E * Iz * G * It) / (Lc * Lc) * 100;  // daN
   for (double iw : {0.0, Iw}) {
@@ -92,11 +83,8 @@ TEST(Cantilever, TipLoadAtTheShearCentreByBothMethods) {
     const Solved d = Solve(Cantilever(100, Lc, F, iw), Method_Dichotomie);
     EXPECT_TRUE(e.res.Converged && e.res.Warnings.empty());
     EXPECT_NEAR(e.res.mucr / d.res.mucr, 1.0, 1e-5);
-    if (iw == 0) {
-      EXPECT_NEAR(d.res.mucr * F / Fcr, 1.0, 2e-4);
-    } else {
-      EXPECT_GT(d.res.mucr * F, Fcr);
-    }
+    if (iw == 0) EXPECT_NEAR(d.res.mucr * F / Fcr, 1.0, 2e-4);
+    else EXPECT_GT(d.res.mucr * F, Fcr);
   }
 }
 

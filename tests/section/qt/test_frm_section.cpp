@@ -28,6 +28,8 @@ struct MessageCatcher {
   }
 };
 
+BeamModel Model(const zarvek_test::StartDir& s) { BeamModel m; Init_Default(m, s.path()); return m; }
+
 int Row_Of(QListWidget* l, const QString& text) {
   const auto items = l->findItems(text, Qt::MatchExactly);
   return items.isEmpty() ? -1 : l->row(items[0]);
@@ -44,8 +46,7 @@ class TestFrmSection : public QObject {
   // test), not as texts sort; Quit leaves the record.
   void listsSeriesByAreaAndQuitLeavesTheModel() {
     zarvek_test::StartDir start;
-    BeamModel m;
-    Init_Default(m, start.path());
+    BeamModel m = Model(start);
     m.Lbl_SelectedProfile = "XYZ 999";
     Frm_Section w(m, start.state.File_Section);
     w.Form_Load();
@@ -63,11 +64,9 @@ class TestFrmSection : public QObject {
   void transfersIpe300() {
     for (auto [unitIzt, Iz] : {std::pair{1, 603.78}, {0, 6.0378e6}}) {
       zarvek_test::StartDir start;
-      BeamModel m;
-      Init_Default(m, start.path());
-      m.Lst_Unit_Izt = unitIzt;
+      BeamModel m = Model(start);
+      m.Lst_Unit_Izt = unitIzt, m.Lbl_SelectedProfile = "HEA 200", m.Txt_Betaz[1] = "3";
       Set_Factors(m);
-      m.Lbl_SelectedProfile = "HEA 200", m.Txt_Betaz[1] = "3";
       Frm_Section w(m, start.state.File_Section);
       w.Form_Load();
       QCOMPARE(w.Lst_SectionSerie->currentItem()->text(), QString("HEA"));
@@ -97,13 +96,8 @@ class TestFrmSection : public QObject {
       zarvek_test::StartDir start;
       const QString db = start.file("SECTION.DB");
       QFile::remove(db);
-      if (!content.isEmpty()) {
-        QFile f(db);
-        QVERIFY(f.open(QIODevice::WriteOnly));
-        f.write(content);
-      }
-      BeamModel m;
-      Init_Default(m, start.path());
+      if (!content.isEmpty()) { QFile f(db); QVERIFY(f.open(QIODevice::WriteOnly)); f.write(content); }
+      BeamModel m = Model(start);
       Frm_Section w(m, db.toStdString());
       MessageCatcher catcher;
       w.Form_Load();
