@@ -22,6 +22,10 @@ struct Diagram {
   double L;
   std::vector<float> X, M, V;
   Diagram(int nb, double l) : NB(nb), L(l), M(2 * nb + 1, 0.0f), V(2 * nb + 1, 0.0f) { Init_EffortsX(NB, X); }
+  // the loads of the support scheme `c`, added to the diagram
+  void Force(int c, double F, double x) { Add_Force(c, L, NB, X, F, x, M, V); }
+  void Span(int c, double a, double xa, double b, double xb) { Add_DistLoad(c, L, NB, X, a, xa, b, xb, M, V); }
+  void Ends(int c, double M1, double M2) { Add_EndMoments(c, L, NB, X, M1, M2, M, V); }
   // the sample just left of the node at the fraction t (just right of the left end)
   int Near(double t) const { return std::clamp(2 * (int)std::lround(t * NB), 1, 2 * NB); }
   static double Largest(const std::vector<float>& a) {
@@ -39,9 +43,8 @@ struct Diagram {
   }
 };
 
-// The secant slope of M over an element is the mean of V over it; the mean
-// of the two end values differs from that by V'' h^2/12 under a varying span
-// load, which the relative tolerance covers.
+// The secant slope of M over an element is the mean of V over it; the mean of the two end
+// values differs from that by V'' h^2/12 under a varying span load: the tolerance covers it.
 void Expect_ShearIsSlope(const Diagram& d) {
   const double tol = 1e-4 * d.Largest(d.V) + 1e-6 * d.Largest(d.M) * d.NB / d.L + 1e-9;
   for (int i = 1; i <= d.NB; ++i) {
@@ -64,30 +67,25 @@ void Expect_SupportConditions(int Case, const Diagram& d) {
 TEST(Efforts, MidSpanForceOnPinnedBeamAndLoadsOutsideIt) {
   const double F = 1000, L = 1000;
   Diagram d(100, L), a(100, L), b(100, L), none(100, L);
-  Add_Force(Case_AA, L, d.NB, d.X, F, 0.5, d.M, d.V);
+  d.Force(Case_AA, F, 0.5);
   float Mmax = 0;
   const int j = Find_Mmax(d.NB, d.M, Mmax);
   EXPECT_NEAR(Mmax, -F * L / 4, 1e-5 * F * L);
   EXPECT_NEAR(d.X[j], 0.5, 1.5e-6);  // the sample just beside the middle
   EXPECT_NEAR(d.V[1], F / 2, 1e-5 * F); EXPECT_NEAR(d.V[101], -F / 2, 1e-5 * F);
   // a force between nodes acts on the nearest node: 0.304 -> 0.30
-  Add_Force(Case_AA, L, a.NB, a.X, F, 0.30, a.M, a.V);
-  Add_Force(Case_AA, L, b.NB, b.X, F, 0.304, b.M, b.V);
+  a.Force(Case_AA, F, 0.30), b.Force(Case_AA, F, 0.304);
   EXPECT_EQ(a.M, b.M); EXPECT_NEAR(a.V[60] - a.V[61], F, 1e-3);
   // nothing outside the beam, without load, or on the clamps
-  Add_Force(Case_AA, L, none.NB, none.X, 100, 1.2, none.M, none.V);
-  Add_Force(Case_EE, L, none.NB, none.X, 100, -0.1, none.M, none.V);
-  Add_Force(Case_EL, L, none.NB, none.X, 0, 0.5, none.M, none.V);
-  Add_DistLoad(Case_AA, L, none.NB, none.X, 0, 0, 0, 1, none.M, none.V);
-  Add_DistLoad(Case_AA, L, none.NB, none.X, 5, 0.6, 5, 0.4, none.M, none.V);
-  Add_EndMoments(Case_EE, L, none.NB, none.X, 30, 80, none.M, none.V);
+  none.Force(Case_AA, 100, 1.2), none.Force(Case_EE, 100, -0.1), none.Force(Case_EL, 0, 0.5);
+  none.Span(Case_AA, 0, 0, 0, 1), none.Span(Case_AA, 5, 0.6, 5, 0.4), none.Ends(Case_EE, 30, 80);
   EXPECT_EQ(none.Largest(none.M) + none.Largest(none.V), 0.0);
   EXPECT_EQ(Find_Mmax(none.NB, none.M, Mmax), 0); EXPECT_EQ(Mmax, 0.0f);
 }
 
 TEST(Efforts, HandbookValues) {
-  // M and V at the fraction t, in F L and F under a point load F at xF, or
-  // in q L^2 and q L under a span load from qa q to qb q over the length.
+  // M and V at the fraction t, in F L and F under a point load F at xF, or in q L^2 and q L
+  // under a span load from qa q to qb q over the length.
   struct Row { int Case; double xF, qa, qb, t, M, V; };
   const Row rows[] = {
       {Case_EL, 1.0, 0, 0, 0.0, 1.0, 1.0},  // cantilever, tip load: M(0) = F L, V = F
@@ -103,8 +101,8 @@ TEST(Efforts, HandbookValues) {
   const double F = 250, q = 2, L = 600;
   for (const Row& r : rows) {
     Diagram d(200, L);
-    if (r.xF > 0) Add_Force(r.Case, L, d.NB, d.X, F, r.xF, d.M, d.V);
-    else Add_DistLoad(r.Case, L, d.NB, d.X, r.qa * q, 0, r.qb * q, 1, d.M, d.V);
+    if (r.xF > 0) d.Force(r.Case, F, r.xF);
+    else d.Span(r.Case, r.qa * q, 0, r.qb * q, 1);
     const double P = r.xF > 0 ? F : q * L;
     const int j = d.Near(r.t);
     SCOPED_TRACE(testing::Message() << "case " << r.Case << " at " << r.t);
@@ -115,8 +113,8 @@ TEST(Efforts, HandbookValues) {
 TEST(Efforts, EndMomentsAndCouples) {
   const double L = 1000;
   Diagram d(100, L), ea(100, L), c(100, L);
-  Add_EndMoments(Case_AA, L, d.NB, d.X, -100, 50, d.M, d.V);  // linear from 100 to 50
-  Add_EndMoments(Case_EA, L, ea.NB, ea.X, 30, 80, ea.M, ea.V);  // M2 at the pin, M2/2 at the clamp
+  d.Ends(Case_AA, -100, 50);  // linear from 100 to 50
+  ea.Ends(Case_EA, 30, 80);     // M2 at the pin, M2/2 at the clamp
   EXPECT_NEAR(d.M[1], 100, 1e-3); EXPECT_NEAR(d.M[200], 50, 1e-3);
   EXPECT_NEAR(ea.M[1], -40, 1e-3); EXPECT_NEAR(ea.M[200], 80, 1e-3);
   for (const Diagram* x : {&d, &ea}) Expect_ShearIsSlope(*x);
@@ -129,9 +127,7 @@ TEST(Efforts, EveryLoadSatisfiesItsSupportsAndEquilibrium) {
   for (int Case = 1; Case <= 4; ++Case) {
     SCOPED_TRACE(Case);
     Diagram f(150, L), q(150, L), t(150, L), c(150, L);
-    Add_Force(Case, L, f.NB, f.X, 120, 0.37, f.M, f.V);
-    Add_DistLoad(Case, L, q.NB, q.X, 2.0, 0.2, -0.5, 0.7, q.M, q.V);
-    Add_DistLoad(Case, L, t.NB, t.X, 0.5, 0.1, 4.0, 0.9, t.M, t.V);
+    f.Force(Case, 120, 0.37), q.Span(Case, 2.0, 0.2, -0.5, 0.7), t.Span(Case, 0.5, 0.1, 4.0, 0.9);
     Add_Couple(Case, L, c.NB, c.X, 5000, 0.4, c.M, c.V);  // on node 61
     for (const Diagram* d : {&f, &q, &t, &c}) Expect_ShearIsSlope(*d), Expect_SupportConditions(Case, *d);
     // the end shears carry the whole span load t (none at a free end)

@@ -1,15 +1,9 @@
 // From the beam model to the problem file and through the solver: springs
 // on the nodes, the file of a record, the closed forms of the fork-supported
 // span for every mesh, an axial force, the section routes, the failures.
-#include <gtest/gtest.h>
-
 #include <algorithm>
-#include <cmath>
-#include <functional>
-#include <string>
 
 #include "analysis/Proceed.h"
-#include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
 #include "model/DataEntry.h"
 #include "model/Validation.h"
@@ -24,8 +18,7 @@ std::string Scratch(const std::string& name) { return test::Scratch_Dir() + "/" 
 
 RestraintList Spring(const std::string& text) { return RestraintList{-1, text, true}; }
 
-// A new document (IPE 300, 10 m in 100 elements, fork supports, 100 kN.m),
-// changed by `change`.
+// A new document (IPE 300, 10 m in 100 elements, fork supports, 100 kN.m), changed.
 BeamModel Default_Model(const std::function<void(BeamModel&)>& change = {}) {
   BeamModel m;
   Init_Default(m, "/tmp");
@@ -42,9 +35,8 @@ double Mucr(BeamModel& m, const std::string& name) {
 }
 
 TEST(Proceed, RestraintsOnTheNodes) {
-  // node 1 + Int(x NB + c): 0.5 x 50 + 0.50001 = 25.50001 -> 26; the two
-  // restraints round apart just below and above a half element:
-  // 0.489999 x 50 = 24.49995, 0.510001 x 50 = 25.50005
+  // node 1 + Int(x NB + c): 0.5 x 50 + 0.50001 = 25.50001 -> 26; the two restraints
+  // round apart near a half element: 0.489999 x 50 = 24.49995, 0.510001 x 50 = 25.50005
   struct { double x; int NB, node1, node2; } rows[] = {
       {0.5, 50, 26, 26}, {0.5000001, 50, 26, 26}, {0.489999, 50, 25, 26}, {0.510001, 50, 27, 26}};
   for (const auto& r : rows) {
@@ -52,15 +44,13 @@ TEST(Proceed, RestraintsOnTheNodes) {
     EXPECT_EQ(Punctual_Node(r.x, r.NB, Punctual2_Low, Punctual2_High), r.node2) << r.x;
   }
 
-  // no lateral stiffness at all: only the twist is joined, and untested
-  // this is a division by zero
+  // no lateral stiffness at all: only the twist is joined (untested, a division by zero)
   NodeSprings s(10);
   EXPECT_TRUE(Join_Spring(s, 2, 0, 5, 8)); EXPECT_EQ(s.Rt[2], 5); EXPECT_FALSE(Join_Spring(s, 2, 0, 5, 8, false));
 
-  // continuous 10 kN/m/m (1 daN/cm on a node of 10 cm) at 15 cm, punctual
-  // 3 kN/m = 3 daN/cm at -5 cm and 0.3 L: one spring of 4 at
-  // (1 x 15 - 3 x 5)/4 = 0, with a twist stiffness about that height of
-  // 1 x 15^2 + 3 x 5^2 = 300 beside the punctual 100
+  // continuous 10 kN/m/m (1 daN/cm on a node of 10 cm) at 15 cm, punctual 3 kN/m = 3 daN/cm
+  // at -5 cm and 0.3 L: one spring of 4 at (1 x 15 - 3 x 5)/4 = 0, with a twist stiffness
+  // about that height of 1 x 15^2 + 3 x 5^2 = 300 beside the punctual 100
   BeamModel m = Default_Model([](BeamModel& m) {
     m.Lst_v1 = m.Lst_v2 = Restraint_Item(0);
     m.Chk_Continuous = true, m.Lst_vi_c = Spring("10"), m.Txt_zint_c = "15";
@@ -91,8 +81,7 @@ TEST(Proceed, ProblemFileOfTheRecord) {
   ASSERT_TRUE(Build_Problem(m, p, e, status, text));
   const std::string file = Problem_Text(p, ProblemLabels::Proceed);
   EXPECT_EQ(std::count(file.begin(), file.end(), '\n'), 3 + 2 + 100 + 1 + 101 + 1 + 100 + 3 + 2 + 2);
-  // element 1; node 1 fixed (a fixed degree stands as 1e30), node 101; the
-  // loads: each number with its own digits, right-aligned in its column
+  // element 1; node 1 fixed (1e30), node 101; the loads: each number with its digits, right-aligned
   for (const char* line :
        {"\n  1       10      603.78      19.868        126332       0            -1            -1            -1\n",
         "\n  1          1E+30          1E+30              0              0         0\n",
@@ -102,11 +91,10 @@ TEST(Proceed, ProblemFileOfTheRecord) {
     EXPECT_NE(file.find(line), std::string::npos) << line << "\n" << file.substr(0, 300);
 }
 
-// A length that the mesh doesn't divide into round elements (2.01 m in 200
-// elements of 1.005 cm, 10.03 m in 150 of 6.6867 cm) reaches the solver
-// whole: Mcr of the fork-supported span under uniform moment agrees with the
-// closed form for every element count of the list, and a torsion constant
-// of 0.692 cm4 is solved as 0.692 (0.69 would lower this Mcr by 0.15 %).
+// A length the mesh doesn't divide into round elements (2.01 m in 200 of 1.005
+// cm, 10.03 m in 150 of 6.6867 cm) reaches the solver whole: Mcr under uniform
+// moment agrees with the closed form for every element count of the list; It =
+// 0.692 cm4 is solved as 0.692 (0.69 would lower this Mcr by 0.15 %).
 TEST(Proceed, EveryMeshSolvesTheBeamAsTyped) {
   for (const char* L : {"2.01", "10.03"})
     for (int nb = 0; nb < (int)NB_Items.size(); ++nb) {
@@ -150,8 +138,8 @@ TEST(Proceed, DefaultBeamGivesTheUniformMomentClosedForm) {
 TEST(Proceed, FailuresComeBackWithTheirStatus) {
   Set_Msg(57, "Error in the problem file"), Set_Msg(2, "Process stopped");
   SolveControl ctl;
-  // continuous twist spring only, left end free: no lateral stiffness at
-  // node 1, where the resultant height is divided by 0
+  // continuous twist spring only, left end free: no lateral stiffness at node 1, where the
+  // resultant height is divided by 0
   BeamModel m = Default_Model([](BeamModel& m) {
     m.Chk_Continuous = true, m.Lst_v1 = Restraint_Item(0), m.Lst_ti_c = Spring("1");
   });
@@ -172,21 +160,11 @@ TEST(Proceed, FailuresComeBackWithTheirStatus) {
 }
 
 // ---------------------------------------------------------------- axial force
-// IPE 300 as published, kN and cm; 10 m with fork supports.
-const double A = 53.81, Iy = 8356, L = 1000, i0sq = (Iy + test::Iz) / A;
-const double Nz = M_PI * M_PI * test::E * test::Iz / (L * L);
-const double NT = (test::G * test::It + M_PI * M_PI * test::E * test::Iw / (L * L)) / i0sq;
-
-// Smallest positive mu of (mu M)^2 = i0^2 (Nz - mu N)(NT - mu N), kN.cm, kN.
-double Axial_Factor(double M, double N) {
-  const double a = M * M - i0sq * N * N, b = i0sq * N * (Nz + NT), c = -i0sq * Nz * NT;
-  return (-b + std::sqrt(b * b - 4 * a * c)) / (2 * a);
-}
-
 TEST(AxialProceed, ForceBesideTheMomentOnBothRoutesAndAlone) {
+  const double Nz = test::AxialSection{}.Ncr_z() / 100;  // the IPE 300's column load, kN
   for (const char* N : {"50", "-50"}) {
     BeamModel m = Default_Model([N](BeamModel& m) { m.Txt_N = N; });  // 100 kN.m uniform moment
-    const double mu = Axial_Factor(1e4, Num_Of_Text(N));
+    const double mu = test::Closed_Form_Factor({}, 1e6, 100 * Num_Of_Text(N));  // daN.cm, daN
     EXPECT_NEAR(Mucr(m, "CAT.ZVK") / mu, 1.0, 2e-3) << N;
     EXPECT_NEAR(Num_Of_Text(m.Txt_Ncr) / (mu * Num_Of_Text(N)), 1.0, 2e-3);
     EXPECT_NEAR(Num_Of_Text(m.Txt_Mcr) / (mu * 100), 1.0, 2e-3);
@@ -224,19 +202,16 @@ BeamModel By_Dimensions(int shape, const std::string& bf1, const std::string& bf
 }
 
 // h 300, b 150, tw 7.1, tf 10.7, r 15 mm, the default dimensions: the IPE 300
-// of the catalogue (its constants by hand are the data-entry test's), solved
-// from the slot of the dimensions.
+// of the catalogue, solved from the slot of the dimensions.
 TEST(SectionRoutes, AnIpe300ByItsDimensionsMatchesTheCatalogue) {
   BeamModel cat = Default_Model(), dim = By_Dimensions(0, "15", "15");
   EXPECT_NEAR(Mucr(dim, "DIM.ZVK") / Mucr(cat, "CAT.ZVK"), 1.0, 0.005);
 }
 
-// Flange 1 is the top one; the default moments (-100, 100 at the ends: 100
-// kN.m all along) compress it. The same section upside down swaps sagging and
-// hogging, up to the warping constant: Iw = d^2 I1 (1 - I1/Iz) counts the web
-// and fillets in Iz, so that the section and its mirror differ by 1.8 % in Iw
-// and about 0.1 % in Mcr. The signs of zS and beta_z are the section test's;
-// here they must reach the solver the right way up.
+// Flange 1 is the top one, compressed by the default 100 kN.m. The section
+// upside down swaps sagging and hogging, up to Iw = d^2 I1 (1 - I1/Iz), which
+// counts web and fillets in Iz: 1.8 % apart in Iw, about 0.1 % in Mcr. The
+// signs of zS and beta_z must reach the solver the right way up.
 TEST(SectionRoutes, TheWiderFlangeInCompressionGivesTheHigherMoment) {
   BeamModel m = By_Dimensions(1, "20", "10"), u = By_Dimensions(1, "10", "20");
   const double sagging = Mucr(m, "SAG.ZVK");

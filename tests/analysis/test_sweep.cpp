@@ -1,15 +1,10 @@
 // Solves side by side, and the sweep of one field with its table.
-#include <gtest/gtest.h>
-
 #include <atomic>
-#include <cmath>
 #include <cstring>
-#include <string>
 #include <thread>
 #include <vector>
 
 #include "analysis/Sweep.h"
-#include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
 #include "solver/solver_support.h"
 
@@ -19,15 +14,10 @@ namespace {
 using test::Mcr_Uniform;  // IPE 300 under uniform moment, kN and cm
 
 // A new document: IPE 300, 10 m in 100 elements, fork supports, 100 kN.m.
-BeamModel Default_Model() {
-  BeamModel m;
-  Init_Default(m, "/tmp");
-  return m;
-}
+BeamModel Default_Model() { BeamModel m; Init_Default(m, "/tmp"); return m; }
 
-// Record i of a set that differs in span, load and method, so that two
-// threads at once never hold the same numbers; solved through a problem file
-// at `path` or in memory.
+// Record i of a set varied in span, load and method, so that two threads at once never
+// hold the same numbers; solved through a problem file at `path` or in memory.
 ProceedResult Solve_Varied(int i, const std::string& path = "") {
   BeamModel m = Default_Model();
   m.Txt_L = Number_To_Text(2.0 + 0.5 * i);
@@ -45,8 +35,7 @@ TEST(Reentrancy, ThreadsGetWhatEachSolveGetsAlone) {
     alone[i] = Solve_Varied(i, test::Scratch_Dir() + "/SWEEP.ZVK");
     ASSERT_EQ(alone[i].Solve_Status, 0) << i << " " << alone[i].Message;
   }
-  // eight threads, each going through every record from a different start,
-  // in memory: the same bits, mode included
+  // eight threads, each through every record from a different start, in memory: the same bits
   const int threads = 8;
   std::vector<std::vector<ProceedResult>> got(threads, std::vector<ProceedResult>(n));
   std::vector<std::thread> pool;
@@ -67,8 +56,7 @@ TEST(Reentrancy, ThreadsGetWhatEachSolveGetsAlone) {
 }
 
 TEST(Reentrancy, ProblemTextFollowsEveryChangeOfAColumn) {
-  // the text of a row is reused only for the same value: moments that come
-  // back after a change are written again as they are
+  // a row's text is reused only for the same value: moments back after a change are written again
   ProblemData p = Fork_Beam_Uniform_Moment(50, 1000.0, 5.0);
   const std::pair<int, const char*> rows[] = {{1, "5"}, {2, "5"}, {3, "7"}, {4, "5"}, {5, "0.25"}};
   for (auto [n, m] : rows) p.M1[n] = Num_Of_Text(m);
@@ -144,16 +132,14 @@ TEST(Sweep, FieldsAndTheirRefusals) {
   EXPECT_FALSE(Set_Field(m, "Txt_L", "-8", why)); EXPECT_NE(why.find('-'), std::string::npos);
   EXPECT_TRUE(Set_Field(m, "Txt_M1", "-50", why)) << why;
 
-  // the coupled constant follows: G from E and nu, E doubled doubles G, and
-  // Mcr of the fork beam goes with sqrt(E Iz G It) (1 + pi^2 E Iw / (L^2 G It))^0.5,
-  // whose second factor does not change when E and G change together
+  // the coupled constant follows: G from E and nu, E doubled doubles G; Mcr of the fork beam
+  // goes with sqrt(E Iz G It) (1 + pi^2 E Iw / (L^2 G It))^0.5, whose second factor stays
   const double E0 = Num_Of_Text(m.Txt_E);
   const std::vector<SweepPoint> one = Run_Sweep(Default_Model(), "Txt_E", {E0, 2 * E0});
   ASSERT_TRUE(one[0].ok() && one[1].ok());
   EXPECT_NEAR(one[1].Mcr / one[0].Mcr, 2.0, 4e-4);
 
-  // a restraint's spring: a very stiff lateral spring at mid-span stands
-  // for a fixed one, which halves the span
+  // a restraint's spring: a very stiff lateral spring at mid-span halves the span
   BeamModel r = Default_Model();
   r.Chk_Punctual1 = true, r.Txt_xfint1 = "0.5", r.Lst_ti_p1 = Restraint_Item(1);
   const std::vector<SweepPoint> k = Run_Sweep(r, "Lst_vi_p1", {1e6});

@@ -22,6 +22,32 @@ inline double Mcr_Uniform(double L) {
   return M_PI / L * std::sqrt(E * Iz * G * It) * std::sqrt(1 + M_PI * M_PI * E * Iw / (L * L * G * It));
 }
 
+// A fork-supported member 10 m long under constant axial force, daN and cm:
+// the IPE 300 unless changed.
+struct AxialSection {
+  static constexpr double L = 1000, Ef = 2.1e6, Gf = 807690, Pi2 = M_PI * M_PI;
+  double Iz = 603.78, It = 19.868, Iw = 126332, A = 53.81, Iy = 8356, zC = 0, Betaz = 0;
+  double i0sq() const { return (Iy + Iz) / A + zC * zC; }
+  double Ncr_z() const { return Pi2 * Ef * Iz / (L * L); }
+  double Ncr_T() const { return (Gf * It + Pi2 * Ef * Iw / (L * L)) / i0sq(); }
+};
+
+// Smallest positive factor mu of the two-wave energy with v = a sin(pi x/L),
+// theta = b sin(pi x/L): the 2 x 2 determinant
+//   (Ncr,z - mu N) (i0^2 (Ncr,T - mu N) - 2 mu M Betaz) - mu^2 (M - N zC)^2 = 0,
+// the Wagner term of the moment written with the half coefficient Betaz the
+// beam element uses. With M = 0 it is the flexural-torsional equation of a
+// column; with Betaz = zC = 0 it is (mu M)^2 = i0^2 (Ncr,z - mu N)(Ncr,T - mu N).
+inline double Closed_Form_Factor(const AxialSection& s, double M, double N) {
+  const double Nz = s.Ncr_z(), q = s.i0sq() * s.Ncr_T(), p = s.i0sq() * N + 2 * M * s.Betaz;
+  const double c2 = N * p - (M - N * s.zC) * (M - N * s.zC), c1 = -(Nz * p + N * q), c0 = Nz * q;
+  if (std::fabs(c2) < 1e-12 * std::fabs(c1) * 1e6) return -c0 / c1;
+  const double d = std::sqrt(c1 * c1 - 4 * c2 * c0);
+  double r1 = (-c1 - d) / (2 * c2), r2 = (-c1 + d) / (2 * c2);
+  if (r1 > r2) std::swap(r1, r2);
+  return r1 > 0 ? r1 : r2;
+}
+
 // one folder for the whole program, removed at its end
 inline const auto& Scratch_Folder() { static const foundation_test::Scratch dir; return dir; }
 inline std::string Scratch_Dir() { return Scratch_Folder().path; }

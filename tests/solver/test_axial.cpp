@@ -8,16 +8,8 @@ using namespace zarvek::test;
 
 namespace {
 
-const double L = 1000;                  // cm: 100 elements of 10 cm
-const double Ef = 2.1e6, Gf = 807690;  // daN/cm2, as the example beams
-const double Pi2 = M_PI * M_PI;
-
-struct Section {
-  double Iz = 603.78, It = 19.868, Iw = 126332, A = 53.81, Iy = 8356, zC = 0, Betaz = 0;
-  double i0sq() const { return (Iy + Iz) / A + zC * zC; }
-  double Ncr_z() const { return Pi2 * Ef * Iz / (L * L); }
-  double Ncr_T() const { return (Gf * It + Pi2 * Ef * Iw / (L * L)) / i0sq(); }
-};
+using Section = AxialSection;
+const double L = Section::L;  // cm: 100 elements of 10 cm
 
 // Fork-supported beam of 100 elements, uniform moment M (daN.cm, sagging
 // positive) and axial force N (daN, compression positive).
@@ -28,22 +20,6 @@ ProblemData Beam(const Section& s, double M, double N) {
     p.N[e] = N, p.A[e] = s.A, p.Iy[e] = s.Iy, p.zC[e] = s.zC;
   }
   return p;
-}
-
-// Smallest positive factor mu of the two-wave energy with v = a sin(pi x/L),
-// theta = b sin(pi x/L): the 2 x 2 determinant
-//   (Ncr,z - mu N) (i0^2 (Ncr,T - mu N) - 2 mu M Betaz) - mu^2 (M - N zC)^2 = 0,
-// the Wagner term of the moment written with the half coefficient Betaz the
-// beam element uses. With M = 0 it is the flexural-torsional equation of a
-// column; with Betaz = zC = 0 it is (mu M)^2 = i0^2 (Ncr,z - mu N)(Ncr,T - mu N).
-double Closed_Form_Factor(const Section& s, double M, double N) {
-  const double Nz = s.Ncr_z(), q = s.i0sq() * s.Ncr_T(), p = s.i0sq() * N + 2 * M * s.Betaz;
-  const double c2 = N * p - (M - N * s.zC) * (M - N * s.zC), c1 = -(Nz * p + N * q), c0 = Nz * q;
-  if (std::fabs(c2) < 1e-12 * std::fabs(c1) * 1e6) return -c0 / c1;
-  const double d = std::sqrt(c1 * c1 - 4 * c2 * c0);
-  double r1 = (-c1 - d) / (2 * c2), r2 = (-c1 + d) / (2 * c2);
-  if (r1 > r2) std::swap(r1, r2);
-  return r1 > 0 ? r1 : r2;
 }
 
 class AxialBothMethods : public ::testing::TestWithParam<int> {};
