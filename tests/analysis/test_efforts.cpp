@@ -1,6 +1,5 @@
-// Internal forces against textbook statics. Beside the handbook values, every
-// load on every support scheme must satisfy what its supports demand
-// (v'' is proportional to M):
+// Internal forces against textbook statics. Beside the handbook values, every load on every support scheme
+// must satisfy what its supports demand (v'' is proportional to M):
 //   pinned end M = 0; free end M = 0 and V = 0;
 //   clamped-pinned: integral of (L - x) M = 0 (no deflection at the pin);
 //   clamped-clamped: integrals of M and of x M are 0;

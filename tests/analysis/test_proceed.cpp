@@ -91,10 +91,9 @@ TEST(Proceed, ProblemFileOfTheRecord) {
     EXPECT_NE(file.find(line), std::string::npos) << line << "\n" << file.substr(0, 300);
 }
 
-// A length the mesh doesn't divide into round elements (2.01 m in 200 of 1.005
-// cm, 10.03 m in 150 of 6.6867 cm) reaches the solver whole: Mcr under uniform
-// moment agrees with the closed form for every element count of the list; It =
-// 0.692 cm4 is solved as 0.692 (0.69 would lower this Mcr by 0.15 %).
+// A length the mesh doesn't divide into round elements (2.01 m in 200 of 1.005 cm, 10.03 m in 150 of
+// 6.6867 cm) reaches the solver whole: Mcr under uniform moment agrees with the closed form for every
+// element count of the list; It = 0.692 cm4 is solved as 0.692 (0.69 would lower this Mcr by 0.15 %).
 TEST(Proceed, EveryMeshSolvesTheBeamAsTyped) {
   for (const char* L : {"2.01", "10.03"})
     for (int nb = 0; nb < (int)NB_Items.size(); ++nb) {
@@ -208,10 +207,9 @@ TEST(SectionRoutes, AnIpe300ByItsDimensionsMatchesTheCatalogue) {
   EXPECT_NEAR(Mucr(dim, "DIM.ZVK") / Mucr(cat, "CAT.ZVK"), 1.0, 0.005);
 }
 
-// Flange 1 is the top one, compressed by the default 100 kN.m. The section
-// upside down swaps sagging and hogging, up to Iw = d^2 I1 (1 - I1/Iz), which
-// counts web and fillets in Iz: 1.8 % apart in Iw, about 0.1 % in Mcr. The
-// signs of zS and beta_z must reach the solver the right way up.
+// Flange 1 is the top one, compressed by the default 100 kN.m. The section upside down swaps sagging and
+// hogging, up to Iw = d^2 I1 (1 - I1/Iz), which counts web and fillets in Iz: 1.8 % apart in Iw, about
+// 0.1 % in Mcr. The signs of zS and beta_z must reach the solver the right way up.
 TEST(SectionRoutes, TheWiderFlangeInCompressionGivesTheHigherMoment) {
   BeamModel m = By_Dimensions(1, "20", "10"), u = By_Dimensions(1, "10", "20");
   const double sagging = Mucr(m, "SAG.ZVK");

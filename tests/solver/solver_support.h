@@ -22,8 +22,7 @@ inline double Mcr_Uniform(double L) {
   return M_PI / L * std::sqrt(E * Iz * G * It) * std::sqrt(1 + M_PI * M_PI * E * Iw / (L * L * G * It));
 }
 
-// A fork-supported member 10 m long under constant axial force, daN and cm:
-// the IPE 300 unless changed.
+// A fork-supported member 10 m long under constant axial force, daN and cm: the IPE 300 unless changed.
 struct AxialSection {
   static constexpr double L = 1000, Ef = 2.1e6, Gf = 807690, Pi2 = M_PI * M_PI;
   double Iz = 603.78, It = 19.868, Iw = 126332, A = 53.81, Iy = 8356, zC = 0, Betaz = 0;
@@ -116,9 +115,8 @@ inline void Set_Point_Load(ProblemData& p, double F, double x, double z) {
   p.F[1] = -F, p.xF[1] = x, p.zF[1] = z;
 }
 
-// Cantilever of length Lc, root fully held (v, theta, v', theta'), tip free,
-// a tip load F at height z: M(x) = -F (Lc - x), hogging. Without warping
-// stiffness there is no warping to hold: theta' stays free.
+// Cantilever of length Lc, root fully held (v, theta, v', theta'), tip free, a tip load F at height z:
+// M(x) = -F (Lc - x), hogging. Without warping stiffness there is no warping to hold: theta' stays free.
 inline ProblemData Cantilever(int nb, double Lc, double F, double Iw_, double z = 0) {
   ProblemData p = Fork_Beam_Uniform_Moment(nb, Lc, 0.0);
   for (int e = 1; e <= nb; ++e) p.Iw[e] = Iw_;

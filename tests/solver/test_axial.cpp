@@ -24,9 +24,8 @@ ProblemData Beam(const Section& s, double M, double N) {
 
 class AxialBothMethods : public ::testing::TestWithParam<int> {};
 
-// Columns: the IPE 300 buckles about its weak axis, a cruciform-like section
-// twists first, a mono-symmetric one takes the flexural-torsional root, which
-// depends on zC^2 only (Betaz plays no part without a moment).
+// Columns: the IPE 300 buckles about its weak axis, a cruciform-like section twists first, a mono-symmetric
+// one takes the flexural-torsional root, which depends on zC^2 only (Betaz plays no part without a moment).
 TEST_P(AxialBothMethods, ColumnTakesTheLowestRoot) {
   const Section flexural, torsional{.It = 1, .Iw = 1000}, up{.It = 4, .zC = 10, .Betaz = 7},
       down{.It = 4, .zC = -10, .Betaz = 7};
@@ -91,7 +90,7 @@ SolverResult Read_Text(const std::string& text) {
   return Read_File(Write_Text(text, "AX.ZVK"));
 }
 
-TEST(AxialBlock, WrittenAfterTheSpanLoadsAndReadBack) {
+TEST(AxialBlock, WrittenAfterTheSpanLoadsReadBackOrRefusedWithItsOwnStatus) {
   ProblemData p = Beam(Section{.zC = -3.5}, 0, 1234.5);
   p.N[7] = -250;  // the largest magnitude is the one reported
   const std::string text = Problem_Text(p, ProblemLabels::Proceed);
@@ -102,9 +101,8 @@ TEST(AxialBlock, WrittenAfterTheSpanLoadsAndReadBack) {
   SolverResult r = Read_Text(text);
   EXPECT_EQ(r.Solve_Status, 0) << r.Error_Text;
   EXPECT_EQ(r.N, 1234.5);
-}
 
-TEST(AxialBlock, MalformedBlocksHaveTheirOwnStatusAndMessage) {
+  // malformed blocks have their own status and message
   const std::string good = Problem_Text(Beam(Section{}, 1e6, 1000), ProblemLabels::Proceed);
   const size_t block = good.find("Axial force");
   auto edit = [&](const std::string& from, const std::string& to) {
@@ -121,8 +119,7 @@ TEST(AxialBlock, MalformedBlocksHaveTheirOwnStatusAndMessage) {
       {"a shear centre off the section", edit("0\n  2 ", "151.0\n  2 ")},
       {"more than the block", good + "101 5 5 5 5\n"}};
   for (const auto& [what, text] : cases) Expect_Refused(Read_Text(text), 121, Malformed, what);
-  // without moment and without force nothing loads the beam: refused with
-  // the message that says so
+  // without moment and without force nothing loads the beam: refused with the message that says so
   Set_Further_Text("No_Load", "Nothing loads the beam.");
   const std::string none = Problem_Text(Beam(Section{}, 0, 0), ProblemLabels::Proceed);
   Expect_Refused(Read_Text(none), 112, "Nothing loads the beam.", "no load");

@@ -13,9 +13,8 @@
 namespace zarvek {
 namespace {
 
-// A chain of four-degree nodes: K couples neighbours, KG = -I weakens every
-// degree. Column tops are zero in K where only KG reaches, so the stored
-// profile depends on the factor.
+// A chain of four-degree nodes: K couples neighbours, KG = -I weakens every degree. Column tops are zero in
+// K where only KG reaches, so the stored profile depends on the factor.
 struct Chain {
   int n;
   SymMatrix K, KG;

@@ -72,9 +72,8 @@ TEST_F(Methods, RefusalsOfEachMethod) {
   refused(Run(p, Method_Eigen, ctl), 5, "Unstable structure - Check Data");
   refused(Run(p, Method_Dichotomie, ctl), 2, "not stable");
   EXPECT_TRUE(boxes.empty());
-  // held in twist by 0.01 daN.cm/rad at one end: stable, but the last twist
-  // pivot keeps 3e-12 of the 3.2e9 (12 E Iw / Le^3) it started from, ten
-  // digits lost; the text says so and names the other method
+  // held in twist by 0.01 daN.cm/rad at one end: stable, but the last twist pivot keeps 3e-12 of the 3.2e9
+  // (12 E Iw / Le^3) it started from, ten digits lost; the text says so and names the other method
   p.Rt[1] = 0.01;
   SolverResult n = Run(p, Method_Eigen, ctl);
   EXPECT_EQ(n.Solve_Status, 5);
@@ -82,9 +81,8 @@ TEST_F(Methods, RefusalsOfEachMethod) {
   EXPECT_NE(n.Error_Text.find("Dichotomic process"), std::string::npos) << n.Error_Text;
 }
 
-// The iteration limit: the bisection still gives its estimate, the vector
-// iteration nothing but its box, which the result keeps even without a
-// window to show it. Either way the result says it is not converged.
+// The iteration limit: the bisection still gives its estimate, the vector iteration nothing but its box,
+// which the result keeps even without a window to show it. Either way the result says it is not converged.
 TEST_F(Methods, TheIterationLimitEndsEachMethodItsOwnWay) {
   const ProblemData p = Fork_Beam_Uniform_Moment(100, 1000.0, 1e6);
   SolveControl ctl;
@@ -150,16 +148,14 @@ TEST_F(Methods, ProfileRoutinesGiveBitIdenticalResults) {
       Fork_Beam_Uniform_Moment(50, 500.0, 3e4)};
   ProblemData& p = problems[2];
   Set_Moments(p, [](double x) { return 1e6 * (1 - 1.5 * x / 600); });
-  p.Rv[31] = 3000, p.z[31] = 14, p.Rvp[1] = p.Rtp[61] = -1;
-  p.Betaz[7] = 5, p.Kvp[30] = 0;
+  p.Rv[31] = 3000, p.z[31] = 14, p.Rvp[1] = p.Rtp[61] = -1, p.Betaz[7] = 5, p.Kvp[30] = 0;
   problems[3].Rv[1] = 1e5, problems[3].z[1] = -12;  // lateral spring and a height at the left end
   // the dichotomy also one trial factor per sweep, as without vector lanes
   const int One_Per_Sweep = 3;
   for (size_t k = 0; k < problems.size(); ++k)
     for (int method : {Method_Eigen, Method_Dichotomie, One_Per_Sweep}) {
       SolveControl a, b;
-      b.Reference = true;
-      a.One_Factor_Per_Sweep = method == One_Per_Sweep;
+      a.One_Factor_Per_Sweep = method == One_Per_Sweep, b.Reference = true;
       const int m = method == One_Per_Sweep ? Method_Dichotomie : method;
       SCOPED_TRACE(testing::Message() << "problem " << k << " method " << method);
       SolverResult ra = Run(problems[k], m, a), rb = Run(problems[k], m, b);
@@ -171,9 +167,8 @@ TEST_F(Methods, ProfileRoutinesGiveBitIdenticalResults) {
     }
 }
 
-// A spring of 1e305 is a finite stiffness: the factorisations carry their
-// determinant without overflow, and both routes reach the same factor as a
-// rigid support at the same node (the bisection to the last bit).
+// A spring of 1e305 is a finite stiffness: the factorisations carry their determinant without overflow, and
+// both routes reach the same factor as a rigid support at the same node (the bisection to the last bit).
 TEST_F(Methods, AnEnormousSpringSolvesAlikeByBothRoutes) {
   ProblemData rigid = Fork_Beam_Uniform_Moment(50, 500.0, 1e6), spring = rigid;
   rigid.Rv[26] = -1, spring.Rv[26] = 1e305;  // lateral support at mid-span

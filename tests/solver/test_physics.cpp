@@ -29,10 +29,9 @@ TEST_P(BothMethods, UniformMomentMatchesTheClosedForm) {
 INSTANTIATE_TEST_SUITE_P(Solver, BothMethods, ::testing::Values(Method_Eigen, Method_Dichotomie),
                          [](const auto& i) { return i.param == 1 ? "Eigen" : "Dichotomie"; });
 
-// Moment factor C1 = Mcr(moment diagram) / Mcr(uniform moment), at the same
-// largest moment, loads at the shear centre: linear diagrams psi = 0 and -1,
-// a uniform load (q L^2 / 8 = 1e6 daN.cm) and a mid-span point load, on
-// which both methods agree.
+// Moment factor C1 = Mcr(moment diagram) / Mcr(uniform moment), at the same largest moment, loads at the
+// shear centre: linear diagrams psi = 0 and -1, a uniform load (q L^2 / 8 = 1e6 daN.cm) and a mid-span
+// point load, on which both methods agree.
 TEST(MomentFactor, LinearMomentsAndLoadsFallInThePublishedRanges) {
   auto C1 = [](const ProblemData& p, int method = Method_Dichotomie) {
     return Solve(p, method, 1e-7).Mcr_kNcm() / Mcr_Uniform(L);
@@ -52,10 +51,9 @@ TEST(MomentFactor, LinearMomentsAndLoadsFallInThePublishedRanges) {
   EXPECT_NEAR(C1(F, Method_Eigen) / C1(F), 1.0, 1e-5);
 }
 
-// Mid-span supports under uniform moment. A lateral spring too weak to force
-// two half waves is worth most at the compressed top flange (z > 0), least at
-// the bottom. v and theta held rigidly: two fork-supported halves, restraining
-// each other a little in warping. A torsion and warping release lowers Mcr.
+// Mid-span supports under uniform moment. A lateral spring too weak to force two half waves is worth most
+// at the compressed top flange (z > 0), least at the bottom. v and theta held rigidly: two fork-supported
+// halves, restraining each other a little in warping. A torsion and warping release lowers Mcr.
 TEST(Restraints, MidSpanSupportsAndReleases) {
   auto with = [](const std::function<void(ProblemData&)>& change) {
     ProblemData p = Fork();
@@ -72,9 +70,8 @@ TEST(Restraints, MidSpanSupportsAndReleases) {
 }
 
 // A tip load at the shear centre of a cantilever. Without warping stiffness
-// Fcr = 4.0126 sqrt(E Iz G It) / L^2 (Prandtl, Michell); the IPE 300, warping
-// held at the root, lies above that. Both methods agree, the vector iteration
-// converged without warning.
+// Fcr = 4.0126 sqrt(E Iz G It) / L^2 (Prandtl, Michell); the IPE 300, warping held at the root, lies
+// above that. Both methods agree, the vector iteration converged without warning.
 TEST(Cantilever, TipLoadAtTheShearCentreByBothMethods) {
   const double Lc = 300, F = 1000, Fcr = 4.0126 * std::sqrt(E * Iz * G * It) / (Lc * Lc) * 100;  // daN
   for (double iw : {0.0, Iw}) {
@@ -88,11 +85,10 @@ TEST(Cantilever, TipLoadAtTheShearCentreByBothMethods) {
   }
 }
 
-// A welded I with a top flange 300 x 20 and a bottom flange 150 x 15 (mm),
-// web 10 mm, 582.5 mm between the flange centroids. Thin-walled values:
-// Iz = 2 30^3/12 + 1.5 15^3/12 + 58.25/12, Iw = hs^2 Iz1 Iz2 / (Iz1 + Iz2),
-// It = (30 2^3 + 15 1.5^3 + 58.25 1^3)/3. Betaz (half the usual beta) is
-// about -22 cm: the big top flange draws the shear centre up.
+// A welded I with a top flange 300 x 20 and a bottom flange 150 x 15 (mm), web 10 mm, 582.5 mm
+// between the flange centroids. Thin-walled values: Iz = 2 30^3/12 + 1.5 15^3/12 + 58.25/12,
+// Iw = hs^2 Iz1 Iz2 / (Iz1 + Iz2), It = (30 2^3 + 15 1.5^3 + 58.25 1^3)/3. Betaz (half the usual
+// beta) is about -22 cm: the big top flange draws the shear centre up.
 // Mcr = pi^2 E Iz / L^2 (-+Betaz + sqrt(Betaz^2 + Iw/Iz + L^2 G It / (pi^2 E Iz))).
 TEST(MonoSymmetric, UniformMomentEitherWayMatchesTheClosedForm) {
   const double Iz1 = 2 * 30. * 30 * 30 / 12, Iz2 = 1.5 * 15. * 15 * 15 / 12, hs = 58.25;

@@ -1,5 +1,4 @@
-// Reading problem files: every refusal has its status, and nothing a file
-// holds can crash the reader.
+// Reading problem files: every refusal has its status, and nothing a file holds can crash the reader.
 #include <algorithm>
 #include <fstream>
 #include <limits>
@@ -31,8 +30,7 @@ std::string Edit_Line(std::string t, const std::string& after, const std::string
 
 ProblemData With_Loads(float xF, float x1, float x2) {
   ProblemData p = Beam();
-  p.NF = xF >= -1e5 ? 1 : 0;
-  p.NQ = x2 > 0 ? 1 : 0;
+  p.NF = xF >= -1e5 ? 1 : 0, p.NQ = x2 > 0 ? 1 : 0;  // a point load when xF is given, a span load when x2 is
   for (auto* v : {&p.F, &p.xF, &p.zF}) v->assign(p.NF + 1, -10.0f);
   for (auto* v : {&p.q1, &p.x1, &p.q2, &p.x2, &p.zq}) v->assign(p.NQ + 1, -10.0f);
   if (p.NF) p.xF[1] = xF, p.zF[1] = 0;
@@ -85,8 +83,15 @@ TEST(ProblemFile, IndicesCountsAndLoadAbscissae) {
   for (float x : {510.0f, -1.0f}) Expect_Refused(Read(With_Loads(x, 0, 0)), 1, "point load");
 }
 
-TEST(ProblemFile, BrokenFilesEndInTheReadingStatus) {
+TEST(ProblemFile, LayoutFreedomsReadAndBrokenFilesEndInTheReadingStatus) {
   const std::string good = Text(Beam());
+  // labels say what they like; commas separate as well as blanks; CR LF
+  std::string labels = good, commas = good, crlf;
+  labels.replace(labels.find("Units : daN cm"), 14, "whatever text");
+  std::replace(commas.begin(), commas.end(), ' ', ',');
+  for (char c : good) crlf += c == '\n' ? std::string("\r\n") : std::string(1, c);
+  for (const std::string& t : {labels, commas, crlf}) EXPECT_EQ(Read_Text(t).Solve_Status, 0) << t.substr(0, 80);
+
   Expect_Refused(Read_File(Scratch_Dir() + "/NO-SUCH-FILE.ZVK"), 1, "missing");
   Expect_Refused(Read_Text(""), 1, "empty");
   for (size_t cut : {10ul, good.size() / 3, good.size() / 2, good.size() - 10})
@@ -103,16 +108,6 @@ TEST(ProblemFile, BrokenFilesEndInTheReadingStatus) {
   std::string noise;
   for (int i = 0; i < 5000; ++i) noise += (char)((i * 7919 + 13) % 256);
   EXPECT_NE(Read_Text(noise).Solve_Status, 0);
-}
-
-TEST(ProblemFile, LayoutFreedomsOfTheReader) {
-  const std::string good = Text(Beam());
-  // labels say what they like; commas separate as well as blanks; CR LF
-  std::string labels = good, commas = good, crlf;
-  labels.replace(labels.find("Units : daN cm"), 14, "whatever text");
-  std::replace(commas.begin(), commas.end(), ' ', ',');
-  for (char c : good) crlf += c == '\n' ? std::string("\r\n") : std::string(1, c);
-  for (const std::string& t : {labels, commas, crlf}) EXPECT_EQ(Read_Text(t).Solve_Status, 0) << t.substr(0, 80);
 }
 
 // The old files, written with a fixed number of decimals, still read: the
@@ -176,9 +171,8 @@ TEST(ProblemFile, MomentsGiveShearAndTheFirstLargestMoment) {
   EXPECT_FLOAT_EQ(r.Efforts_V[1], -(2.8e5f - 2e5f) / 10);
 }
 
-// Values that fill their column (an end spring of 2e11, as good as a fork) or
-// pass it (E and G of sixteen digits) still read as two numbers: the solve is
-// that of the same beam with ordinary values.
+// Values that fill their column (an end spring of 2e11, as good as a fork) or pass it (E and G of sixteen
+// digits) still read as two numbers: the solve is that of the same beam with ordinary values.
 TEST(ProblemFile, AFieldThatFillsItsWidthStaysApartFromItsNeighbour) {
   const double reference = Solve(Beam(), Method_Dichotomie).res.mucr;
   ASSERT_GT(reference, 0);
@@ -189,10 +183,9 @@ TEST(ProblemFile, AFieldThatFillsItsWidthStaysApartFromItsNeighbour) {
     EXPECT_NEAR(Solve(p, Method_Dichotomie).res.mucr / reference, 1.0, 1e-5) << Text(p).substr(0, 400);
 }
 
-// A load at the right end belongs to the last element, whatever the mesh: the
-// tip load of a 10 m cantilever, 15 cm above the shear centre, destabilises it
-// as much with 150 elements of 6.667 cm (whose sum in single precision passes
-// 1000 cm by 0.001 cm) as with 100 of 10 cm.
+// A load at the right end belongs to the last element, whatever the mesh: the tip load of a 10 m
+// cantilever, 15 cm above the shear centre, destabilises it as much with 150 elements of 6.667 cm (whose
+// sum in single precision passes 1000 cm by 0.001 cm) as with 100 of 10 cm.
 TEST(ProblemFile, ATipLoadStaysOnTheLastElementOfAnyMesh) {
   auto mucr = [](int nb, double z) {
     return Solve(Cantilever(nb, 1000, 1000, Iw, z), Method_Dichotomie).res.mucr;

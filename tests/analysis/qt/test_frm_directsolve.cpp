@@ -36,10 +36,9 @@ class Test_Frm_DirectSolve : public QObject {
     QCOMPARE(form.Lbl_Iteration->text(), QString("16"));
   }
 
-  // Pressed during the third evaluation and released during the next one,
-  // through the window as the window system delivers a click: the bracket
-  // is then [0.375, 0.5] (the example buckles at 0.483), and its stable end
-  // is the result.
+  // Pressed during the third evaluation and released during the next one, through the window as the window
+  // system delivers a click: the bracket is then [0.375, 0.5] (the example buckles at 0.483), and its
+  // stable end is the result.
   void stopAtTheNextIteration() {
     Frm_DirectSolve form;
     QTimer clicker;

@@ -5,7 +5,6 @@
 
 #include "analysis/qt/Frm_Sweep.h"
 #include "diagrams/qt/QtSurface.h"
-#include "foundation/Language.h"
 #include "solver/solver_support.h"
 
 using namespace zarvek;
@@ -43,6 +42,7 @@ class Test_Frm_Sweep : public QObject {
                               dir_.path().toStdString() + "/L.TMP"));
     Load_Messages();
   }
+  void Show(Frm_Sweep& f) { f.show(); QVERIFY(QTest::qWaitForWindowExposed(&f)); }
 
  private slots:
   void initTestCase() {
@@ -53,8 +53,7 @@ class Test_Frm_Sweep : public QObject {
 
   void spanSweepByTheKeyboard() {
     Frm_Sweep f(m_);
-    f.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&f));
+    Show(f);
     QCOMPARE(f.Cmb_Field->currentText(), QString("Txt_L")); QCOMPARE(f.Lbl_Unit[0]->text(), QString("m"));
     QVERIFY(!f.Cmd_Copy->isEnabled());
 
@@ -71,8 +70,7 @@ class Test_Frm_Sweep : public QObject {
     QTest::mouseClick(f.Cmd_Run, Qt::LeftButton);
     QVERIFY(f.Lbl_Message->text().startsWith("The step must be non-zero") && f.Points().empty());
 
-    // 0.5 m lies below the 1 m of a 100-element beam: a refused row, the
-    // others solved
+    // 0.5 m lies below the 1 m of a 100-element beam: a refused row, the others solved
     Type(f.Txt_From, "0.5");
     Type(f.Txt_Step, "3.5");
     QTest::keyClick(f.Txt_Step, Qt::Key_Return);  // Run is the default button
@@ -104,8 +102,7 @@ class Test_Frm_Sweep : public QObject {
 
   void stopEndsTheRestOfTheSweep() {
     Frm_Sweep f(m_);
-    f.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&f));
+    Show(f);
     Range(f, "2", "300", "0.05");  // 5961 points: far longer than the click
     QTest::mouseClick(f.Cmd_Run, Qt::LeftButton);
     QVERIFY(f.Cmd_Stop->isEnabled() && !f.Cmd_Run->isEnabled());
@@ -118,8 +115,7 @@ class Test_Frm_Sweep : public QObject {
   void frenchTexts() {
     Load("FR");
     Frm_Sweep f(m_);
-    f.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&f));
+    Show(f);
     QVERIFY(f.windowTitle().startsWith("Balayage"));
     QCOMPARE(f.Cmd_Close->text(), QString("Fermer"));
     Range(f, "4", "12", "2");

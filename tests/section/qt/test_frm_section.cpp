@@ -1,6 +1,5 @@
-// The catalogue window: series by growing area, the current section
-// preselected, the transfer into the beam model, a missing or damaged
-// catalogue.
+// The catalogue window: series by growing area, the current section preselected, the transfer into the beam
+// model, a missing or damaged catalogue.
 #include <QtTest>
 #include <QtWidgets>
 #include <cmath>
@@ -41,9 +40,8 @@ class TestFrmSection : public QObject {
   Q_OBJECT
 
  private slots:
-  // A section the catalogue doesn't hold selects the first items; a series
-  // lists its sections in the catalogue's order (by growing area, the core's
-  // test), not as texts sort; Quit leaves the record.
+  // A section the catalogue doesn't hold selects the first items; a series lists its sections in the
+  // catalogue's order (by growing area, the core's test), not as texts sort; Quit leaves the record.
   void listsSeriesByAreaAndQuitLeavesTheModel() {
     zarvek_test::StartDir start;
     BeamModel m = Model(start);
