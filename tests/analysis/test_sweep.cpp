@@ -29,14 +29,13 @@ ProceedResult Solve_Varied(int i, const std::string& path = "") {
 
 TEST(Reentrancy, ThreadsGetWhatEachSolveGetsAlone) {
   // the reference: one at a time, through a problem file as the window does
-  const int n = 24;
+  const int n = 24, threads = 8;
   std::vector<ProceedResult> alone(n);
   for (int i = 0; i < n; ++i) {
     alone[i] = Solve_Varied(i, test::Scratch_Dir() + "/SWEEP.ZVK");
     ASSERT_EQ(alone[i].Solve_Status, 0) << i << " " << alone[i].Message;
   }
   // eight threads, each through every record from a different start, in memory: the same bits
-  const int threads = 8;
   std::vector<std::vector<ProceedResult>> got(threads, std::vector<ProceedResult>(n));
   std::vector<std::thread> pool;
   for (int t = 0; t < threads; ++t)
@@ -64,10 +63,8 @@ TEST(Reentrancy, ProblemTextFollowsEveryChangeOfAColumn) {
   const std::string t = Problem_Text(p, ProblemLabels::Proceed);
   // each value right-aligned in its field, with the digits it holds
   auto f = [](const std::string& v, size_t w) { return std::string(w - v.size(), ' ') + v; };
-  for (auto [n, m] : rows) {
-    const std::string row = "\n  " + std::to_string(n) + f(m, 14) + f("5", 14) + "\n";
-    EXPECT_NE(t.find(row), std::string::npos) << row;
-  }
+  for (auto [n, m] : rows)
+    EXPECT_NE(t.find("\n  " + std::to_string(n) + f(m, 14) + f("5", 14) + "\n"), std::string::npos) << n;
   for (auto [n, Iz] : {std::pair{"1", "603.78"}, {"2", "700"}, {"3", "603.78"}})
     EXPECT_NE(t.find(std::string("\n  ") + n + f("20", 9) + f(Iz, 12)), std::string::npos) << n;
 }

@@ -52,9 +52,8 @@ inline const auto& Scratch_Folder() { static const foundation_test::Scratch dir;
 inline std::string Scratch_Dir() { return Scratch_Folder().path; }
 
 inline std::string Write(const ProblemData& p, const std::string& name = "P.ZVK") {
-  const std::string path = Scratch_Folder() / name;
-  Write_ProblemFile(path, p, ProblemLabels::Proceed);
-  return path;
+  Write_ProblemFile(Scratch_Folder() / name, p, ProblemLabels::Proceed);
+  return Scratch_Folder() / name;
 }
 inline std::string Write_Text(const std::string& text, const std::string& name) {
   return Scratch_Folder().Write(name, text);
@@ -74,8 +73,7 @@ inline SolverResult Read_File(const std::string& path) {
 
 // A refusal: its status and text, and mucr left as passed.
 inline void Expect_Refused(const SolverResult& r, int status, const std::string& text, const std::string& what) {
-  EXPECT_EQ(std::tuple(r.Solve_Status, r.Error_Text, r.mucr), std::tuple(status, text, 42.0))
-      << what;
+  EXPECT_EQ(std::tuple(r.Solve_Status, r.Error_Text, r.mucr), std::tuple(status, text, 42.0)) << what;
 }
 
 struct Solved {

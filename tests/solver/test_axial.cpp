@@ -113,11 +113,9 @@ TEST(AxialBlock, WrittenAfterTheSpanLoadsReadBackOrRefusedWithItsOwnStatus) {
   };
   const std::pair<std::string, std::string> cases[] = {
       {"cut in the middle", good.substr(0, good.find("\n 50 ", block))},
-      {"an index out of order", edit("\n  3 ", "\n  4 ")},
-      {"a word for a number", edit("53.81", "area")},
-      {"no area under a force", edit("53.81", " 0")},
-      {"a shear centre off the section", edit("0\n  2 ", "151.0\n  2 ")},
-      {"more than the block", good + "101 5 5 5 5\n"}};
+      {"an index out of order", edit("\n  3 ", "\n  4 ")}, {"a word for a number", edit("53.81", "area")},
+      {"no area under a force", edit("53.81", " 0")}, {"more than the block", good + "101 5 5 5 5\n"},
+      {"a shear centre off the section", edit("0\n  2 ", "151.0\n  2 ")}};
   for (const auto& [what, text] : cases) Expect_Refused(Read_Text(text), 121, Malformed, what);
   // without moment and without force nothing loads the beam: refused with the message that says so
   Set_Further_Text("No_Load", "Nothing loads the beam.");

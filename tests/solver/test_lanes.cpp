@@ -22,10 +22,9 @@ struct Chain {
     K.Init_BeamProfile(n);
     KG.Init_BeamProfile(n);
     for (int i = 1; i <= n; ++i) {
-      K(i, i) = 4 + (i % 3);
+      K(i, i) = 4 + (i % 3), KG(i, i) = -1;
       if (i > 1) K(i - 1, i) = -1.0 - 0.1 * (i % 5);
       if (i > 2 && i % 4 == 0) K(i - 2, i) = 0.3;
-      KG(i, i) = -1;
       // an entry of KG alone above the diagonal, 7 rows up
       if (i > 7 && i % 4 == 0) KG(i - 7, i) = 0.05;
     }
@@ -39,8 +38,7 @@ struct Chain {
   }
 };
 
-class Lanes : public ::testing::Test {
- protected:
+struct Lanes : ::testing::Test {
   void SetUp() override {
     if (Lane_Count() < 4) GTEST_SKIP() << "no 256-bit lanes on this processor";
     std::feclearexcept(FE_ALL_EXCEPT);
@@ -56,10 +54,8 @@ TEST_F(Lanes, EachLaneDecidesAsTheOneByOneSweep) {
   ASSERT_GT(lo, 0.5);
   // below and above it, the unloaded chain, close on both sides, and factors
   // far above whose lanes stop within the first columns
-  const double sets[][4] = {{0.0, 1.0, 10.0, 0.5 * lo},
-                            {0.9 * lo, lo, hi, 1.1 * hi},
-                            {2 * hi, 0.99 * lo, 1e3, 100.0},
-                            {0.7 * lo, 0.25, 0.125, 1.01 * hi}};
+  const double sets[][4] = {{0.0, 1.0, 10.0, 0.5 * lo}, {0.9 * lo, lo, hi, 1.1 * hi},
+                            {2 * hi, 0.99 * lo, 1e3, 100.0}, {0.7 * lo, 0.25, 0.125, 1.01 * hi}};
   int positive = 0, stopped = 0;
   for (const auto& mus : sets) {
     Lane_Outcome out[4];

@@ -12,9 +12,8 @@ using namespace zarvek::test;
 namespace {
 
 TEST(ElementMatrices, AReleasedLinkTakesAllStiffnessOffItsDegree) {
-  std::array<double, 9> links;
-  links.fill(1e30);
-  links[3] = 0;  // v' released at the first node: a hinge for lateral rotation
+  // v' released at the first node (links[3]): a hinge for lateral rotation
+  const std::array<double, 9> links = {1e30, 1e30, 1e30, 0, 1e30, 1e30, 1e30, 1e30, 1e30};
   ElemMatrix K;
   Build_Ke(2.1e6, 807690, 10, 603.78, 19.868, 126332, links, K);
   for (int i = 1; i <= 8; ++i) EXPECT_EQ(K[Packed_Index(3, i)], 0.0) << i;
@@ -50,8 +49,7 @@ TEST(ElementMatrices, LoadHeightTermsOfPointAndSpanLoads) {
   for (int p = 1; p <= 36; ++p) EXPECT_EQ(Kg[p], Kg0[p]);
 }
 
-class Methods : public ::testing::Test {
- protected:
+struct Methods : ::testing::Test {
   void SetUp() override { Set_Msg(44, "iteration limit"), Set_Msg(82, "not stable"); }
   static SolverResult Run(const ProblemData& p, int method, SolveControl& ctl) {
     SolverResult r;
@@ -102,9 +100,7 @@ TEST_F(Methods, TheIterationLimitEndsEachMethodItsOwnWay) {
 TEST_F(Methods, AStopRequestEndsWithTheCurrentBracket) {
   SolveControl ctl;
   int calls = 0;
-  ctl.Show_Progress = [&](int, double) {
-    if (++calls == 6) ctl.Stop_Requested = true;  // the user presses the button
-  };
+  ctl.Show_Progress = [&](int, double) { ctl.Stop_Requested = ++calls >= 6; };  // the user presses the button
   SolverResult d = Run(Fork_Beam_Uniform_Moment(100, 1000.0, 1e6), Method_Dichotomie, ctl);
   EXPECT_EQ(d.Solve_Status, 0);
   const double exact = Mcr_Uniform(1000) * 100 / 1e6;

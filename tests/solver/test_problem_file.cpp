@@ -40,19 +40,14 @@ ProblemData With_Loads(float xF, float x1, float x2) {
 
 TEST(ProblemFile, EachCheckHasItsStatusAndItsWidenedLimit) {
   const struct { const char* what; void (*change)(ProblemData&); int status; /* 0: read */ } cases[] = {
-      {"E 999", [](ProblemData& p) { p.E = 999, p.G = 300; }, 103},
-      {"E 999.95", [](ProblemData& p) { p.E = 999.95, p.G = 400; }, 0},
-      {"G/E 0.5002", [](ProblemData& p) { p.G = p.E * 0.5002; }, 104},
-      {"G/E 0.5", [](ProblemData& p) { p.G = p.E * 0.5; }, 0},
-      {"L 0.5", [](ProblemData& p) { p.L[7] = 0.5f; }, 106},
-      {"Iz", [](ProblemData& p) { p.Iz[3] = 0.00005f; }, 107},
-      {"Iw", [](ProblemData& p) { p.Iw[3] = -1; }, 108},
-      {"Betaz", [](ProblemData& p) { p.Betaz[3] = -151; }, 120},
-      {"link", [](ProblemData& p) { p.Ktp[3] = -0.5; }, 109},
-      {"restraint", [](ProblemData& p) { p.Rvp[4] = -0.5; }, 110},
+      {"E 999", [](auto& p) { p.E = 999, p.G = 300; }, 103}, {"G/E 0.5", [](auto& p) { p.G = p.E / 2; }, 0},
+      {"E 999.95", [](auto& p) { p.E = 999.95, p.G = 400; }, 0},
+      {"G/E 0.5002", [](auto& p) { p.G = p.E * 0.5002; }, 104},
+      {"L 0.5", [](auto& p) { p.L[7] = 0.5f; }, 106}, {"Iz", [](auto& p) { p.Iz[3] = 0.00005f; }, 107},
+      {"Iw", [](auto& p) { p.Iw[3] = -1; }, 108}, {"Betaz", [](auto& p) { p.Betaz[3] = -151; }, 120},
+      {"link", [](auto& p) { p.Ktp[3] = -0.5; }, 109}, {"restraint", [](auto& p) { p.Rvp[4] = -0.5; }, 110},
       // -1 (written -1.00) is the rigid code, not a negative stiffness
-      {"rigid codes", [](ProblemData& p) { p.Kvp[3] = -1, p.Rtp[4] = -1; }, 0},
-  };
+      {"rigid codes", [](auto& p) { p.Kvp[3] = -1, p.Rtp[4] = -1; }, 0}};
   for (const auto& c : cases) {
     ProblemData p = Beam();
     c.change(p);

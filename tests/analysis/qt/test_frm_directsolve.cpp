@@ -16,9 +16,8 @@ class Test_Frm_DirectSolve : public QObject {
  private slots:
   void initTestCase() {
     QVERIFY(dir_.isValid());
-    s_.App_Path = dir_.path().toStdString() + "/";
+    s_.App_Path = dir_.path().toStdString() + "/", s_.Direct_Mode = true;
     s_.File_Tmp = s_.App_Path + "Zarvek.TMP", s_.File_Problem = std::string(ZARVEK_BIN_DIR) + "/EXAMPLE.ZVK";
-    s_.Direct_Mode = true;
     QVERIFY(Load_LanguageFile(std::string(ZARVEK_BIN_DIR) + "/ZARVEK_UK.MSG", s_.App_Path + "L.TMP"));
     Load_Messages();
   }
