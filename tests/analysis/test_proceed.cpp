@@ -129,8 +129,7 @@ TEST(Proceed, DefaultBeamGivesTheUniformMomentClosedForm) {
   m.Opt_Eigen = true, m.Opt_Dichotomie = false, m.Lst_Tolerance = 4;
   m.Chk_Punctual1 = true, m.Lst_vi_p1 = m.Lst_ti_p1 = Restraint_Item(1);
   ProceedResult h = Proceed(m, "", ctl);
-  ASSERT_EQ(h.Solve_Status, 0) << h.Message;
-  EXPECT_EQ(h.Method, Method_Eigen);
+  ASSERT_EQ(h.Solve_Status, 0) << h.Message; EXPECT_EQ(h.Method, Method_Eigen);
   EXPECT_NEAR(h.Solver.mucr * 1e4 / Mcr_Uniform(500), 1.0, 1e-4);
 }
 
@@ -215,8 +214,7 @@ TEST(SectionRoutes, TheWiderFlangeInCompressionGivesTheHigherMoment) {
   const double sagging = Mucr(m, "SAG.ZVK");
   m.Txt_M1 = "100", m.Txt_M2 = "-100";
   const double hogging = Mucr(m, "HOG.ZVK");
-  EXPECT_GT(sagging, 1.2 * hogging);
-  EXPECT_NEAR(Mucr(u, "UPSIDE.ZVK") / hogging, 1.0, 2e-3);
+  EXPECT_GT(sagging, 1.2 * hogging); EXPECT_NEAR(Mucr(u, "UPSIDE.ZVK") / hogging, 1.0, 2e-3);
 }
 
 }  // namespace

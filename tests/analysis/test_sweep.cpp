@@ -73,12 +73,10 @@ TEST(Sweep, ValuesCountedFromTheStep) {
   std::vector<double> v;
   std::string why;
   // 0.1 added thirty times is not 3: the values are counted, the last is 3
-  ASSERT_TRUE(Sweep_Values(0, 3, 0.1, v, why));
-  ASSERT_EQ(v.size(), 31u);
+  ASSERT_TRUE(Sweep_Values(0, 3, 0.1, v, why)); ASSERT_EQ(v.size(), 31u);
   EXPECT_EQ(v.back(), 3.0); EXPECT_DOUBLE_EQ(v[7], 0.7);
   // a step that does not divide the range stops short of the end; downwards works too
-  ASSERT_TRUE(Sweep_Values(10, 3, -3, v, why));
-  EXPECT_EQ(v, (std::vector<double>{10, 7, 4}));
+  ASSERT_TRUE(Sweep_Values(10, 3, -3, v, why)); EXPECT_EQ(v, (std::vector<double>{10, 7, 4}));
   // no step, a step away from the end, more points than the limit
   for (double step : {0.0, -1.0}) EXPECT_FALSE(Sweep_Values(0, 3, step, v, why)) << step;
   EXPECT_FALSE(Sweep_Values(0, 1e6, 1e-3, v, why, 1000));
@@ -93,8 +91,7 @@ TEST(Sweep, SpanFollowsTheClosedFormAndFailedPointsStayRows) {
   Sweep_Options opt;
   opt.jobs = 3, opt.done = &done;
   const std::vector<SweepPoint> pts = Run_Sweep(m, "Txt_L", spans, opt);
-  EXPECT_EQ(done.load(), 5);
-  ASSERT_EQ(pts.size(), 5u);
+  EXPECT_EQ(done.load(), 5); ASSERT_EQ(pts.size(), 5u);
   for (size_t i = 0; i < pts.size(); ++i) {
     EXPECT_EQ(pts[i].value, spans[i]);
     if (i == 0 || i == 3) {  // refused with the window's message
@@ -111,8 +108,7 @@ TEST(Sweep, SpanFollowsTheClosedFormAndFailedPointsStayRows) {
   const std::string csv = Sweep_Csv(pts, "Txt_L", "m", "kN.m");
   std::vector<std::string> rows;
   for (size_t b = 0, e; (e = csv.find('\n', b)) != std::string::npos; b = e + 1) rows.push_back(csv.substr(b, e - b));
-  ASSERT_EQ(rows.size(), 6u);
-  EXPECT_EQ(rows[0], "Txt_L [m],mucr,Mcr [kN.m],status,message");
+  ASSERT_EQ(rows.size(), 6u); EXPECT_EQ(rows[0], "Txt_L [m],mucr,Mcr [kN.m],status,message");
   EXPECT_EQ(rows[1], "0.5,,,-1,L/N : Value out of limits");
   // a solved row reads back to the numbers of the point
   double value, mucr, Mcr;
@@ -133,8 +129,7 @@ TEST(Sweep, FieldsAndTheirRefusals) {
   // goes with sqrt(E Iz G It) (1 + pi^2 E Iw / (L^2 G It))^0.5, whose second factor stays
   const double E0 = Num_Of_Text(m.Txt_E);
   const std::vector<SweepPoint> one = Run_Sweep(Default_Model(), "Txt_E", {E0, 2 * E0});
-  ASSERT_TRUE(one[0].ok() && one[1].ok());
-  EXPECT_NEAR(one[1].Mcr / one[0].Mcr, 2.0, 4e-4);
+  ASSERT_TRUE(one[0].ok() && one[1].ok()); EXPECT_NEAR(one[1].Mcr / one[0].Mcr, 2.0, 4e-4);
 
   // a restraint's spring: a very stiff lateral spring at mid-span halves the span
   BeamModel r = Default_Model();

@@ -47,8 +47,7 @@ TEST(SectionMono, WiderTopFlangeByHand) {
   // Top flange 20 x 1.5, bottom flange 10 x 1, web 0.6, no fillets.
   SectionProps p = Compute(D{40, 20, 1.5, 0, 10, 1.0, 0, 0.6});
   // A = 30 + 10 + 0.6 x 37.5; zG = (39.25 x 30 + 0.5 x 10 + 19.75 x 22.5) / 62.5
-  EXPECT_NEAR(p.A, 62.5, 1e-9);
-  EXPECT_NEAR(p.zG, 26.03, 1e-9);
+  EXPECT_NEAR(p.A, 62.5, 1e-9); EXPECT_NEAR(p.zG, 26.03, 1e-9);
   EXPECT_NEAR(p.Iz, (8000 * 1.5 + 1000 + 0.216 * 37.5) / 12, 1e-9);
   EXPECT_NEAR(p.Wplz, (400 * 1.5 + 100 + 0.36 * 37.5) / 4, 1e-9);
   EXPECT_NEAR(p.Welz, p.Iz / 10, 1e-9);  // outer fibre of the wider flange
@@ -65,8 +64,7 @@ TEST(SectionMono, WiderTopFlangeByHand) {
     Iy += b * (std::pow(z2, 3) - std::pow(z1, 3)) / 3;
     S += std::pow(b, 3) / 24 * (z2 * z2 - z1 * z1) + b * (std::pow(z2, 4) - std::pow(z1, 4)) / 4;
   }
-  EXPECT_NEAR(p.Iy, Iy, 1e-6 * Iy);
-  EXPECT_NEAR(p.Betaz, S / (2 * Iy) - p.zC, 1e-5);
+  EXPECT_NEAR(p.Iy, Iy, 1e-6 * Iy); EXPECT_NEAR(p.Betaz, S / (2 * Iy) - p.zC, 1e-5);
   // Two flanges on the lever arm hs: Iw = hs^2 Iz1 Iz2 / (Iz1 + Iz2), the web adding under 1 %.
   const double Iw = hs * hs * Iz1 * Iz2 / (Iz1 + Iz2);
   EXPECT_NEAR(p.Iw, Iw, 0.01 * Iw);
@@ -141,14 +139,12 @@ TEST_F(Catalogue, BuiltFromTheTableListedByAreaAndComputed) {
   auto area = [](auto& s) { return 2.0 * s.b * s.tf + (s.h - 2.0 * s.tf) * s.tw + (4 - M_PI) * s.r * s.r; };
   for (size_t k = 0; k < series.size(); ++k) {
     std::vector<SectionRecord> list;
-    ASSERT_TRUE(Load_SerieNumbers(db, series[k], list));
-    EXPECT_EQ(list.size(), rows[k]);
+    ASSERT_TRUE(Load_SerieNumbers(db, series[k], list)); EXPECT_EQ(list.size(), rows[k]);
     for (size_t i = 1; i < list.size(); ++i) EXPECT_LE(area(list[i - 1]), area(list[i]) + 1e-4) << list[i].name;
   }
   EXPECT_NE(Read_File(db).find("\n1\nIPE,18\nIPE 80,80,46,3.8,5.2,5\n"), std::string::npos);
   SectionRecord s;
-  ASSERT_TRUE(Find_Section(db, "  UB 457x191x67 ", s));
-  EXPECT_FLOAT_EQ(s.h, 45.3f);
+  ASSERT_TRUE(Find_Section(db, "  UB 457x191x67 ", s)); EXPECT_FLOAT_EQ(s.h, 45.3f);
   EXPECT_FALSE(Find_Section(db, "IPE 301", s));
 
   // IPE 300 gives the starting figures of the main window
@@ -185,8 +181,7 @@ TEST_F(Catalogue, DamagedFilesGiveEmptyListsAndTablesNeverHalfAFile) {
     std::string db = dir_.Write("line.DB", good + "1\nZ,1\nZ 1,100,50," + item + ",6,5\n");
     list.resize(3);
     EXPECT_TRUE(!Load_SerieNumbers(db, "Z", list) && list.empty()) << item;
-    EXPECT_TRUE(Load_SerieNumbers(db, "OK", list));
-    ASSERT_EQ(list.size(), 1u);
+    EXPECT_TRUE(Load_SerieNumbers(db, "OK", list)); ASSERT_EQ(list.size(), 1u);
     EXPECT_FLOAT_EQ(list[0].r, 1.2f);
     EXPECT_TRUE(Load_SerieNumbers(db, "XC", list) && list.empty());  // not in the file: an empty list
   }

@@ -57,8 +57,7 @@ TEST_P(AxialBothMethods, MomentAndForceMatchTheClosedForm) {
     const double mu = Closed_Form_Factor(*s, M, N);
     EXPECT_NEAR(r.res.mucr / mu, 1.0, 1e-3) << M << " " << N;
     if (s != &ipe) continue;
-    EXPECT_EQ(N > 0, mu * M < 0.95 * Mcr0) << N;
-    EXPECT_EQ(N < 0, mu * M > 1.05 * Mcr0) << N;
+    EXPECT_EQ(N > 0, mu * M < 0.95 * Mcr0) << N; EXPECT_EQ(N < 0, mu * M > 1.05 * Mcr0) << N;
   }
 }
 
@@ -76,10 +75,8 @@ TEST(Axial, WithoutForceTheFactorIsTodaysToTheLastBit) {
   for (int method : {Method_Eigen, Method_Dichotomie}) {
     const SolverResult b = Solve_File(Write_Text(zeros, "ZEROS.ZVK"), method).res;
     const double a = Solve(p, method).res.mucr;
-    ASSERT_GT(a, 0);
-    EXPECT_EQ(a, b.mucr);
-    EXPECT_EQ(b.N, 0);
-    EXPECT_NEAR(Solve(Beam(Section{}, 1e6, 1), method).res.mucr / a, 1.0, 1e-4);
+    ASSERT_GT(a, 0); EXPECT_EQ(a, b.mucr);
+    EXPECT_EQ(b.N, 0); EXPECT_NEAR(Solve(Beam(Section{}, 1e6, 1), method).res.mucr / a, 1.0, 1e-4);
   }
 }
 
@@ -95,12 +92,10 @@ TEST(AxialBlock, WrittenAfterTheSpanLoadsReadBackOrRefusedWithItsOwnStatus) {
   p.N[7] = -250;  // the largest magnitude is the one reported
   const std::string text = Problem_Text(p, ProblemLabels::Proceed);
   const size_t at = text.find("Axial force : i  Ni  Ai  Iyi  zCi\n");
-  ASSERT_NE(at, std::string::npos);
-  EXPECT_GT(at, text.find("NF NQ"));
+  ASSERT_NE(at, std::string::npos); EXPECT_GT(at, text.find("NF NQ"));
   // N alone is a load: no "all moments 0" refusal
   SolverResult r = Read_Text(text);
-  EXPECT_EQ(r.Solve_Status, 0) << r.Error_Text;
-  EXPECT_EQ(r.N, 1234.5);
+  EXPECT_EQ(r.Solve_Status, 0) << r.Error_Text; EXPECT_EQ(r.N, 1234.5);
 
   // malformed blocks have their own status and message
   const std::string good = Problem_Text(Beam(Section{}, 1e6, 1000), ProblemLabels::Proceed);

@@ -65,15 +65,13 @@ TEST_F(Lanes, EachLaneDecidesAsTheOneByOneSweep) {
       double m2;
       int e2;
       Lane_Determinant(out[l], m2, e2);
-      EXPECT_EQ(out[l].mu, mus[l]);
-      EXPECT_EQ(e1, e2) << mus[l];
+      EXPECT_EQ(out[l].mu, mus[l]); EXPECT_EQ(e1, e2) << mus[l];
       EXPECT_EQ(std::memcmp(&m1, &m2, sizeof m1), 0) << mus[l] << ": " << m1 << " " << m2;
       (out[l].positive ? positive : stopped)++;
     }
   }
   // the sets cover both outcomes
-  EXPECT_GE(positive, 4);
-  EXPECT_GE(stopped, 4);
+  EXPECT_GE(positive, 4); EXPECT_GE(stopped, 4);
   EXPECT_FALSE(std::fetestexcept(FE_DIVBYZERO | FE_OVERFLOW | FE_INVALID));
 }
 

@@ -159,8 +159,7 @@ TEST(ProblemFile, MomentsGiveShearAndTheFirstLargestMoment) {
   // the same largest magnitude from node 11 (x = 100) to node 31: the first wins
   Set_Moments(p, [](double x) { return x <= 100 ? 2e5 + 8e3 * x : (x <= 300 ? 1e6 : 0); });
   SolverResult r = Read(p);
-  ASSERT_EQ(r.Solve_Status, 0);
-  EXPECT_DOUBLE_EQ(r.Mmax, 1e6);
+  ASSERT_EQ(r.Solve_Status, 0); EXPECT_DOUBLE_EQ(r.Mmax, 1e6);
   EXPECT_DOUBLE_EQ(r.xMmax, 100.0 / 500.0);
   // V = -(M2 - M1) / L, twice per element
   EXPECT_FLOAT_EQ(r.Efforts_V[1], -(2.8e5f - 2e5f) / 10);

@@ -27,8 +27,7 @@ class Test_Frm_DirectSolve : public QObject {
   void runToTheEnd() {
     Frm_DirectSolve form;
     const DirectSolveOutcome out = form.Form_Load(s_);
-    QVERIFY(out.Written);
-    QCOMPARE(out.Result.Solve_Status, 0);
+    QVERIFY(out.Written); QCOMPARE(out.Result.Solve_Status, 0);
     QCOMPARE(QGuiApplication::clipboard()->text(), QString::fromStdString(out.Lines[0]).trimmed());
     // from the bracket [0, 1] the width must fall below 1e-4 x 0.483: 15
     // halvings (2^-15 = 3.1e-5), counted after the evaluation at 1
@@ -56,8 +55,7 @@ class Test_Frm_DirectSolve : public QObject {
     clicker.start(0);
     const DirectSolveOutcome out = form.Form_Load(s_);
     QCOMPARE(releasedAt, QString("4")); QCOMPARE(out.Result.Solve_Status, 0);
-    QCOMPARE(out.Lines[0], std::string("       0.375000"));
-    QCOMPARE(out.Lines[3], Msg(2) + " (0)");
+    QCOMPARE(out.Lines[0], std::string("       0.375000")); QCOMPARE(out.Lines[3], Msg(2) + " (0)");
     QCOMPARE(QGuiApplication::clipboard()->text(), QString("0.375000"));
   }
 };

@@ -48,14 +48,12 @@ class TestFrmSection : public QObject {
     m.Lbl_SelectedProfile = "XYZ 999";
     Frm_Section w(m, start.state.File_Section);
     w.Form_Load();
-    QCOMPARE(w.Lst_SectionSerie->currentRow(), 0);
-    QCOMPARE(w.Lst_SectionNumber->currentRow(), 0);
+    QCOMPARE(w.Lst_SectionSerie->currentRow(), 0); QCOMPARE(w.Lst_SectionNumber->currentRow(), 0);
     w.Lst_SectionSerie->setCurrentRow(Row_Of(w.Lst_SectionSerie, "IPE"));
     QCOMPARE(w.Lst_SectionNumber->item(0)->text(), QString("80"));  // not "100" as a text would
     w.Cmd_Quitter->click();
     QCOMPARE(w.result(), int(QDialog::Rejected));
-    QCOMPARE(m.Lbl_SelectedProfile, std::string("XYZ 999"));
-    QCOMPARE(m.Cat_b, 15.0);
+    QCOMPARE(m.Lbl_SelectedProfile, std::string("XYZ 999")); QCOMPARE(m.Cat_b, 15.0);
   }
 
   // Iz of an IPE 300 = 603.78 cm4 = 6.0378e6 mm4.
@@ -75,14 +73,12 @@ class TestFrmSection : public QObject {
       QSignalSpy moved(&w, &Frm_Section::sectionTransferred);
       w.Cmd_Transfert->click();
 
-      QCOMPARE(moved.count(), 1);
-      QCOMPARE(w.result(), int(QDialog::Accepted));
+      QCOMPARE(moved.count(), 1); QCOMPARE(w.result(), int(QDialog::Accepted));
       QCOMPARE(m.Lbl_SelectedProfile + " " + m.Txt_Betaz[1], std::string("IPE 300 0"));
       QVERIFY(std::abs(Num_Of_Text(m.Txt_Iz[1]) - Iz) <= 1e-4 * Iz);
       // Iw of a doubly symmetric I: (h - tf)^2 Iz / 4, with the table's
       // 300 x 150 x 7.1 x 10.7 (cm in the record).
-      QCOMPARE(m.Cat_h, 30.0);
-      QVERIFY(std::abs(m.Cat_tf - 1.07) < 1e-6);
+      QCOMPARE(m.Cat_h, 30.0); QVERIFY(std::abs(m.Cat_tf - 1.07) < 1e-6);
       const double Iw = (30 - 1.07) * (30 - 1.07) * 603.78 / 4;
       QVERIFY(std::abs(Num_Of_Text(m.Txt_Iw[1]) - Iw) <= 1e-3 * Iw);
     }
@@ -99,8 +95,7 @@ class TestFrmSection : public QObject {
       Frm_Section w(m, db.toStdString());
       MessageCatcher catcher;
       w.Form_Load();
-      QCOMPARE(catcher.count, 1);
-      QVERIFY(catcher.text.contains(db));
+      QCOMPARE(catcher.count, 1); QVERIFY(catcher.text.contains(db));
       QCOMPARE(catcher.text.startsWith("File not found"), content.isEmpty());
       QCOMPARE(w.Lst_SectionSerie->count() + w.Lst_SectionNumber->count(), 0);
       w.Cmd_Transfert->click();  // nothing to transfer
