@@ -22,15 +22,13 @@ class Test_Frm_DirectSolve : public QObject {
     Load_Messages();
   }
 
-  // A full run: mucr of the example on the clipboard, as in the result file (whose value is the
-  // batch route's test).
+  // A full run: mucr of the example on the clipboard, as in the result file (checked by the batch route).
   void runToTheEnd() {
     Frm_DirectSolve form;
     const DirectSolveOutcome out = form.Form_Load(s_);
     QVERIFY(out.Written); QCOMPARE(out.Result.Solve_Status, 0);
     QCOMPARE(QGuiApplication::clipboard()->text(), QString::fromStdString(out.Lines[0]).trimmed());
-    // from the bracket [0, 1] the width must fall below 1e-4 x 0.483: 15
-    // halvings (2^-15 = 3.1e-5), counted after the evaluation at 1
+    // from [0, 1] the width must fall below 1e-4 x 0.483: 15 halvings (2^-15 = 3.1e-5), after the one at 1
     QCOMPARE(form.Lbl_Iteration->text(), QString("16"));
   }
 

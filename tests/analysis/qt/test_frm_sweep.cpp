@@ -1,5 +1,4 @@
-// Tools > Sweep driven by the keyboard and the mouse: the range typed, the
-// run, the progress, the curve's table on the clipboard, refused points.
+// Tools > Sweep by keyboard and mouse: the range typed, the run, progress, the table copied, refused points.
 #include <QtTest>
 #include <QtWidgets>
 
@@ -14,8 +13,7 @@ namespace {
 
 void Type(QLineEdit* e, const QString& text) {
   e->setFocus(Qt::TabFocusReason);
-  QTest::keyClick(e, Qt::Key_A, Qt::ControlModifier);
-  QTest::keyClick(e, Qt::Key_Delete);
+  QTest::keyClick(e, Qt::Key_A, Qt::ControlModifier), QTest::keyClick(e, Qt::Key_Delete);  // all, away
   QTest::keyClicks(e, text);
 }
 
@@ -71,8 +69,7 @@ class Test_Frm_Sweep : public QObject {
     QVERIFY(f.Lbl_Message->text().startsWith("The step must be non-zero") && f.Points().empty());
 
     // 0.5 m lies below the 1 m of a 100-element beam: a refused row, the others solved
-    Type(f.Txt_From, "0.5");
-    Type(f.Txt_Step, "3.5");
+    Type(f.Txt_From, "0.5"), Type(f.Txt_Step, "3.5");
     QTest::keyClick(f.Txt_Step, Qt::Key_Return);  // Run is the default button
     QTRY_VERIFY_WITH_TIMEOUT(f.Cmd_Copy->isEnabled(), 20000);
     QCOMPARE(f.Prg_Sweep->maximum(), 4); QCOMPARE(f.Prg_Sweep->value(), 4);
@@ -85,8 +82,7 @@ class Test_Frm_Sweep : public QObject {
     QCOMPARE(rows.size(), 5);
     QCOMPARE(rows[0], QString("Txt_L [m],mucr,Mcr [kN.m],status,\"Mb,Rd [kN.m]\",message"));
     QVERIFY(rows[1].startsWith("0.5,,,-1,"));
-    // the span typed in m reaches the solve: the last row, 11 m, in kN.m (the sweep of the closed
-    // form is the core's)
+    // the span typed in m reaches the solve: the last row, 11 m, in kN.m
     const QStringList c = rows[4].split(',');
     QCOMPARE(c[0] + " " + c[3], QString("11 0"));
     QVERIFY2(std::fabs(std::fabs(c[2].toDouble()) / (Mcr_Uniform(1100) / 100) - 1) < 1e-3, qPrintable(rows[4]));
@@ -116,8 +112,7 @@ class Test_Frm_Sweep : public QObject {
     Load("FR");
     Frm_Sweep f(m_);
     Show(f);
-    QVERIFY(f.windowTitle().startsWith("Balayage"));
-    QCOMPARE(f.Cmd_Close->text(), QString("Fermer"));
+    QVERIFY(f.windowTitle().startsWith("Balayage")); QCOMPARE(f.Cmd_Close->text(), QString("Fermer"));
     Range(f, "4", "12", "2");
     QTest::mouseClick(f.Cmd_Run, Qt::LeftButton);
     QTRY_VERIFY_WITH_TIMEOUT(f.Cmd_Copy->isEnabled(), 20000);
