@@ -59,8 +59,7 @@ inline std::string Write_Text(const std::string& text, const std::string& name) 
   return Scratch_Folder().Write(name, text);
 }
 
-// Reads a problem file with a method number that stops after assembly; mucr
-// stays as passed (42) when reading fails.
+// Reads a problem file with a method number that stops after assembly; mucr stays 42 when reading fails.
 const char* const Unreadable = "The problem file can't be read.";
 inline SolverResult Read_File(const std::string& path) {
   Set_Msg(57, Unreadable);
@@ -99,18 +98,13 @@ inline Solved Solve(const ProblemData& p, int method, double tol = 1e-6, int nbi
 // Element end moments from a moment function of x (cm), in daN.cm.
 inline void Set_Moments(ProblemData& p, const std::function<double(double)>& M) {
   double x = 0;
-  for (int e = 1; e <= p.NB; ++e) {
-    p.M1[e] = (float)M(x);
-    x += p.L[e];
-    p.M2[e] = (float)M(x);
-  }
+  for (int e = 1; e <= p.NB; ++e) p.M1[e] = (float)M(x), x += p.L[e], p.M2[e] = (float)M(x);
 }
 
 // One point load F (daN, downward) at x (cm), z above the shear centre.
 inline void Set_Point_Load(ProblemData& p, double F, double x, double z) {
-  p.NF = 1;
   for (auto* v : {&p.F, &p.xF, &p.zF}) v->assign(2, 0.0);
-  p.F[1] = -F, p.xF[1] = x, p.zF[1] = z;
+  p.NF = 1, p.F[1] = -F, p.xF[1] = x, p.zF[1] = z;
 }
 
 // Cantilever of length Lc, root fully held (v, theta, v', theta'), tip free, a tip load F at height z:
@@ -119,8 +113,7 @@ inline ProblemData Cantilever(int nb, double Lc, double F, double Iw_, double z 
   ProblemData p = Fork_Beam_Uniform_Moment(nb, Lc, 0.0);
   for (int e = 1; e <= nb; ++e) p.Iw[e] = Iw_;
   p.Rv[nb + 1] = p.Rt[nb + 1] = 0;
-  p.Rv[1] = p.Rt[1] = p.Rvp[1] = -1;
-  p.Rtp[1] = Iw_ > 0 ? -1 : 0;
+  p.Rv[1] = p.Rt[1] = p.Rvp[1] = -1, p.Rtp[1] = Iw_ > 0 ? -1 : 0;
   Set_Moments(p, [&](double x) { return -F * (Lc - x); });
   Set_Point_Load(p, F, Lc, z);
   return p;
