@@ -52,10 +52,9 @@ class ProjectFile : public ::testing::Test {
     BeamModel m = Default_Model(dir.path);
     int k = 0;
     for (UnitFamily f : All_Unit_Families) Unit_Index(m, f) = (k++) % Unit_ItemCount(f);
-    std::vector<std::string*> texts = {
-        &m.Txt_zS_Hidden, &m.Txt_Nu,   &m.Txt_Psi,  &m.Txt_xfint1, &m.Txt_xfint2, &m.Txt_xf1,
-        &m.Txt_xf2,       &m.Txt_xf3,  &m.Txt_xfC,  &m.Txt_xq11,   &m.Txt_xq12,   &m.Txt_xq21,
-        &m.Txt_xq22,      &m.Txt_mucr, &m.Lbl_CurrentValue, &m.Lbl_Iteration};
+    std::vector<std::string*> texts = {&m.Txt_zS_Hidden, &m.Txt_Nu, &m.Txt_Psi, &m.Txt_xfint1, &m.Txt_xfint2,
+        &m.Txt_xf1, &m.Txt_xf2, &m.Txt_xf3, &m.Txt_xfC, &m.Txt_xq11, &m.Txt_xq12, &m.Txt_xq21, &m.Txt_xq22,
+        &m.Txt_mucr, &m.Lbl_CurrentValue, &m.Lbl_Iteration};
     for (auto& [f, more] : Number_Fields(m)) texts.insert(texts.end(), more.begin(), more.end());
     for (std::string* t : texts) *t = std::to_string(++k) + sep + "25";  // all distinct
     m.Txt_L = std::string("7") + sep + "25";

@@ -5,8 +5,7 @@
 
 #include <initializer_list>
 #include <set>
-#include <string>
-#include <utility>
+#include <tuple>
 
 #include "model/DataEntry.h"
 #include "model/FieldTable.h"
@@ -150,9 +149,8 @@ TEST(FieldTable, EveryValidationFailureNamesAFieldOfItsPage) {
     for (const FieldDef& f : Field_Table()) {
       if (f.kind != FieldKind::Text || f.page > 2) continue;
       BeamModel m = Default_Model();
-      m.Opt_Catalogue = route == 1;
-      m.Opt_Dimensions = route == 2;
-      m.Opt_Properties = route == 3;
+      std::tie(m.Opt_Catalogue, m.Opt_Dimensions, m.Opt_Properties) =
+          std::tuple(route == 1, route == 2, route == 3);
       ASSERT_TRUE(route != 2 || Cmd_Dimensions(m).ok);
       *Text_Member(m, f) = "x";
       ValidationResult r = IsDataOK(m);

@@ -4,27 +4,26 @@
 #include <QtWidgets>
 #include <memory>
 
-#include "../dd_support.h"
 #include "directdata/qt/Frm_DirectData.h"
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
+#include "../../foundation/scratch_dir.h"
 #include "solver/Mod_StabMat.h"
 
 using namespace zarvek;
+using foundation_test::Read_File;
 
 namespace {
 
 // Keys go where the window's focus is, as the user's would.
 void Key(QWidget& form, Qt::Key key, Qt::KeyboardModifiers mods = Qt::NoModifier) {
-  QWidget* w = form.focusWidget();
-  QVERIFY(w);
-  QTest::keyClick(w, key, mods);
+  QVERIFY(form.focusWidget());
+  QTest::keyClick(form.focusWidget(), key, mods);
 }
 void Type(QWidget& form, const QString& text) {
   for (QChar c : text) {
-    QWidget* w = form.focusWidget();
-    QVERIFY(w);
-    QTest::keyClick(w, c.toLatin1());
+    QVERIFY(form.focusWidget());
+    QTest::keyClick(form.focusWidget(), c.toLatin1());
   }
 }
 
@@ -199,10 +198,10 @@ class Test_Frm_DirectData : public QObject {
   void unreadableFileThenSave() {
     const std::string path = Path("BROKEN.ZVK");  // element 4, on line 9, 1e400 cm long
     QVERIFY(Save_FileZVK(path, New_DirectData(50)));
-    std::string t = Slurp(path);
+    std::string t = Read_File(path);
     const size_t at = t.find("\n  4       10 ");
     QVERIFY(at != std::string::npos);
-    Put(path, t.replace(at, 14, "\n  4   1e400 "));
+    std::ofstream(path, std::ios::binary) << t.replace(at, 14, "\n  4   1e400 ");
     const QString stray = QString::fromStdString(Msg(81));
     QFile::remove(stray);
     QString text;  // of the first real box, read and closed as it comes up; the timer dies with the test
@@ -259,7 +258,7 @@ class Test_Frm_DirectData : public QObject {
     Cell(g, 2, 1, "1.005");
     answer_ = Path("TYPED.ZVK");
     f_->Menu_File_SaveAsAct->trigger();  // the menu's command reaches the writer
-    QVERIFY(Slurp(answer_).find("\n  1    1.005      603.78 ") != std::string::npos);
+    QVERIFY(Read_File(answer_).find("\n  1    1.005      603.78 ") != std::string::npos);
   }
 
   // The sixth grid, the axial force of every element with its constants: chosen by a click on its

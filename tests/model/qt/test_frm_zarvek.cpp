@@ -34,9 +34,8 @@ class Test_Frm_Zarvek : public QObject {
   int dialogs_ = 0;
 
   template <class T = QWidget> T* F(const char* name) {
-    auto* w = qobject_cast<T*>(w_->Field_Widget(name));
-    if (!w) qFatal("no widget %s", name);
-    return w;
+    if (auto* w = qobject_cast<T*>(w_->Field_Widget(name))) return w;
+    qFatal("no widget %s", name);
   }
   QLineEdit* E(const char* name) { return F<QLineEdit>(name); }
   double Num(const char* name) { return Num_Of_Text(E(name)->text().toStdString()); }
@@ -45,17 +44,12 @@ class Test_Frm_Zarvek : public QObject {
   void Click(QAbstractButton* b) { QTest::mouseClick(b, Qt::LeftButton, {}, QPoint(6, b->height() / 2)); }
 
   void Type(const char* name, const QString& text) {
-    QLineEdit* e = E(name);
-    e->setFocus();
-    e->selectAll();
-    if (text.isEmpty()) QTest::keyClick(e, Qt::Key_Backspace);
-    else QTest::keyClicks(e, text);
+    E(name)->setFocus();
+    E(name)->selectAll();
+    text.isEmpty() ? QTest::keyClick(E(name), Qt::Key_Backspace) : QTest::keyClicks(E(name), text);
   }
 
-  void Select_Page(int p) {
-    w_->Tab_Zarvek->setCurrentIndex(p);
-    QCoreApplication::processEvents();
-  }
+  void Select_Page(int p) { w_->Tab_Zarvek->setCurrentIndex(p); QCoreApplication::processEvents(); }
 
   // A loaded window whose boxes and dialogs the test answers, shown at `width` x 760 when given.
   std::unique_ptr<Frm_Zarvek> Open_Window(int width = 0) {
@@ -91,8 +85,7 @@ class Test_Frm_Zarvek : public QObject {
   }
 
   void init() {
-    shown_.clear();
-    chosen_.clear();
+    shown_ = chosen_ = {};
     dialogs_ = 0;
     QVERIFY((w_ = Open_Window()));
     w_->show();
@@ -103,9 +96,8 @@ class Test_Frm_Zarvek : public QObject {
 
   void cleanup() { w_.reset(); }
 
-  // The default beam under a uniform moment of 100 kN.m on forks. F5 from the first page brings the
-  // results page to the front, Mcr in kN.m and the factor within 0.2 % of the closed form. A changed
-  // load then empties the results and the forces picture.
+  // The default beam, 100 kN.m uniform on forks: F5 on the first page brings the results page, Mcr
+  // and its factor within 0.2 % of the closed form; a changed load empties results and forces picture.
   void proceedGivesTheClosedFormMcrUntilALoadChanges() {
     QCOMPARE(w_->Tab_Zarvek->currentIndex(), 0);
     QTest::keyClick(E("Txt_L"), Qt::Key_F5);
@@ -123,12 +115,10 @@ class Test_Frm_Zarvek : public QObject {
       for (int x = 0; x < img.width(); x += 3) QCOMPARE(img.pixel(x, y), img.pixel(0, 0));
   }
 
-  // The stop button is live exactly during the solve; a click on it and Esc stop at the next
-  // iteration, and typing elsewhere waits. Every press, release and key comes through the window
-  // as the window system delivers them (to the toplevel, which hands them to the widget under the
-  // pointer): the solve starts from a click on Proceed, the stop is a click, or a press and a
-  // release served in two passes, or Esc. The estimate is the stable end of the bisection bracket
-  // of [0, 1] around the closed-form factor 0.4833 after the iteration running at the release.
+  // The stop button is live exactly during the solve; a click on it, a press and a release served in
+  // two passes, or Esc stop at the next iteration, and typing elsewhere waits. Events go to the
+  // toplevel as the window system delivers them; Proceed too is a click. The estimate is the stable
+  // end of the bisection bracket of [0, 1] around the closed-form factor 0.4833 at the release.
   void stopDuringSolveEndsWithTheEstimate() {
     auto bracket_low = [&](int iteration) {
       double lo = 0, hi = 1, mucr = Mcr_Default / 1e6;
@@ -204,10 +194,9 @@ class Test_Frm_Zarvek : public QObject {
     }
   }
 
-  // Restraint lists as the keyboard reaches them: a click puts the focus on the list (not on its
-  // inner line), so the keys arrive at the list. "Fixed" can't be typed over; Down chooses the
-  // spring item, which shows its unit; a spring takes no letter and no minus, a comma is the
-  // decimal separator, and Delete still edits it.
+  // Restraint lists from the keyboard: a click focuses the list, not its inner line. "Fixed" can't be
+  // typed over; Down chooses the spring item, which shows its unit; a spring takes no letter and no
+  // minus, a comma is the decimal separator, and Delete still edits it.
   void restraintListsTakeKeysAsTyped() {
     Select_Page(1);
     auto* v1 = F<QComboBox>("Lst_v1");
@@ -301,10 +290,9 @@ class Test_Frm_Zarvek : public QObject {
     QCOMPARE(opened, 1);
   }
 
-  // Typed on the Loads page with the key filter of a signed number; the further constants of the
-  // properties route open only while a force acts; the results page shows Ncr and, under
-  // compression, the note on in-plane buckling. Pages are chosen and fields typed and left by
-  // clicks and keys.
+  // Typed on the Loads page with the key filter of a signed number; the further constants open only
+  // while a force acts; the results page shows Ncr and, under compression, the note on in-plane
+  // buckling. Pages, fields and the Proceed button are reached by clicks and keys.
   void axialForceTypedSolvedAndShown() {
     QVERIFY((w_ = Open_Window(1000)));
     auto click_tab = [&](int t) {
@@ -334,8 +322,7 @@ class Test_Frm_Zarvek : public QObject {
     click_tab(3);
     QTest::mouseClick(w_->Cmd_Proceed, Qt::LeftButton);
     QTRY_VERIFY(Num_Of_Text(w_->Model().Txt_mucr) != 0);
-    // the compression reached the solve: the factor falls below that of the moment alone, and Ncr
-    // in kN is that factor times the 50 kN
+    // the compression reached the solve: a factor below the moment's alone; Ncr = factor x 50 kN
     const double mu = Num("Txt_mucr");
     QVERIFY(mu < 0.95 * Mcr_Default / 1e6);
     QVERIFY(std::fabs(Num_Of_Text(w_->Model().Txt_Ncr) / (50 * mu) - 1) < 1e-2);
