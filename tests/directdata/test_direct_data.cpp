@@ -3,6 +3,7 @@
 // copy, delete and key filters.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <tuple>
 
 #include "../foundation/scratch_dir.h"
@@ -19,10 +20,7 @@ namespace {
 const foundation_test::Scratch dir;
 
 // A number text with the decimal mark of the moment.
-std::string Local(std::string t) {
-  for (char& c : t) c = c == '.' ? Dec_Sep : c;
-  return t;
-}
+std::string Local(std::string t) { std::replace(t.begin(), t.end(), '.', Dec_Sep); return t; }
 
 class DirectData : public ::testing::Test {
  protected:
@@ -95,7 +93,7 @@ TEST_F(DirectData, RoundTripThroughAProblemFile) {
     // numbers use the point whatever the locale: commas stand only in labels
     std::istringstream lines(Read_File(path));
     for (std::string line; std::getline(lines, line);)
-      EXPECT_TRUE(line.find_first_of("abcdefghijklmnopqrstuvwxyz") != line.npos || line.find(',') == line.npos)
+      EXPECT_TRUE(line.find(',') == line.npos || line.find_first_of("abcdefghijklmnopqrstuvwxyz") != line.npos)
           << line;
     DirectDataSheet back = New_DirectData(50);
     ASSERT_TRUE(Read_FileZVK(path, back).Ok);
@@ -244,13 +242,8 @@ std::vector<std::string> Block(const Text_Grid& g, int top, int left, int bottom
 // marker). Nothing outside the selection moves.
 TEST_F(Grid, PasteRules) {
   using P = Paste_Outcome;
-  const struct {
-    int row, col, rowSel, colSel;
-    const char* clip;
-    P outcome;
-    int written;
-    std::vector<std::string> after;
-  } cases[] = {
+  const struct { int row, col, rowSel, colSel; const char* clip; P outcome; int written;
+                 std::vector<std::string> after; } cases[] = {
       {2, 1, 3, 2, "7.5", P::Done, 4, {"7.5", "7.5", "7.5", "7.5"}},  // one value fills all
       // a block dragged upwards lands from the top left
       {3, 3, 2, 1, "1\t2\t3\r\n4\t5\t6\r\n", P::Done, 6, {"1", "2", "3", "4", "5", "6"}},
