@@ -110,8 +110,7 @@ TEST_F(DataEntry, ConfirmedDimensionsGiveTheRolledSection) {
 }
 
 TEST_F(DataEntry, EachShapeCopiesItsFlanges) {
-  // double symmetric: flange 2 takes flange 1; mono-symmetric: as typed; one flange only: the
-  // other shrinks to the web
+  // double symmetric: flange 2 takes flange 1; mono-symmetric: as typed; one flange: the other is the web
   const std::pair<int, const char*> shapes[] = {{0, "15 1.07 1.5 / 15 1.07 1.5"}, {1, "15 1.07 1.5 / 12 1.2 1"},
                                                 {2, "15 1.07 1.5 / 0.71 0 0"}, {3, "0.71 0 0 / 12 1.2 1"}};
   for (const auto& [shape, flanges] : shapes) {
@@ -121,8 +120,7 @@ TEST_F(DataEntry, EachShapeCopiesItsFlanges) {
     ASSERT_TRUE(Cmd_Dimensions(m).ok) << shape;
     EXPECT_EQ(Flanges(), flanges);
   }
-  // a change of shape from flange 2 only to double symmetric: flange 1 takes flange 2 as typed,
-  // and slot 2, computed for the old shape, is emptied
+  // from flange 2 only to double symmetric: flange 1 takes flange 2; slot 2, of the old shape, empties
   std::tie(m.Txt_bf2, m.Txt_tf2, m.Txt_r2) = std::make_tuple("12", "1.2", "1");
   ASSERT_FALSE(m.Txt_Iz[2].empty());
   Tab_Dim_Change(m, 0);
@@ -130,8 +128,7 @@ TEST_F(DataEntry, EachShapeCopiesItsFlanges) {
 }
 
 TEST_F(DataEntry, FailedConfirmationChangesNothing) {
-  // numbers first, then the limits of the shape: shown, not left pending; proportions the closed
-  // forms refuse: left pending
+  // numbers first, then the shape's limits: shown, not pending; proportions the closed forms refuse: pending
   const char *const Out = "Value out of limits", *const Refused = "Section proportions refused";
   const struct { int shape; std::string* field; const char *value, *shown, *at, *pending; } steps[] = {
       {0, &m.Txt_h, "400", Out, "Txt_h", ""}, {0, &m.Txt_r2, "x", "Not a number", "Txt_r2", ""},

@@ -98,7 +98,14 @@ class Test_Frm_Zarvek : public QObject {
 
   // The default beam, 100 kN.m uniform on forks: F5 on the first page brings the results page, Mcr
   // and its factor within 0.2 % of the closed form; a changed load empties results and forces picture.
+  // Commands of windows not hooked in are disabled, never a dead click; the 3D view needs a result.
   void proceedGivesTheClosedFormMcrUntilALoadChanges() {
+    QVERIFY(!w_->Cmd_Draw3D->isEnabled() && !w_->Menu_Tools_Options->isEnabled());
+    int opened = 0;
+    w_->Hooks.Draw3D = [&] { ++opened; };
+    w_->Update_Commands();
+    QVERIFY(w_->Cmd_Draw3D->isEnabled());
+    w_->Cmd_Draw3D->click();  // no mode yet: nothing opens
     QCOMPARE(w_->Tab_Zarvek->currentIndex(), 0);
     QTest::keyClick(E("Txt_L"), Qt::Key_F5);
     QCOMPARE(w_->Tab_Zarvek->currentIndex(), 3);
@@ -106,6 +113,8 @@ class Test_Frm_Zarvek : public QObject {
     for (auto [field, scale] : {std::pair{"Txt_Mcr", 1e4}, {"Txt_mucr", 1e6}})
       QVERIFY2(std::fabs(Num(field) * scale / Mcr_Default - 1) < 2e-3, field);
     QVERIFY(Shown_Contains(Msg(4)) && w_->Model().Mode_Max > 0 && Num("Txt_Mmax(0)") != 0);
+    w_->Cmd_Draw3D->click();
+    QCOMPARE(opened, 1);
     w_->Tab_Zarvek->setCurrentIndex(2);
     Type("Txt_M1", "-90");
     for (const char* f : {"Txt_mucr", "Txt_Mcr", "Txt_Mmax(0)"}) QCOMPARE(E(f)->text(), QString("0"));
@@ -166,8 +175,9 @@ class Test_Frm_Zarvek : public QObject {
   }
 
   // The option of a coupled pair chooses the field typed, the other follows, read-only. psi typed
-  // outside -1..1 puts back the text it had before the key. With G typed, nu is out of reach.
-  void coupledPairsFollowTheFieldTyped() {
+  // outside -1..1 puts back the text it had before the key. With G typed, nu is out of reach. Each
+  // field filters its keys (shown with the locale's point).
+  void coupledPairsAndKeyFilters() {
     Select_Page(2);
     Click(F<QRadioButton>("Opt_Psi"));
     QVERIFY(E("Txt_M2")->isReadOnly() && !E("Txt_Psi")->isReadOnly());
@@ -180,10 +190,7 @@ class Test_Frm_Zarvek : public QObject {
     Select_Page(0);
     Click(F<QRadioButton>("Opt_G"));
     QVERIFY(E("Txt_Nu")->isReadOnly() && E("Txt_Nu")->focusPolicy() == Qt::NoFocus);
-  }
-
-  void keyFiltersByField() {
-    const struct { const char *field, *keys, *shown; } cases[] = {  // shown with the locale's point
+    const struct { const char *field, *keys, *shown; } cases[] = {
         {"Txt_L", "2,5", "2.5"}, {"Txt_L", "2.5", "2.5"}, {"Txt_L", "-8", "8"}, {"Txt_M1", "-8,5", "-8.5"},
         {"Txt_xf1", "a0.3", "0.3"}, {"Txt_Iw(3)", "1E5", "1E5"}, {"Txt_zend1", "-3", "-3"}};
     for (const auto& c : cases) {
@@ -273,21 +280,6 @@ class Test_Frm_Zarvek : public QObject {
     QVERIFY(!QFile::exists(name) && !QFile::exists(QString::fromStdString(s_.File_Default)));
     QVERIFY(shown_.size() >= 3);
     QCOMPARE(QApplication::focusWidget(), E("Txt_L"));
-  }
-
-  // Commands of windows not hooked in are disabled, never a dead click; a hooked one is enabled,
-  // and the 3D view needs a result.
-  void commandsFollowTheirWindows() {
-    QVERIFY(!w_->Cmd_Draw3D->isEnabled() && !w_->Menu_Tools_Options->isEnabled());
-    int opened = 0;
-    w_->Hooks.Draw3D = [&] { ++opened; };
-    w_->Update_Commands();
-    QVERIFY(w_->Cmd_Draw3D->isEnabled());
-    w_->Cmd_Draw3D->click();  // no mode yet: nothing opens
-    QCOMPARE(opened, 0);
-    w_->Cmd_Proceed_Click();
-    w_->Cmd_Draw3D->click();
-    QCOMPARE(opened, 1);
   }
 
   // Typed on the Loads page with the key filter of a signed number; the further constants open only
