@@ -1,6 +1,5 @@
-// The direct data of a problem: limits of the header fields, the passage through a problem file
-// and back, what the solver makes of a saved grid, and the editing rules of the grids: paste,
-// copy, delete and key filters.
+// Direct data: limits of the header fields, the problem file there and back, what the solver reads of a
+// saved grid, and the editing rules of the grids: paste, copy, delete and key filters.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -92,9 +91,8 @@ TEST_F(DirectData, RoundTripThroughAProblemFile) {
     ASSERT_TRUE(Save_FileZVK(path, s));
     // numbers use the point whatever the locale: commas stand only in labels
     std::istringstream lines(Read_File(path));
-    for (std::string line; std::getline(lines, line);)
-      EXPECT_TRUE(line.find(',') == line.npos || line.find_first_of("abcdefghijklmnopqrstuvwxyz") != line.npos)
-          << line;
+    for (std::string l; std::getline(lines, l);)
+      EXPECT_TRUE(l.find(',') == l.npos || l.find_first_of("abcdefghijklmnopqrstuvwxyz") != l.npos) << l;
     DirectDataSheet back = New_DirectData(50);
     ASSERT_TRUE(Read_FileZVK(path, back).Ok);
     EXPECT_EQ(back.Txt_NB + " " + back.Txt_NF, "57 3");
@@ -173,9 +171,8 @@ TEST_F(DirectData, AShortFileKeepsWhatWasRead) {
   EXPECT_FALSE(Read_FileZVK(dir / "MISSING.ZVK", s).Ok);
 }
 
-// "1e400" is no number of any field, "1e39" none of a single-precision one (lengths, section
-// constants, heights, moments, loads) though a spring may be that stiff: refused in a file, where
-// the reading stops at its line, in a cell, where nothing is saved, and in E and G.
+// "1e400" fits no field, "1e39" no single-precision one (lengths, section constants, heights, moments,
+// loads) though a spring may be that stiff: refused in a file (reading stops there), a cell, and E.
 TEST_F(DirectData, AValueBeyondItsFieldIsRefused) {
   const std::string path = dir / "RANGE.ZVK";
   ASSERT_TRUE(Save_FileZVK(path, New_DirectData(50)));
@@ -275,8 +272,7 @@ TEST_F(Grid, PasteRules) {
   EXPECT_EQ(g.TextMatrix(2, 1), "1,5");
 }
 
-// Copy gives tab-separated rows ended by CR LF whichever way the block was dragged; Delete empties
-// the block only.
+// Copy: tab-separated rows ended by CR LF whichever way the block was dragged; Delete empties it only.
 TEST_F(Grid, CopyAndDelete) {
   Text_Grid g = Marked_Grid(5, 3, 4, 2);
   EXPECT_EQ(Copy_Block(g), "m42\tm43\r\nm52\tm53\r\n");

@@ -65,9 +65,8 @@ TEST_F(DataEntry, MomentsAndPsiStayCoupled) {
 }
 
 TEST_F(DataEntry, ResultsDoNotSurviveAChangeOfTheirData) {
-  // a switched-off restraint does not enter the solved problem, nor a dimension before the section
-  // is confirmed, nor what the curves show, nor the catalogue's slot; a restraint clears the solve,
-  // a load the forces too
+  // a switched-off restraint, a dimension before the section is confirmed, what the curves show and the
+  // catalogue's slot are not in the solved problem; a restraint clears the solve, a load the forces too
   const struct { bool results, forces; std::vector<const char*> fields; } cases[] = {
       {true, true, {"Txt_L", "Txt_q22", "Opt_EL", "Txt_M1", "Txt_xq22"}},
       {true, false, {"Txt_NB", "Lst_tp2", "Txt_zend2", "Txt_Iz(3)", "Chk_Continuous", "Opt_Dimensions"}},

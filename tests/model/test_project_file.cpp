@@ -46,8 +46,7 @@ class ProjectFile : public ::testing::Test {
   std::string File(const std::string& name) const { return dir / name; }
   FileReadResult Read(BeamModel& m, const std::string& name) { return Read_FileDAT(m, name, "/start"); }
 
-  // A study that differs from the defaults in every line of the file, with the mode of a solve on
-  // 120 elements. `sep` is the separator typed.
+  // A study unlike the defaults in every line of the file, with the mode of a solve on 120 elements.
   BeamModel Study(char sep = '.') {
     BeamModel m = Default_Model(dir.path);
     int k = 0;
@@ -198,8 +197,7 @@ TEST_F(ProjectFile, TrailerOfKeyedLinesAfterTheFixedLayout) {
       EXPECT_EQ(Project_Text(axial), before);
     }
   }
-  // keys this program does not know, stray lines and a last line without its line end do not stop
-  // the reading
+  // unknown keys, stray lines and a last line without its line end do not stop the reading
   const std::string text = Project_Text(Default_Model()) +
                            "GRADE_OF_A_LATER_VERSION=S 355\r\n\r\nnot a key\nAXIAL_N=3.5\r\nAXIAL_ZC=2";
   ASSERT_TRUE(Write_File_Atomic(File("LATER.DAT"), text));

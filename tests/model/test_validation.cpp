@@ -1,6 +1,5 @@
-// Validation: the first fault stops the walk through the tabs, with its message, tab and field. The
-// table of fields: every name is bound to the member it names, and every field that validation
-// brings to the user is in the table, on its page.
+// Validation: the first fault stops the walk through the tabs with its message, tab and field. The
+// field table: each name reaches its member, and every field validation brings up is in it, on its page.
 #include <gtest/gtest.h>
 
 #include <initializer_list>
@@ -22,16 +21,14 @@ class Validation : public ::testing::Test {
   void SetUp() override { Load_Test_Messages(); }
   BeamModel m = Default_Model();
 
-  // One edit of a text, then the whole check: the message expected ("" when the model passes)
-  // with the tab and the field selected.
+  // One edit of a text, then the whole check: the message expected ("" if it passes), tab and field.
   struct Step { std::string* text; const char* value; std::string message{}; int tab = -1; std::string field{}; };
   void Walk(std::initializer_list<Step> steps) {
     for (const Step& s : steps) {
       if (s.text) *s.text = s.value;
       ValidationResult r = IsDataOK(m);
-      EXPECT_EQ(r.Error_Text + " " + std::to_string(r.tab) + " " + r.field,
-                s.message + " " + std::to_string(s.tab) + " " + s.field) << s.value;
-      EXPECT_EQ(std::pair(r.ok, m.RefreshLocked), std::pair(s.message.empty(), false)) << s.value;
+      EXPECT_EQ(std::tuple(r.Error_Text, r.tab, r.field, r.ok, m.RefreshLocked),
+                std::tuple(s.message, s.tab, s.field, s.message.empty(), false)) << s.value;
     }
   }
 };

@@ -1,6 +1,5 @@
-// The main window as a user drives it: typing, choosing, proceeding, stopping, opening and saving,
-// the axial force. Boxes and file dialogs are answered through the window's hooks. With
-// ZARVEK_SHOT_DIR set, the axial-force pages are saved as pictures.
+// The main window as a user drives it: typing, choosing, proceeding, stopping, opening, saving, the axial
+// force; boxes and dialogs answered through its hooks; with ZARVEK_SHOT_DIR, axial pages are pictured.
 #include <QtTest>
 #include <QtWidgets>
 #include <cmath>
