@@ -51,15 +51,6 @@ TEST_F(DirectData, PointLoadsUpToOneANodeDistributedLoadsUpToTen) {
   }
 }
 
-TEST_F(DirectData, NewProblemElementCount) {
-  int nb = 0;
-  for (const char* refused : {"49", "301", "", "abc", "60.5"}) EXPECT_FALSE(NewProblem_Accepts(refused, nb));
-  for (int accepted : {300, 50}) {
-    EXPECT_TRUE(NewProblem_Accepts(std::to_string(accepted), nb));
-    EXPECT_EQ(nb, accepted);
-  }
-}
-
 // A sheet with every grid and cell different, written and read back under either decimal mark.
 TEST_F(DirectData, RoundTripThroughAProblemFile) {
   for (char sep : {'.', ','}) {
@@ -79,8 +70,7 @@ TEST_F(DirectData, RoundTripThroughAProblemFile) {
       s.Grd_Axial.Set_TextMatrix(i + 1, 1, Local("-2" + n + ".5"));
       s.Grd_Axial.Set_TextMatrix(i + 1, 4, "-" + n);
     }
-    // typed digits come back whole: an element of 1.005 cm and an It of 0.692 cm4, which two
-    // decimals would change; a double field
+    // typed digits come back whole (1.005 cm, an It of 0.692 cm4: two decimals would change them); a double
     for (auto [g, row, col, text] :
          {std::tuple{&s.Grd_Restraints, 30, 3, "2500"}, {&s.Grd_Restraints, 30, 5, "-12.5"},
           {&s.Grd_SpanLoadsF, 3, 2, "150.75"}, {&s.Grd_SpanLoadsQ, 3, 1, "-2.125"},
@@ -138,8 +128,14 @@ TEST_F(DirectData, TheAxialGridTravelsInItsOptionalBlock) {
   EXPECT_FALSE(Read_FileZVK(dir / "AX2.ZVK", back).Ok);
 }
 
-TEST_F(DirectData, MeshOutOfRangeIsRefusedBeforeAnyCellChanges) {
-  for (int nb : {49, 301}) {
+TEST_F(DirectData, ElementCountFrom50To300) {
+  int asked = 0;
+  for (const char* no : {"49", "301", "", "abc", "60.5"}) EXPECT_FALSE(NewProblem_Accepts(no, asked)) << no;
+  for (int accepted : {300, 50}) {
+    EXPECT_TRUE(NewProblem_Accepts(std::to_string(accepted), asked));
+    EXPECT_EQ(asked, accepted);
+  }
+  for (int nb : {49, 301}) {  // in a file: refused before any cell changes
     ProblemData p;
     Sheet_To_Problem(New_DirectData(nb == 49 ? 50 : 300), p);
     p.Resize(nb, 0, 0);
@@ -217,8 +213,7 @@ TEST_F(DirectData, AValueBeyondItsFieldIsRefused) {
   EXPECT_EQ(IsDataWrong(s).Field, Header_Field::E);
 }
 
-// A 5 x 3 data block (rows 2..6, columns 1..3) filled with "m<row><col>" markers that no paste
-// below writes, the selection dragged from (row, col) to (rowSel, colSel).
+// A 5 x 3 block (rows 2..6, cols 1..3) of "m<row><col>" marks, dragged from (row, col) to (rowSel, colSel).
 Text_Grid Marked_Grid(int row = 2, int col = 1, int rowSel = 2, int colSel = 1) {
   Text_Grid g(7, 4);
   for (int r = 2; r < 7; ++r)
@@ -235,8 +230,7 @@ std::vector<std::string> Block(const Text_Grid& g, int top, int left, int bottom
   return v;
 }
 
-// A selection, a clipboard text, and the selected block afterwards, row by row ("" = the cell's
-// marker). Nothing outside the selection moves.
+// A selection, a clipboard text, the selected block after, row by row ("" = marker); nothing outside moves.
 TEST_F(Grid, PasteRules) {
   using P = Paste_Outcome;
   const struct { int row, col, rowSel, colSel; const char* clip; P outcome; int written;

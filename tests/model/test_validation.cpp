@@ -137,8 +137,7 @@ TEST(FieldTable, NamesAreUniqueAndReachTheirMembers) {
   EXPECT_EQ(Find_Field("Txt_Iz(4)"), nullptr);
 }
 
-// Each text the user types, made unreadable in turn: validation stops on a field of the table (the
-// one spoilt, or one it must check first), on that field's page.
+// Each typed text spoilt in turn: validation stops on a table field (it, or one checked first), on its page.
 TEST(FieldTable, EveryValidationFailureNamesAFieldOfItsPage) {
   Load_Test_Messages();
   int failures = 0;

@@ -57,21 +57,18 @@ class Test_Frm_DirectData : public QObject {
     return f_.get();
   }
 
-  // Shows tab `t`, with the focus on grid `g` when one is given.
   Data_Grid* Show_Tab(int t, Data_Grid* g = nullptr) {
     f_->Tab_Data->setCurrentIndex(t);
     if (g) g->setFocus();
     return g;
   }
 
-  // Goes to a cell, types and ends the typing with a key.
   void Cell(Data_Grid* g, int r, int c, const char* text, Qt::Key end = Qt::Key_Return) {
     g->Go_To(r, c);
     Type(*f_, text);
     Key(*f_, end);
   }
 
-  // Selects from (r1, c1), the current cell, to (r2, c2).
   static void Select(Data_Grid* g, int r1, int c1, int r2, int c2) {
     g->Go_To(r1, c1);
     g->setRangeSelected(QTableWidgetSelectionRange(std::min(r1, r2) - 2, std::min(c1, c2) - 1,

@@ -173,9 +173,8 @@ class Test_Frm_Zarvek : public QObject {
     }
   }
 
-  // The option of a coupled pair chooses the field typed, the other follows, read-only. psi typed
-  // outside -1..1 puts back the text it had before the key. With G typed, nu is out of reach. Each
-  // field filters its keys (shown with the locale's point).
+  // A coupled pair's option chooses the field typed, the other follows, read-only; psi outside -1..1
+  // puts back its text before the key; with G typed, nu is out of reach. Each field filters its keys.
   void coupledPairsAndKeyFilters() {
     Select_Page(2);
     Click(F<QRadioButton>("Opt_Psi"));
@@ -208,7 +207,6 @@ class Test_Frm_Zarvek : public QObject {
     auto* v1 = F<QComboBox>("Lst_v1");
     QLabel* unit = w_->findChild<QLabel*>("Unit_v1");
     QVERIFY(unit && !unit->isVisible());
-    // the list's text, its index in the record and the unit when it shows
     auto state = [&] {
       return v1->currentText() + " " + QString::number(w_->Model().Lst_v1.index) +
              (unit->isVisible() ? " " + unit->text() : "");
