@@ -1,31 +1,25 @@
-// The direct data of a problem: limits of the header fields, the passage through a problem file
-// and back, what the solver makes of a saved grid, and the editing rules of the grids: paste,
-// copy, delete and key filters.
+// Direct data: limits of the header fields, the problem file there and back, what the solver reads of a
+// saved grid, and the editing rules of the grids: paste, copy, delete and key filters.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <tuple>
 
 #include "../foundation/scratch_dir.h"
-#include "dd_support.h"
 #include "directdata/DirectData.h"
 #include "directdata/Mod_MSFlexGrid.h"
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
 
 using namespace zarvek;
+using foundation_test::Read_File;
 
 namespace {
 
-std::string Scratch(const std::string& name) {
-  static const foundation_test::Scratch dir;
-  return dir / name;
-}
+const foundation_test::Scratch dir;
 
 // A number text with the decimal mark of the moment.
-std::string Local(std::string t) {
-  for (char& c : t) c = c == '.' ? Dec_Sep : c;
-  return t;
-}
+std::string Local(std::string t) { std::replace(t.begin(), t.end(), '.', Dec_Sep); return t; }
 
 class DirectData : public ::testing::Test {
  protected:
@@ -57,15 +51,6 @@ TEST_F(DirectData, PointLoadsUpToOneANodeDistributedLoadsUpToTen) {
   }
 }
 
-TEST_F(DirectData, NewProblemElementCount) {
-  int nb = 0;
-  for (const char* refused : {"49", "301", "", "abc", "60.5"}) EXPECT_FALSE(NewProblem_Accepts(refused, nb));
-  for (int accepted : {300, 50}) {
-    EXPECT_TRUE(NewProblem_Accepts(std::to_string(accepted), nb));
-    EXPECT_EQ(nb, accepted);
-  }
-}
-
 // A sheet with every grid and cell different, written and read back under either decimal mark.
 TEST_F(DirectData, RoundTripThroughAProblemFile) {
   for (char sep : {'.', ','}) {
@@ -85,22 +70,19 @@ TEST_F(DirectData, RoundTripThroughAProblemFile) {
       s.Grd_Axial.Set_TextMatrix(i + 1, 1, Local("-2" + n + ".5"));
       s.Grd_Axial.Set_TextMatrix(i + 1, 4, "-" + n);
     }
-    // typed digits come back whole: an element of 1.005 cm and an It of 0.692 cm4, which two
-    // decimals would change; a double field
+    // typed digits come back whole (1.005 cm, an It of 0.692 cm4: two decimals would change them); a double
     for (auto [g, row, col, text] :
          {std::tuple{&s.Grd_Restraints, 30, 3, "2500"}, {&s.Grd_Restraints, 30, 5, "-12.5"},
           {&s.Grd_SpanLoadsF, 3, 2, "150.75"}, {&s.Grd_SpanLoadsQ, 3, 1, "-2.125"},
           {&s.Grd_Elements, 58, 1, "1.005"}, {&s.Grd_Elements, 7, 3, "0.692"},
           {&s.Grd_Restraints, 9, 1, "12345678.125"}})
       g->Set_TextMatrix(row, col, Local(text));
-    const std::string path = Scratch(sep == '.' ? "RT1.ZVK" : "RT2.ZVK");
+    const std::string path = dir / (sep == '.' ? "RT1.ZVK" : "RT2.ZVK");
     ASSERT_TRUE(Save_FileZVK(path, s));
     // numbers use the point whatever the locale: commas stand only in labels
-    std::istringstream lines(Slurp(path));
-    for (std::string line; std::getline(lines, line);)
-      if (line.find_first_of("abcdefghijklmnopqrstuvwxyz") == std::string::npos) {
-        EXPECT_EQ(line.find(','), std::string::npos) << line;
-      }
+    std::istringstream lines(Read_File(path));
+    for (std::string l; std::getline(lines, l);)
+      EXPECT_TRUE(l.find(',') == l.npos || l.find_first_of("abcdefghijklmnopqrstuvwxyz") != l.npos) << l;
     DirectDataSheet back = New_DirectData(50);
     ASSERT_TRUE(Read_FileZVK(path, back).Ok);
     EXPECT_EQ(back.Txt_NB + " " + back.Txt_NF, "57 3");
@@ -127,34 +109,40 @@ TEST_F(DirectData, TheAxialGridTravelsInItsOptionalBlock) {
   // with a force, the solver reads it (the round trip above brings the sixth grid back whole); a
   // file without the block (a sheet without force: tests/solver Axial) reads as a grid of no force
   DirectDataSheet s = New_DirectData(50);
-  ASSERT_TRUE(Save_FileZVK(Scratch("AX0.ZVK"), s));
+  ASSERT_TRUE(Save_FileZVK(dir / "AX0.ZVK", s));
   s.Grd_Axial.Set_TextMatrix(20, 1, "1500.5");
   s.Grd_Axial.Set_TextMatrix(20, 4, "-3.25");
-  ASSERT_TRUE(Save_FileZVK(Scratch("AX1.ZVK"), s));
+  ASSERT_TRUE(Save_FileZVK(dir / "AX1.ZVK", s));
   DirectDataSheet back = New_DirectData(60);
-  ASSERT_TRUE(Read_FileZVK(Scratch("AX1.ZVK"), back).Ok);
+  ASSERT_TRUE(Read_FileZVK(dir / "AX1.ZVK", back).Ok);
   ASSERT_EQ(back.Grd_Axial.Rows(), 52);
   ProblemData p;
   Sheet_To_Problem(back, p);
   EXPECT_EQ(std::tuple(p.N[19], p.zC[19]), std::tuple(1500.5, -3.25));
   EXPECT_FLOAT_EQ(p.A[1], 53.81f);
-  ASSERT_TRUE(Read_FileZVK(Scratch("AX0.ZVK"), back).Ok);
+  ASSERT_TRUE(Read_FileZVK(dir / "AX0.ZVK", back).Ok);
   EXPECT_EQ(back.Grd_Axial.TextMatrix(20, 1), "0");
   // a block cut short is a failed read
-  const std::string text = Slurp(Scratch("AX1.ZVK"));
-  Put(Scratch("AX2.ZVK"), text.substr(0, text.find("\n 30 ", text.find("Axial"))));
-  EXPECT_FALSE(Read_FileZVK(Scratch("AX2.ZVK"), back).Ok);
+  const std::string text = dir.Read("AX1.ZVK");
+  dir.Write("AX2.ZVK", text.substr(0, text.find("\n 30 ", text.find("Axial"))));
+  EXPECT_FALSE(Read_FileZVK(dir / "AX2.ZVK", back).Ok);
 }
 
-TEST_F(DirectData, MeshOutOfRangeIsRefusedBeforeAnyCellChanges) {
-  for (int nb : {49, 301}) {
+TEST_F(DirectData, ElementCountFrom50To300) {
+  int asked = 0;
+  for (const char* no : {"49", "301", "", "abc", "60.5"}) EXPECT_FALSE(NewProblem_Accepts(no, asked)) << no;
+  for (int accepted : {300, 50}) {
+    EXPECT_TRUE(NewProblem_Accepts(std::to_string(accepted), asked));
+    EXPECT_EQ(asked, accepted);
+  }
+  for (int nb : {49, 301}) {  // in a file: refused before any cell changes
     ProblemData p;
     Sheet_To_Problem(New_DirectData(nb == 49 ? 50 : 300), p);
     p.Resize(nb, 0, 0);
-    ASSERT_TRUE(Write_ProblemFile(Scratch("NB.ZVK"), p, ProblemLabels::Proceed));
+    ASSERT_TRUE(Write_ProblemFile(dir / "NB.ZVK", p, ProblemLabels::Proceed));
     DirectDataSheet s = New_DirectData(80);
     s.Grd_Elements.Set_TextMatrix(5, 2, "777");
-    const ReadOutcome r = Read_FileZVK(Scratch("NB.ZVK"), s);
+    const ReadOutcome r = Read_FileZVK(dir / "NB.ZVK", s);
     EXPECT_EQ(std::tuple(r.Ok, r.Message), std::tuple(false, std::string("Elements out of range (50<N<300)")));
     EXPECT_EQ(s.Txt_NB + " " + std::to_string(s.Grd_Elements.Rows()) + " " + s.Grd_Elements.TextMatrix(5, 2),
               "80 82 777");
@@ -162,13 +150,13 @@ TEST_F(DirectData, MeshOutOfRangeIsRefusedBeforeAnyCellChanges) {
 }
 
 TEST_F(DirectData, AShortFileKeepsWhatWasRead) {
-  const std::string path = Scratch("SHORT.ZVK");
+  const std::string path = dir / "SHORT.ZVK";
   DirectDataSheet full = New_DirectData(50);
   full.Grd_Elements.Set_TextMatrix(2, 1, "12.5");
   ASSERT_TRUE(Save_FileZVK(path, full));
-  const std::string text = Slurp(path);
+  const std::string text = Read_File(path);
   const size_t nodes = text.find("Nodes :");  // cut in the middle of the node lines
-  Put(path, text.substr(0, text.find('\n', text.find('\n', nodes) + 1) + 1));
+  dir.Write("SHORT.ZVK", text.substr(0, text.find('\n', text.find('\n', nodes) + 1) + 1));
   DirectDataSheet s = New_DirectData(60);
   const ReadOutcome r = Read_FileZVK(path, s);
   // 3 labels, the sizes, a label, 50 elements, a label, node 1: line 58 is missing
@@ -176,16 +164,15 @@ TEST_F(DirectData, AShortFileKeepsWhatWasRead) {
   EXPECT_EQ(r.Message, "The problem file can't be read: reading stopped at line 58. The file ends before all its data.");
   EXPECT_EQ(Num_Of_Text(s.Grd_Elements.TextMatrix(2, 1)), 12.5);
   EXPECT_EQ(s.Grd_Restraints.TextMatrix(4, 1), "");
-  EXPECT_FALSE(Read_FileZVK(Scratch("MISSING.ZVK"), s).Ok);
+  EXPECT_FALSE(Read_FileZVK(dir / "MISSING.ZVK", s).Ok);
 }
 
-// "1e400" is no number of any field, "1e39" none of a single-precision one (lengths, section
-// constants, heights, moments, loads) though a spring may be that stiff: refused in a file, where
-// the reading stops at its line, in a cell, where nothing is saved, and in E and G.
+// "1e400" fits no field, "1e39" no single-precision one (lengths, section constants, heights, moments,
+// loads) though a spring may be that stiff: refused in a file (reading stops there), a cell, and E.
 TEST_F(DirectData, AValueBeyondItsFieldIsRefused) {
-  const std::string path = Scratch("RANGE.ZVK");
+  const std::string path = dir / "RANGE.ZVK";
   ASSERT_TRUE(Save_FileZVK(path, New_DirectData(50)));
-  const std::string good = Slurp(path);
+  const std::string good = Read_File(path);
   const struct { const char *from, *to; bool ok; const char* message; } cases[] = {
       // element 4 stands on line 5 + 4
       {"\n  4       10 ", "\n  4    1e400 ", false, "\"1e400\" is beyond the range of its field."},
@@ -197,7 +184,7 @@ TEST_F(DirectData, AValueBeyondItsFieldIsRefused) {
     std::string t = good;
     const size_t at = t.find(c.from);
     ASSERT_NE(at, std::string::npos) << c.from;
-    Put(path, t.replace(at, std::string(c.from).size(), c.to));
+    dir.Write("RANGE.ZVK", t.replace(at, std::string(c.from).size(), c.to));
     DirectDataSheet s = New_DirectData(50);
     const ReadOutcome r = Read_FileZVK(path, s);
     EXPECT_EQ(r.Ok, c.ok) << c.to;
@@ -211,14 +198,14 @@ TEST_F(DirectData, AValueBeyondItsFieldIsRefused) {
   s.Grd_MV.Select_To(11, 2);
   Delete_Block(s.Grd_MV);
   Cell_Ref bad;
-  Put(path, "old contents\n");
+  dir.Write("RANGE.ZVK", "old contents\n");
   EXPECT_FALSE(Save_FileZVK(path, s, &bad));
   EXPECT_EQ(std::tuple(bad.Grid, bad.Row, bad.Col, bad.Out_Of_Range), std::tuple(Grid_Kind::MV, 10, 1, false));
   s = New_DirectData(50);
   s.Grd_Elements.Set_TextMatrix(5, 2, "1e39");
   EXPECT_FALSE(Save_FileZVK(path, s, &bad));
   EXPECT_EQ(std::tuple(bad.Grid, bad.Row, bad.Col, bad.Out_Of_Range), std::tuple(Grid_Kind::Elements, 5, 2, true));
-  EXPECT_EQ(Slurp(path), "old contents\n");
+  EXPECT_EQ(Read_File(path), "old contents\n");
   s.Grd_Elements.Set_TextMatrix(5, 2, "603.78");
   s.Grd_Elements.Set_TextMatrix(5, 6, "1e39");  // a twist link, double
   EXPECT_TRUE(Save_FileZVK(path, s));
@@ -226,8 +213,7 @@ TEST_F(DirectData, AValueBeyondItsFieldIsRefused) {
   EXPECT_EQ(IsDataWrong(s).Field, Header_Field::E);
 }
 
-// A 5 x 3 data block (rows 2..6, columns 1..3) filled with "m<row><col>" markers that no paste
-// below writes, the selection dragged from (row, col) to (rowSel, colSel).
+// A 5 x 3 block (rows 2..6, cols 1..3) of "m<row><col>" marks, dragged from (row, col) to (rowSel, colSel).
 Text_Grid Marked_Grid(int row = 2, int col = 1, int rowSel = 2, int colSel = 1) {
   Text_Grid g(7, 4);
   for (int r = 2; r < 7; ++r)
@@ -244,17 +230,11 @@ std::vector<std::string> Block(const Text_Grid& g, int top, int left, int bottom
   return v;
 }
 
-// A selection, a clipboard text, and the selected block afterwards, row by row ("" = the cell's
-// marker). Nothing outside the selection moves.
+// A selection, a clipboard text, the selected block after, row by row ("" = marker); nothing outside moves.
 TEST_F(Grid, PasteRules) {
   using P = Paste_Outcome;
-  const struct {
-    int row, col, rowSel, colSel;
-    const char* clip;
-    P outcome;
-    int written;
-    std::vector<std::string> after;
-  } cases[] = {
+  const struct { int row, col, rowSel, colSel; const char* clip; P outcome; int written;
+                 std::vector<std::string> after; } cases[] = {
       {2, 1, 3, 2, "7.5", P::Done, 4, {"7.5", "7.5", "7.5", "7.5"}},  // one value fills all
       // a block dragged upwards lands from the top left
       {3, 3, 2, 1, "1\t2\t3\r\n4\t5\t6\r\n", P::Done, 6, {"1", "2", "3", "4", "5", "6"}},
@@ -286,8 +266,7 @@ TEST_F(Grid, PasteRules) {
   EXPECT_EQ(g.TextMatrix(2, 1), "1,5");
 }
 
-// Copy gives tab-separated rows ended by CR LF whichever way the block was dragged; Delete empties
-// the block only.
+// Copy: tab-separated rows ended by CR LF whichever way the block was dragged; Delete empties it only.
 TEST_F(Grid, CopyAndDelete) {
   Text_Grid g = Marked_Grid(5, 3, 4, 2);
   EXPECT_EQ(Copy_Block(g), "m42\tm43\r\nm52\tm53\r\n");

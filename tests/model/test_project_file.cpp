@@ -46,16 +46,14 @@ class ProjectFile : public ::testing::Test {
   std::string File(const std::string& name) const { return dir / name; }
   FileReadResult Read(BeamModel& m, const std::string& name) { return Read_FileDAT(m, name, "/start"); }
 
-  // A study that differs from the defaults in every line of the file, with the mode of a solve on
-  // 120 elements. `sep` is the separator typed.
+  // A study unlike the defaults in every line of the file, with the mode of a solve on 120 elements.
   BeamModel Study(char sep = '.') {
     BeamModel m = Default_Model(dir.path);
     int k = 0;
     for (UnitFamily f : All_Unit_Families) Unit_Index(m, f) = (k++) % Unit_ItemCount(f);
-    std::vector<std::string*> texts = {
-        &m.Txt_zS_Hidden, &m.Txt_Nu,   &m.Txt_Psi,  &m.Txt_xfint1, &m.Txt_xfint2, &m.Txt_xf1,
-        &m.Txt_xf2,       &m.Txt_xf3,  &m.Txt_xfC,  &m.Txt_xq11,   &m.Txt_xq12,   &m.Txt_xq21,
-        &m.Txt_xq22,      &m.Txt_mucr, &m.Lbl_CurrentValue, &m.Lbl_Iteration};
+    std::vector<std::string*> texts = {&m.Txt_zS_Hidden, &m.Txt_Nu, &m.Txt_Psi, &m.Txt_xfint1, &m.Txt_xfint2,
+        &m.Txt_xf1, &m.Txt_xf2, &m.Txt_xf3, &m.Txt_xfC, &m.Txt_xq11, &m.Txt_xq12, &m.Txt_xq21, &m.Txt_xq22,
+        &m.Txt_mucr, &m.Lbl_CurrentValue, &m.Lbl_Iteration};
     for (auto& [f, more] : Number_Fields(m)) texts.insert(texts.end(), more.begin(), more.end());
     for (std::string* t : texts) *t = std::to_string(++k) + sep + "25";  // all distinct
     m.Txt_L = std::string("7") + sep + "25";
@@ -199,8 +197,7 @@ TEST_F(ProjectFile, TrailerOfKeyedLinesAfterTheFixedLayout) {
       EXPECT_EQ(Project_Text(axial), before);
     }
   }
-  // keys this program does not know, stray lines and a last line without its line end do not stop
-  // the reading
+  // unknown keys, stray lines and a last line without its line end do not stop the reading
   const std::string text = Project_Text(Default_Model()) +
                            "GRADE_OF_A_LATER_VERSION=S 355\r\n\r\nnot a key\nAXIAL_N=3.5\r\nAXIAL_ZC=2";
   ASSERT_TRUE(Write_File_Atomic(File("LATER.DAT"), text));

@@ -1,12 +1,10 @@
-// Validation: the first fault stops the walk through the tabs, with its message, tab and field. The
-// table of fields: every name is bound to the member it names, and every field that validation
-// brings to the user is in the table, on its page.
+// Validation: the first fault stops the walk through the tabs with its message, tab and field. The
+// field table: each name reaches its member, and every field validation brings up is in it, on its page.
 #include <gtest/gtest.h>
 
 #include <initializer_list>
 #include <set>
-#include <string>
-#include <utility>
+#include <tuple>
 
 #include "model/DataEntry.h"
 #include "model/FieldTable.h"
@@ -23,16 +21,14 @@ class Validation : public ::testing::Test {
   void SetUp() override { Load_Test_Messages(); }
   BeamModel m = Default_Model();
 
-  // One edit of a text, then the whole check: the message expected ("" when the model passes)
-  // with the tab and the field selected.
+  // One edit of a text, then the whole check: the message expected ("" if it passes), tab and field.
   struct Step { std::string* text; const char* value; std::string message{}; int tab = -1; std::string field{}; };
   void Walk(std::initializer_list<Step> steps) {
     for (const Step& s : steps) {
       if (s.text) *s.text = s.value;
       ValidationResult r = IsDataOK(m);
-      EXPECT_EQ(r.Error_Text + " " + std::to_string(r.tab) + " " + r.field,
-                s.message + " " + std::to_string(s.tab) + " " + s.field) << s.value;
-      EXPECT_EQ(std::pair(r.ok, m.RefreshLocked), std::pair(s.message.empty(), false)) << s.value;
+      EXPECT_EQ(std::tuple(r.Error_Text, r.tab, r.field, r.ok, m.RefreshLocked),
+                std::tuple(s.message, s.tab, s.field, s.message.empty(), false)) << s.value;
     }
   }
 };
@@ -141,8 +137,7 @@ TEST(FieldTable, NamesAreUniqueAndReachTheirMembers) {
   EXPECT_EQ(Find_Field("Txt_Iz(4)"), nullptr);
 }
 
-// Each text the user types, made unreadable in turn: validation stops on a field of the table (the
-// one spoilt, or one it must check first), on that field's page.
+// Each typed text spoilt in turn: validation stops on a table field (it, or one checked first), on its page.
 TEST(FieldTable, EveryValidationFailureNamesAFieldOfItsPage) {
   Load_Test_Messages();
   int failures = 0;
@@ -150,9 +145,8 @@ TEST(FieldTable, EveryValidationFailureNamesAFieldOfItsPage) {
     for (const FieldDef& f : Field_Table()) {
       if (f.kind != FieldKind::Text || f.page > 2) continue;
       BeamModel m = Default_Model();
-      m.Opt_Catalogue = route == 1;
-      m.Opt_Dimensions = route == 2;
-      m.Opt_Properties = route == 3;
+      std::tie(m.Opt_Catalogue, m.Opt_Dimensions, m.Opt_Properties) =
+          std::tuple(route == 1, route == 2, route == 3);
       ASSERT_TRUE(route != 2 || Cmd_Dimensions(m).ok);
       *Text_Member(m, f) = "x";
       ValidationResult r = IsDataOK(m);

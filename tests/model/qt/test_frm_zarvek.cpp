@@ -1,6 +1,5 @@
-// The main window as a user drives it: typing, choosing, proceeding, stopping, opening and saving,
-// the axial force. Boxes and file dialogs are answered through the window's hooks. With
-// ZARVEK_SHOT_DIR set, the axial-force pages are saved as pictures.
+// The main window as a user drives it: typing, choosing, proceeding, stopping, opening, saving, the axial
+// force; boxes and dialogs answered through its hooks; with ZARVEK_SHOT_DIR, axial pages are pictured.
 #include <QtTest>
 #include <QtWidgets>
 #include <cmath>
@@ -34,9 +33,8 @@ class Test_Frm_Zarvek : public QObject {
   int dialogs_ = 0;
 
   template <class T = QWidget> T* F(const char* name) {
-    auto* w = qobject_cast<T*>(w_->Field_Widget(name));
-    if (!w) qFatal("no widget %s", name);
-    return w;
+    if (auto* w = qobject_cast<T*>(w_->Field_Widget(name))) return w;
+    qFatal("no widget %s", name);
   }
   QLineEdit* E(const char* name) { return F<QLineEdit>(name); }
   double Num(const char* name) { return Num_Of_Text(E(name)->text().toStdString()); }
@@ -45,17 +43,12 @@ class Test_Frm_Zarvek : public QObject {
   void Click(QAbstractButton* b) { QTest::mouseClick(b, Qt::LeftButton, {}, QPoint(6, b->height() / 2)); }
 
   void Type(const char* name, const QString& text) {
-    QLineEdit* e = E(name);
-    e->setFocus();
-    e->selectAll();
-    if (text.isEmpty()) QTest::keyClick(e, Qt::Key_Backspace);
-    else QTest::keyClicks(e, text);
+    E(name)->setFocus();
+    E(name)->selectAll();
+    text.isEmpty() ? QTest::keyClick(E(name), Qt::Key_Backspace) : QTest::keyClicks(E(name), text);
   }
 
-  void Select_Page(int p) {
-    w_->Tab_Zarvek->setCurrentIndex(p);
-    QCoreApplication::processEvents();
-  }
+  void Select_Page(int p) { w_->Tab_Zarvek->setCurrentIndex(p); QCoreApplication::processEvents(); }
 
   // A loaded window whose boxes and dialogs the test answers, shown at `width` x 760 when given.
   std::unique_ptr<Frm_Zarvek> Open_Window(int width = 0) {
@@ -91,8 +84,7 @@ class Test_Frm_Zarvek : public QObject {
   }
 
   void init() {
-    shown_.clear();
-    chosen_.clear();
+    shown_ = chosen_ = {};
     dialogs_ = 0;
     QVERIFY((w_ = Open_Window()));
     w_->show();
@@ -103,10 +95,16 @@ class Test_Frm_Zarvek : public QObject {
 
   void cleanup() { w_.reset(); }
 
-  // The default beam under a uniform moment of 100 kN.m on forks. F5 from the first page brings the
-  // results page to the front, Mcr in kN.m and the factor within 0.2 % of the closed form. A changed
-  // load then empties the results and the forces picture.
+  // The default beam, 100 kN.m uniform on forks: F5 on the first page brings the results page, Mcr
+  // and its factor within 0.2 % of the closed form; a changed load empties results and forces picture.
+  // Commands of windows not hooked in are disabled, never a dead click; the 3D view needs a result.
   void proceedGivesTheClosedFormMcrUntilALoadChanges() {
+    QVERIFY(!w_->Cmd_Draw3D->isEnabled() && !w_->Menu_Tools_Options->isEnabled());
+    int opened = 0;
+    w_->Hooks.Draw3D = [&] { ++opened; };
+    w_->Update_Commands();
+    QVERIFY(w_->Cmd_Draw3D->isEnabled());
+    w_->Cmd_Draw3D->click();  // no mode yet: nothing opens
     QCOMPARE(w_->Tab_Zarvek->currentIndex(), 0);
     QTest::keyClick(E("Txt_L"), Qt::Key_F5);
     QCOMPARE(w_->Tab_Zarvek->currentIndex(), 3);
@@ -114,6 +112,8 @@ class Test_Frm_Zarvek : public QObject {
     for (auto [field, scale] : {std::pair{"Txt_Mcr", 1e4}, {"Txt_mucr", 1e6}})
       QVERIFY2(std::fabs(Num(field) * scale / Mcr_Default - 1) < 2e-3, field);
     QVERIFY(Shown_Contains(Msg(4)) && w_->Model().Mode_Max > 0 && Num("Txt_Mmax(0)") != 0);
+    w_->Cmd_Draw3D->click();
+    QCOMPARE(opened, 1);
     w_->Tab_Zarvek->setCurrentIndex(2);
     Type("Txt_M1", "-90");
     for (const char* f : {"Txt_mucr", "Txt_Mcr", "Txt_Mmax(0)"}) QCOMPARE(E(f)->text(), QString("0"));
@@ -123,12 +123,10 @@ class Test_Frm_Zarvek : public QObject {
       for (int x = 0; x < img.width(); x += 3) QCOMPARE(img.pixel(x, y), img.pixel(0, 0));
   }
 
-  // The stop button is live exactly during the solve; a click on it and Esc stop at the next
-  // iteration, and typing elsewhere waits. Every press, release and key comes through the window
-  // as the window system delivers them (to the toplevel, which hands them to the widget under the
-  // pointer): the solve starts from a click on Proceed, the stop is a click, or a press and a
-  // release served in two passes, or Esc. The estimate is the stable end of the bisection bracket
-  // of [0, 1] around the closed-form factor 0.4833 after the iteration running at the release.
+  // The stop button is live exactly during the solve; a click on it, a press and a release served in
+  // two passes, or Esc stop at the next iteration, and typing elsewhere waits. Events go to the
+  // toplevel as the window system delivers them; Proceed too is a click. The estimate is the stable
+  // end of the bisection bracket of [0, 1] around the closed-form factor 0.4833 at the release.
   void stopDuringSolveEndsWithTheEstimate() {
     auto bracket_low = [&](int iteration) {
       double lo = 0, hi = 1, mucr = Mcr_Default / 1e6;
@@ -175,9 +173,9 @@ class Test_Frm_Zarvek : public QObject {
     }
   }
 
-  // The option of a coupled pair chooses the field typed, the other follows, read-only. psi typed
-  // outside -1..1 puts back the text it had before the key. With G typed, nu is out of reach.
-  void coupledPairsFollowTheFieldTyped() {
+  // A coupled pair's option chooses the field typed, the other follows, read-only; psi outside -1..1
+  // puts back its text before the key; with G typed, nu is out of reach. Each field filters its keys.
+  void coupledPairsAndKeyFilters() {
     Select_Page(2);
     Click(F<QRadioButton>("Opt_Psi"));
     QVERIFY(E("Txt_M2")->isReadOnly() && !E("Txt_Psi")->isReadOnly());
@@ -190,10 +188,7 @@ class Test_Frm_Zarvek : public QObject {
     Select_Page(0);
     Click(F<QRadioButton>("Opt_G"));
     QVERIFY(E("Txt_Nu")->isReadOnly() && E("Txt_Nu")->focusPolicy() == Qt::NoFocus);
-  }
-
-  void keyFiltersByField() {
-    const struct { const char *field, *keys, *shown; } cases[] = {  // shown with the locale's point
+    const struct { const char *field, *keys, *shown; } cases[] = {
         {"Txt_L", "2,5", "2.5"}, {"Txt_L", "2.5", "2.5"}, {"Txt_L", "-8", "8"}, {"Txt_M1", "-8,5", "-8.5"},
         {"Txt_xf1", "a0.3", "0.3"}, {"Txt_Iw(3)", "1E5", "1E5"}, {"Txt_zend1", "-3", "-3"}};
     for (const auto& c : cases) {
@@ -204,16 +199,14 @@ class Test_Frm_Zarvek : public QObject {
     }
   }
 
-  // Restraint lists as the keyboard reaches them: a click puts the focus on the list (not on its
-  // inner line), so the keys arrive at the list. "Fixed" can't be typed over; Down chooses the
-  // spring item, which shows its unit; a spring takes no letter and no minus, a comma is the
-  // decimal separator, and Delete still edits it.
+  // Restraint lists from the keyboard: a click focuses the list, not its inner line. "Fixed" can't be
+  // typed over; Down chooses the spring item, which shows its unit; a spring takes no letter and no
+  // minus, a comma is the decimal separator, and Delete still edits it.
   void restraintListsTakeKeysAsTyped() {
     Select_Page(1);
     auto* v1 = F<QComboBox>("Lst_v1");
     QLabel* unit = w_->findChild<QLabel*>("Unit_v1");
     QVERIFY(unit && !unit->isVisible());
-    // the list's text, its index in the record and the unit when it shows
     auto state = [&] {
       return v1->currentText() + " " + QString::number(w_->Model().Lst_v1.index) +
              (unit->isVisible() ? " " + unit->text() : "");
@@ -286,25 +279,9 @@ class Test_Frm_Zarvek : public QObject {
     QCOMPARE(QApplication::focusWidget(), E("Txt_L"));
   }
 
-  // Commands of windows not hooked in are disabled, never a dead click; a hooked one is enabled,
-  // and the 3D view needs a result.
-  void commandsFollowTheirWindows() {
-    QVERIFY(!w_->Cmd_Draw3D->isEnabled() && !w_->Menu_Tools_Options->isEnabled());
-    int opened = 0;
-    w_->Hooks.Draw3D = [&] { ++opened; };
-    w_->Update_Commands();
-    QVERIFY(w_->Cmd_Draw3D->isEnabled());
-    w_->Cmd_Draw3D->click();  // no mode yet: nothing opens
-    QCOMPARE(opened, 0);
-    w_->Cmd_Proceed_Click();
-    w_->Cmd_Draw3D->click();
-    QCOMPARE(opened, 1);
-  }
-
-  // Typed on the Loads page with the key filter of a signed number; the further constants of the
-  // properties route open only while a force acts; the results page shows Ncr and, under
-  // compression, the note on in-plane buckling. Pages are chosen and fields typed and left by
-  // clicks and keys.
+  // Typed on the Loads page with the key filter of a signed number; the further constants open only
+  // while a force acts; the results page shows Ncr and, under compression, the note on in-plane
+  // buckling. Pages, fields and the Proceed button are reached by clicks and keys.
   void axialForceTypedSolvedAndShown() {
     QVERIFY((w_ = Open_Window(1000)));
     auto click_tab = [&](int t) {
@@ -334,8 +311,7 @@ class Test_Frm_Zarvek : public QObject {
     click_tab(3);
     QTest::mouseClick(w_->Cmd_Proceed, Qt::LeftButton);
     QTRY_VERIFY(Num_Of_Text(w_->Model().Txt_mucr) != 0);
-    // the compression reached the solve: the factor falls below that of the moment alone, and Ncr
-    // in kN is that factor times the 50 kN
+    // the compression reached the solve: a factor below the moment's alone; Ncr = factor x 50 kN
     const double mu = Num("Txt_mucr");
     QVERIFY(mu < 0.95 * Mcr_Default / 1e6);
     QVERIFY(std::fabs(Num_Of_Text(w_->Model().Txt_Ncr) / (50 * mu) - 1) < 1e-2);
