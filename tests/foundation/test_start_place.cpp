@@ -2,8 +2,6 @@
 // writes to, and the installed data it reads what that directory lacks.
 #include <gtest/gtest.h>
 
-#include <sys/stat.h>
-
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
 #include "foundation/Options.h"
@@ -11,8 +9,7 @@
 #include "scratch_dir.h"
 
 using namespace zarvek;
-using foundation_test::Scratch;
-namespace fs = std::filesystem;
+using namespace foundation_test;
 using Texts = std::vector<std::string>;
 
 namespace {
@@ -21,8 +18,7 @@ namespace {
 struct Installed : Scratch {
   std::string bin = *this / "usr/bin", share = *this / "usr/share/zarvek", home = *this / "home";
   Installed() {
-    fs::create_directories(bin);
-    fs::create_directories(home);
+    fs::create_directories(bin), fs::create_directories(home);
     Ship("usr/share/zarvek", {"Zarvek.INI", "ZARVEK_UK.MSG", "ZARVEK_FR.MSG", "SECTION.DB"});
   }
 };
@@ -30,14 +26,15 @@ struct Installed : Scratch {
 // The start, the installed data and the dialogs' directory of a choice.
 Texts Dirs(const StartPlace& p) { return {p.Start_Dir, p.Share_Dir, p.Dialog_Dir}; }
 
+}  // namespace
+
 TEST(StartPlace, TheCurrentDirectoryOnlyWhenItHoldsTheDataAndMayBeWritten) {
   Installed inst;
   Scratch cwd;
   const std::string user = inst.home + "/.local/share/zarvek";
 
   // a build's bin folder: the catalogue and a language file; nothing made in the user's home
-  cwd.Write("SECTION.DB", "x");
-  cwd.Write("zarvek_fr.msg", "x");
+  for (const char* f : {"SECTION.DB", "zarvek_fr.msg"}) cwd.Write(f, "x");
   EXPECT_EQ(Dirs(Choose_StartPlace(cwd.path, inst.bin, "", inst.home)), (Texts{cwd.path, "", cwd.path}));
   EXPECT_FALSE(fs::exists(user));
 
@@ -66,10 +63,8 @@ TEST(StartPlace, TheUserFolderFollowsXdgAndAFolderThatCantBeMadeIsSaid) {
   Scratch cwd;
   StartPlace p = Choose_StartPlace(cwd.path, inst.bin, inst / "xdg/deep", inst.home);
   EXPECT_EQ(p.Start_Dir, inst / "xdg/deep/zarvek");
-  struct stat st {};
-  ASSERT_EQ(::stat(p.Start_Dir.c_str(), &st), 0);
-  EXPECT_TRUE(S_ISDIR(st.st_mode));
-  EXPECT_EQ(st.st_mode & 0777, 0700u);
+  EXPECT_TRUE(fs::is_directory(p.Start_Dir));
+  EXPECT_EQ(fs::status(p.Start_Dir).permissions() & fs::perms::all, fs::perms::owner_all);  // 0700
 
   inst.Write("file", "x");
   p = Choose_StartPlace(cwd.path, inst.bin, inst / "file", inst.home);
@@ -133,5 +128,3 @@ TEST(StartPlace, FirstStartReadsTheInstalledDataAndWritesOnlyTheUserFolder) {
   ASSERT_TRUE(Start_Up(user, "", again, error)) << error;
   EXPECT_EQ(again.Language_Code, "UK");
 }
-
-}  // namespace

@@ -10,12 +10,8 @@
 #include "scratch_dir.h"
 
 using namespace zarvek;
-using foundation_test::Read_File;
-using foundation_test::Scratch;
-namespace fs = std::filesystem;
+using namespace foundation_test;
 using Texts = std::vector<std::string>;
-
-namespace {
 
 TEST(CommandLine, OnlyAnExistingProblemFileStartsTheBatchRun) {
   Scratch d;
@@ -42,12 +38,10 @@ TEST(CommandLine, OnlyAnExistingProblemFileStartsTheBatchRun) {
 
 TEST(StartPaths, NamesComeFromTheStartDirectoryAndAStaleScratchFileGoes) {
   Scratch d;
-  d.Write("Zarvek.TMP", "left by a crash");
-  d.Write("zarvek.tmp", "somebody else's");
+  for (const char* f : {"Zarvek.TMP", "zarvek.tmp"}) d.Write(f, "x");  // left by a crash; somebody else's
   StartupState s;
   Set_StartPaths(d.path + "/", s);
-  EXPECT_FALSE(fs::exists(d / "Zarvek.TMP"));
-  EXPECT_TRUE(fs::exists(d / "zarvek.tmp"));
+  EXPECT_TRUE(!fs::exists(d / "Zarvek.TMP") && fs::exists(d / "zarvek.tmp"));
 
   s.Language_Code = "FR";
   Set_InteractivePaths(s);
@@ -122,9 +116,9 @@ TEST(RewriteIniFile, ReplacesTheKeyAndKeepsEveryOtherLine) {
 TEST(ChangeLanguage, LoadsTheNewTextsAndWritesTheIniFileOrChangesNothing) {
   // a start directory with the program's two language files, English loaded
   Scratch d;
-  StartupState s;
   d.Ship(".", {"ZARVEK_UK.MSG", "ZARVEK_FR.MSG"});
   d.Write("Zarvek.INI", "LANGUAGE=UK\n");
+  StartupState s;
   std::string error;
   Set_StartPaths(d.path, s);
   ASSERT_TRUE(Read_IniFile(s, error) && Load_Language(s, error)) << error;
@@ -140,7 +134,7 @@ TEST(ChangeLanguage, LoadsTheNewTextsAndWritesTheIniFileOrChangesNothing) {
   // a missing or damaged file changes nothing
   EXPECT_EQ(Change_Language(s, "DE", error), LanguageChange::FileMissing);
   EXPECT_EQ(error, "File " + (d / "ZARVEK_DE.MSG") + " not found");
-  // A file whose window section of 65 lines declares 64.
+  // a file whose window section of 65 lines declares 64
   std::string plain = Read_File(std::string(ZARVEK_SOURCE_DIR) + "/data/lang/ZARVEK_UK.txt");
   const auto at = plain.find("\n$65");
   ASSERT_NE(at, std::string::npos);
@@ -148,7 +142,7 @@ TEST(ChangeLanguage, LoadsTheNewTextsAndWritesTheIniFileOrChangesNothing) {
   ASSERT_TRUE(Crypt_File(d / "plain.txt", 0, d / "ZARVEK_XX.MSG"));
   EXPECT_EQ(Change_Language(s, "XX", error), LanguageChange::LoadFailed);
   EXPECT_EQ(error, "Error in reading " + (d / "ZARVEK_XX.MSG"));
-  // The next start still finds a language it can read.
+  // the next start still finds a language it can read
   EXPECT_EQ((Texts{d.Read("Zarvek.INI"), s.Language_Code, Msg(20)}), (Texts{"LANGUAGE=UK\n", "UK", "Fixed"}));
 }
 
@@ -163,5 +157,3 @@ TEST(FormTargets, OneTargetPerLineOfTheSection) {
   }
   EXPECT_TRUE(Form_Targets("MINICALCULETTE").empty());
 }
-
-}  // namespace

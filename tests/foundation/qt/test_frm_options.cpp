@@ -17,10 +17,9 @@ namespace {
 
 // Everything of the record that a change of units or options may touch.
 std::vector<std::string> Shown_Texts(const BeamModel& m) {
-  return {m.Txt_L,   m.Txt_E,     m.Txt_G,  m.Txt_Iz[1], m.Txt_It[3],  m.Txt_Iw[1],      m.Txt_h,
-          m.Txt_bf1, m.Txt_zend1, m.Txt_M1, m.Txt_M2,    m.Txt_F1,     m.Txt_q11,        m.Txt_CC,
-          m.Txt_zF1, m.Lst_v1.text, m.Lst_t1.text, m.Lst_vi_c.text, m.Lbl_Method, m.Lbl_Tolerance,
-          m.Lbl_Directory};
+  return {m.Txt_L, m.Txt_E, m.Txt_G, m.Txt_Iz[1], m.Txt_It[3], m.Txt_Iw[1], m.Txt_h, m.Txt_bf1, m.Txt_zend1,
+          m.Txt_M1, m.Txt_M2, m.Txt_F1, m.Txt_q11, m.Txt_CC, m.Txt_zF1, m.Lst_v1.text, m.Lst_t1.text,
+          m.Lst_vi_c.text, m.Lbl_Method, m.Lbl_Tolerance, m.Lbl_Directory};
 }
 
 std::vector<float> Factors(const BeamModel& m) {
@@ -39,17 +38,12 @@ struct Start_Model {
 };
 
 // Opens the window as the main window does and waits until it is shown.
-bool Open(Frm_Options& w) {
-  w.Prepare();
-  w.show();
-  return QTest::qWaitForWindowExposed(&w);
-}
+bool Open(Frm_Options& w) { return w.Prepare(), w.show(), QTest::qWaitForWindowExposed(&w); }
 
 // Selects the language whose item starts with the code; its index.
 int Pick_Language(Frm_Options& w, const char* code) {
-  const int at = w.Lst_Language->findText(code, Qt::MatchStartsWith);
-  w.Lst_Language->setCurrentIndex(at);
-  return at;
+  w.Lst_Language->setCurrentIndex(w.Lst_Language->findText(code, Qt::MatchStartsWith));
+  return w.Lst_Language->currentIndex();
 }
 
 }  // namespace
@@ -61,8 +55,7 @@ class TestFrmOptions : public QObject {
   // Cancel after changes restores the record and the controls; opened
   // again, OK without a change leaves every field and says nothing.
   void cancelRestoresAndOkWithoutChangeKeeps() {
-    Start_Model sm;
-    auto& [start, m] = sm;
+    auto [start, m] = Start_Model();
     m.Txt_L = "7.25";
     m.Lst_v2 = RestraintList{-1, "350", true};
     const auto texts = Shown_Texts(m);
@@ -73,17 +66,15 @@ class TestFrmOptions : public QObject {
     Frm_Options w(m, start.state);
     w.Prepare();
     QCOMPARE(List(w, F::L)->currentText(), QString("m"));
-    List(w, F::L)->setCurrentIndex(0);  // mm
-    List(w, F::M)->setCurrentIndex(0);  // daN.cm
+    List(w, F::L)->setCurrentIndex(0), List(w, F::M)->setCurrentIndex(0);  // mm, daN.cm
     List(w, F::v)->setCurrentIndex(2);  // daN/m
-    w.Lst_Tolerance->setCurrentIndex(5);
-    w.Lst_Duration->setCurrentIndex(6);
+    w.Lst_Tolerance->setCurrentIndex(5), w.Lst_Duration->setCurrentIndex(6);
     QSignalSpy lang(&w, &Frm_Options::languageChanged), units_spy(&w, &Frm_Options::unitsChanged),
         method(&w, &Frm_Options::methodChanged);
     w.Cmd_CancelOptions->click();
     QCOMPARE(w.result(), int(QDialog::Rejected));
     QVERIFY(Shown_Texts(m) == texts && Factors(m) == factors && Unit_Indices(m) == units);
-    // The controls show the backup again.
+    // the controls show the backup again
     QCOMPARE(QStringList({List(w, F::L)->currentText(), List(w, F::M)->currentText()}),
              QStringList({"m", "kN.m"}));
     QCOMPARE(QList({w.Lst_Tolerance->currentIndex(), w.Lst_Duration->currentIndex()}), QList({2, 2}));
@@ -113,10 +104,9 @@ class TestFrmOptions : public QObject {
         {F::EG, 1, &BeamModel::Txt_E, "210000", 21000}, {F::Dim, 0, &BeamModel::Txt_h, "30", 300},
         {F::F, 0, &BeamModel::Txt_F1, "-10", -1000}};
     for (const auto& c : cases) {
-      Start_Model sm;
-      BeamModel& m = sm.m;
+      auto [start, m] = Start_Model();
       m.*c.field = c.before;
-      Frm_Options w(m, sm.start.state);
+      Frm_Options w(m, start.state);
       w.Prepare();
       const UnitIndices old = Unit_Indices(m);
       QSignalSpy units(&w, &Frm_Options::unitsChanged);
@@ -132,8 +122,7 @@ class TestFrmOptions : public QObject {
   // The frame's close is refused, Escape is Cancel; opened again, the
   // method stays hidden until a Ctrl-click.
   void frameKeysAndTheMethodHiddenUntilCtrlClick() {
-    Start_Model sm;
-    auto& [start, m] = sm;
+    auto [start, m] = Start_Model();
     Frm_Options w(m, start.state);
     QVERIFY(Open(w));
     QVERIFY(!w.close() && w.isVisible());
@@ -161,8 +150,7 @@ class TestFrmOptions : public QObject {
   // there and back; a language file gone by then ends the program with its message. What the
   // change writes and reloads, and that a failed change leaves all as it was, is proved without windows.
   void languageSwitchRetranslatesWindowsAndDialogs() {
-    Start_Model sm;
-    auto& [start, m] = sm;
+    auto [start, m] = Start_Model();
     Frm_Section catalogue(m, start.state.File_Section);
     catalogue.Form_Load();
     catalogue.show();
