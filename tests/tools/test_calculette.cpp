@@ -6,8 +6,6 @@
 
 using namespace zarvek;
 
-namespace {
-
 TEST(Calculette, Arithmetic) {
   Dec_Sep = '.';
   using S = Calc_Outcome;
@@ -57,5 +55,3 @@ TEST(Calculette, KeysInTheOperands) {
   EXPECT_EQ(Calc_DecimalKey("") + "|" + Calc_DecimalKey("4"), "0,|,");
   Dec_Sep = '.';
 }
-
-}  // namespace

@@ -1,5 +1,5 @@
-// Help in the loaded language at the topic of the page or dialog in front,
-// with links, back and forward; the picture window.
+// Help in the loaded language at the topic of the page or dialog in front, with links, back and forward;
+// the picture window.
 #include <QtTest>
 #include <QtWidgets>
 
@@ -53,8 +53,7 @@ class TestHelpWindows : public QObject {
       QTest::mouseClick(button, Qt::LeftButton);
       QCOMPARE(Shown_Page(), QString(page));
     }
-    // Every page of the set is shipped in both languages, and every link of
-    // a page leads to a page of the set.
+    // Every page of the set is shipped in both languages, and every link leads to a page of the set.
     static const QRegularExpression href("href=\"([^\"]+)\"");
     for (const std::string& p : Help_Pages()) {
       QFile f(start.file("help/UK/" + QString::fromStdString(p)));
@@ -103,8 +102,7 @@ class TestHelpWindows : public QObject {
   void helpPictureWindow() {
     zarvek_test::StartDir start("FR");
     QWidget main;
-    main.resize(900, 700);
-    main.show();
+    main.resize(900, 700), main.show();
     QVERIFY(!Affiche_HelpImage(Help_PictureCount + 1, &main));
     Frm_Help* w = Affiche_HelpImage(2, &main);
     QVERIFY(w && w->isVisible() && w->Picture_Index() == 2);
@@ -148,8 +146,8 @@ class TestHelpWindows : public QObject {
     const QImage s = Help_Picture(1, 1);
     QCOMPARE(s.pixelColor(165, 300 - 105), blue);
     QCOMPARE(s.pixelColor(165, 300 - 80), green);
-    // The four end freedoms, one quarter of the picture each, in the colours
-    // of their mode curves, and no red outside v'.
+    // The four end freedoms, one quarter of the picture each, in the colours of their mode curves, and no
+    // red outside v'.
     const QImage e = Help_Picture(2, 1);
     const QColor hue[4] = {blue, black, red, green};
     for (int k = 0; k < 4; ++k) {

@@ -16,10 +16,8 @@ class Test_MiniCalculette : public QObject {
   }
   // X and Y filled in, the operation's button and "=" pressed
   static void Compute(MiniCalculette& c, const char* x, const char* y, int op) {
-    c.Txt_X->setText(x);
-    c.Txt_Y->setText(y);
-    c.Cmd_Operation[op]->click();
-    c.Cmd_Egal->click();
+    c.Txt_X->setText(x), c.Txt_Y->setText(y);
+    c.Cmd_Operation[op]->click(), c.Cmd_Egal->click();
   }
 
  private slots:
@@ -33,8 +31,7 @@ class Test_MiniCalculette : public QObject {
     c.Txt_X->setFocus();
     for (int i : {1, 2, 10, 5}) c.Cmd_Touche[i]->click();
     QCOMPARE(c.Txt_X->text(), QString("12.5"));
-    c.Cmd_Touche[11]->click();  // backspace
-    c.Cmd_Touche[5]->click();
+    for (int i : {11, 5}) c.Cmd_Touche[i]->click();  // backspace, 5 again
     Type(c, "*");
     QCOMPARE(c.Txt_X->text(), QString("12.5"));
     QCOMPARE(c.Operation(), 2);
@@ -62,12 +59,10 @@ class Test_MiniCalculette : public QObject {
     c.Cmd_Transfer->click();
     QCOMPARE(QStringList({c.Txt_X->text(), c.Txt_Y->text(), c.Txt_Result->text()}),
              QStringList({"1.0000000E+12", "", ""}));
-    QCOMPARE(spy.count(), 1);
-    QCOMPARE(spy[0][0].toString(), QString("1.0000000E+12"));
+    QVERIFY(spy.count() == 1 && spy[0][0].toString() == "1.0000000E+12");
     c.Txt_Y->setText("2");
     c.Cmd_Transfer->click();
-    QCOMPARE(c.Txt_X->text(), QString("1.0000000E+12"));
-    QCOMPARE(spy.count(), 1);
+    QVERIFY(c.Txt_X->text() == "1.0000000E+12" && spy.count() == 1);
 
     const QColor red(0xC0, 0, 0);
     Compute(c, "1", "0", 3);

@@ -20,8 +20,7 @@ namespace {
 // The text as shown: the hot-key mark is not.
 QString Plain(QString s) { return s.replace("&&", "\x01").remove('&').replace("\x01", "&").trimmed(); }
 
-// All lines of the loaded language, as shown; with `keyed`, the messages and
-// further texts of its language file too.
+// All lines of the loaded language, as shown; with `keyed`, the messages and further texts of its file too.
 std::set<QString> Language_Lines(const QString& keyed = {}) {
   std::set<QString> lines;
   for (int i = 1; i <= Texts_Count(); ++i) lines.insert(Plain(Lang_Text(Text_Line(i))));
@@ -65,9 +64,7 @@ void Check(QWidget* window, const QString& name, const std::set<QString>& data =
       check(b, b->text(), b->sizeHint().width(), b->width());
     } else if (auto* g = qobject_cast<QGroupBox*>(w)) {
       QStyleOptionGroupBox opt;
-      opt.initFrom(g);
-      opt.text = g->title();
-      opt.subControls = QStyle::SC_GroupBoxLabel;
+      opt.initFrom(g), opt.text = g->title(), opt.subControls = QStyle::SC_GroupBoxLabel;
       const QRect r = g->style()->subControlRect(QStyle::CC_GroupBox, &opt, QStyle::SC_GroupBoxLabel, g);
       check(g, g->title(), fm.horizontalAdvance(Plain(g->title())), g->width() - r.left());
     } else if (auto* t = qobject_cast<QTabBar*>(w)) {
@@ -136,8 +133,8 @@ class TestWindowTexts : public QObject {
       Check(w, QString("picture_%1_%2").arg(i).arg(lang));
       w->hide();
     }
-    // the commands that came after the numbered sections: report, mode table,
-    // help browser (refreshed as the options window does after a change of language)
+    // the commands that came after the numbered sections: report, mode table, help browser (refreshed as
+    // the options window does after a change of language)
     const std::set<QString> lines = Language_Lines(language);
     Frm_HelpBrowser* b = Show_Help(Help_Loads);
     QVERIFY(b);
