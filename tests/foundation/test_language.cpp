@@ -1,5 +1,4 @@
-// Language files: the scrambling, the exact structure of the sections, the
-// language list, and the two languages shipped with the program.
+// Language files: the scrambling, the exact structure of the sections, the language list, the shipped two.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -1,5 +1,4 @@
-// Number texts (files always use a point, the screen the locale's mark) and
-// the factors of the display units to daN and cm.
+// Number texts (files use a point, the screen the locale's mark); factors of the display units to daN, cm.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -1,5 +1,4 @@
-// Where the program starts when it is installed: the start directory it
-// writes to, and the installed data it reads what that directory lacks.
+// An installed program: the start directory it writes to, the installed data it reads what that lacks.
 #include <gtest/gtest.h>
 
 #include "foundation/Language.h"

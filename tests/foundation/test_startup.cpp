@@ -123,10 +123,9 @@ TEST(ChangeLanguage, LoadsTheNewTextsAndWritesTheIniFileOrChangesNothing) {
   Set_StartPaths(d.path, s);
   ASSERT_TRUE(Read_IniFile(s, error) && Load_Language(s, error)) << error;
   ASSERT_EQ(Change_Language(s, "FR", error), LanguageChange::Done);
-  EXPECT_EQ((Texts{s.Language_Code, s.File_Language, s.File_Help, d.Read("Zarvek.INI")}),
-            (Texts{"FR", d / "ZARVEK_FR.MSG", d / "ZVK_FR.HLP", "LANGUAGE=FR\n"}));
-  EXPECT_EQ(Cp1252_To_Utf8(Msg(20)), "Bloqué");
-  EXPECT_EQ(Cp1252_To_Utf8(Section_Line(Section_Of_Window("FRM_SECTION"), 4)), "Annuler");
+  EXPECT_EQ((Texts{s.Language_Code, s.File_Language, s.File_Help, d.Read("Zarvek.INI"),
+                   Cp1252_To_Utf8(Msg(20)), Cp1252_To_Utf8(Section_Line(Section_Of_Window("FRM_SECTION"), 4))}),
+            (Texts{"FR", d / "ZARVEK_FR.MSG", d / "ZVK_FR.HLP", "LANGUAGE=FR\n", "Bloqué", "Annuler"}));
   EXPECT_FALSE(File_Exists(s.File_Tmp));
   ASSERT_EQ(Change_Language(s, "UK", error), LanguageChange::Done);
   EXPECT_EQ(Msg(20), "Fixed");

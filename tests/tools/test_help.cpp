@@ -1,5 +1,4 @@
-// Help topics of the contexts, the fallback to English, and the search for
-// the desktop's system information tool.
+// Help topics of the contexts, the fallback to English, the desktop's system information tool.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -1,5 +1,4 @@
-// Help in the loaded language at the topic of the page or dialog in front, with links, back and forward;
-// the picture window.
+// Help in the loaded language at the topic in front, with links, back and forward; the picture window.
 #include <QtTest>
 #include <QtWidgets>
 
@@ -11,15 +10,11 @@
 
 using namespace zarvek;
 
-namespace {
-
 // The page in the browser as language/file.
-QString Shown_Page() {
+static QString Shown_Page() {
   const QFileInfo f(Help_Browser() ? Help_Browser()->Current_File() : QString());
   return Help_Browser() ? f.dir().dirName() + "/" + f.fileName() : QString();
 }
-
-}  // namespace
 
 class TestHelpWindows : public QObject {
   Q_OBJECT
@@ -60,10 +55,9 @@ class TestHelpWindows : public QObject {
       QVERIFY(f.open(QIODevice::ReadOnly));
       QVERIFY(QFile::exists(start.file("help/FR/" + QString::fromStdString(p))));
       for (auto it = href.globalMatch(QString::fromUtf8(f.readAll())); it.hasNext();) {
-        const QString target = it.next().captured(1);
-        QVERIFY2(QFile::exists(start.file("help/UK/" + target)) &&
-                     QFile::exists(start.file("help/FR/" + target)),
-                 qPrintable(QString::fromStdString(p) + " -> " + target));
+        const QString t = it.next().captured(1);
+        QVERIFY2(QFile::exists(start.file("help/UK/" + t)) && QFile::exists(start.file("help/FR/" + t)),
+                 qPrintable(QString::fromStdString(p) + " -> " + t));
       }
     }
   }
@@ -90,8 +84,7 @@ class TestHelpWindows : public QObject {
     QVERIFY(unblocked);
 
     Frm_Options options(m, start.state);
-    options.Prepare();
-    options.show();
+    options.Prepare(), options.show();
     QVERIFY(QTest::qWaitForWindowExposed(&options));
     QApplication::setActiveWindow(&options);
     QTest::keyClick(&options, Qt::Key_F1);

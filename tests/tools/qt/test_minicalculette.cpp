@@ -1,5 +1,4 @@
-// The calculator window: keypad, operations, equals, transfer and the
-// colour of a field that holds no number.
+// The calculator window: keypad, operations, equals, transfer, the colour of a field holding no number.
 #include <QtTest>
 #include <QtWidgets>
 

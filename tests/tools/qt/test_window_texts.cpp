@@ -98,8 +98,7 @@ class TestWindowTexts : public QObject {
  private slots:
   void windows_data() {
     QTest::addColumn<QString>("language");
-    QTest::newRow("English") << "UK";
-    QTest::newRow("French") << "FR";
+    QTest::newRow("English") << "UK", QTest::newRow("French") << "FR";
   }
   void windows() {
     QFETCH(QString, language);

@@ -70,8 +70,7 @@ class Test_Frm_EigenVector3D : public QObject {
   Q_OBJECT
  private slots:
   void initTestCase() {
-    QVERIFY(Solve(fork_, "FORK.ZVK"));
-    QVERIFY(Solve(cant_, "CANT.ZVK"));
+    QVERIFY(Solve(fork_, "FORK.ZVK") && Solve(cant_, "CANT.ZVK"));
   }
 
   // Each bar steps once by direction, however far it goes; a resize keeps the turn and the zoom, not the pan.
