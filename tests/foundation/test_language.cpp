@@ -17,8 +17,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-// The plain lines of a well-formed language: "S<k>L<j>" in the caption
-// sections, "m<j> >: Message <j>" in the messages.
+// A well-formed language: "S<k>L<j>" in the caption sections, "m<j> >: Message <j>" in the messages.
 Lines Plain_Lines() {
   const int sizes[] = {1, 65, 30, 3, 3, 18, 4, 1, 10, 6, 4, 99};
   Lines lines = {"' test language"};

@@ -37,8 +37,8 @@ TEST(StartPlace, TheCurrentDirectoryOnlyWhenItHoldsTheDataAndMayBeWritten) {
   EXPECT_EQ(Dirs(Choose_StartPlace(cwd.path, inst.bin, "", inst.home)), (Texts{cwd.path, "", cwd.path}));
   EXPECT_FALSE(fs::exists(user));
 
-  // the catalogue alone is not the program's data: the user's folder is made,
-  // the installed data found from the executable, the dialogs start here
+  // the catalogue alone is not the program's data: the user's folder is made, the installed data found
+  // from the executable, the dialogs start here
   fs::remove(cwd / "zarvek_fr.msg");
   StartPlace p = Choose_StartPlace(cwd.path + "/", inst.bin, "", inst.home);
   EXPECT_EQ(p.Error, "");
@@ -75,8 +75,8 @@ TEST(StartPlace, ABuildTreeIsItsOwnInstalledData) {
   Scratch t;
   t.Ship("bin", {"ZARVEK_UK.MSG", "SECTION.DB"});
   EXPECT_EQ(Installed_DataDir(t / "bin"), t / "bin");
-  // ./Zarvek started in its own build folder: that folder is the start
-  // directory (its .INI is read and written), the user's home is left alone
+  // ./Zarvek started in its own build folder: that is the start directory (its .INI read and written), the
+  // user's home is left alone
   EXPECT_EQ(Choose_StartPlace(t / "bin", t / "bin", "", t / "home").Start_Dir, t / "bin");
   EXPECT_FALSE(fs::exists(t / "home"));
   // ../share/zarvek wins when both hold the data
@@ -93,12 +93,11 @@ TEST(StartPlace, FirstStartReadsTheInstalledDataAndWritesOnlyTheUserFolder) {
   const std::string user = inst / "user", share = inst.share + "/";
   fs::create_directories(user);
 
-  StartupState s;
-  s.Share_Path = share;
   std::string error;
-  ASSERT_TRUE(Start_Up(user, "", s, error)) << error;
-  EXPECT_EQ(s.Language_Code, "FR");
-  EXPECT_EQ(inst.Read("user/Zarvek.INI"), "LANGUAGE=FR\n");
+  auto start = [&](StartupState& st) { st.Share_Path = share; return Start_Up(user, "", st, error); };
+  StartupState s, again;
+  ASSERT_TRUE(start(s)) << error;
+  EXPECT_EQ((Texts{s.Language_Code, inst.Read("user/Zarvek.INI")}), (Texts{"FR", "LANGUAGE=FR\n"}));
   Set_InteractivePaths(s);
   // no help file anywhere: named in the installed folder
   EXPECT_EQ((Texts{s.File_Ini, s.File_Tmp, s.File_Default, s.File_Problem}),
@@ -114,16 +113,13 @@ TEST(StartPlace, FirstStartReadsTheInstalledDataAndWritesOnlyTheUserFolder) {
 
   // the user's own file wins over the installed one
   ASSERT_EQ(Change_Language(s, "UK", error), LanguageChange::Done) << error;
-  EXPECT_EQ(s.File_Language, user + "/ZARVEK_UK.MSG");
-  EXPECT_EQ(inst.Read("user/Zarvek.INI"), "LANGUAGE=UK\n");
-  EXPECT_EQ(inst.Read("usr/share/zarvek/Zarvek.INI"), "LANGUAGE=FR\n");
+  EXPECT_EQ((Texts{s.File_Language, inst.Read("user/Zarvek.INI"), inst.Read("usr/share/zarvek/Zarvek.INI")}),
+            (Texts{user + "/ZARVEK_UK.MSG", "LANGUAGE=UK\n", "LANGUAGE=FR\n"}));
   EXPECT_FALSE(fs::exists(share + "Zarvek.TMP"));
   inst.Write("user/SECTION.DB", "own");
   EXPECT_EQ(Data_File(s, "SECTION.DB"), user + "/SECTION.DB");
 
   // a later start keeps the user's choice
-  StartupState again;
-  again.Share_Path = share;
-  ASSERT_TRUE(Start_Up(user, "", again, error)) << error;
+  ASSERT_TRUE(start(again)) << error;
   EXPECT_EQ(again.Language_Code, "UK");
 }

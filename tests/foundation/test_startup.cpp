@@ -1,5 +1,5 @@
-// Start-up: the command line, the file names, the .INI file and the language; what a change of language
-// writes and reloads, and where each line of a window's section goes.
+// Start-up: command line, file names, .INI file, language; what a language change writes and reloads;
+// where each line of a window's section goes.
 #include <gtest/gtest.h>
 
 #include "foundation/FormTexts.h"
@@ -58,8 +58,7 @@ TEST(IniFile, TheFirstLineWithTheExactKeyGivesTheLanguage) {
   const std::string ini_error = "Error in reading " + (d / "Zarvek.INI");
   // the .INI file (nullptr: none; "/": a directory of that name), the code, the error
   const struct { const char* ini; std::string code, error; } cases[] = {
-      // blanks ahead of the key and around a lower-case value; only the first
-      // key line counts; Windows line ends
+      // blanks ahead of the key and around a lower-case value; only the first key line counts; CR LF ends
       {"[Zarvek]\r\nlanguage=FR\r\n  LANGUAGE=  uk  \r\nLANGUAGE=FR\r\n", "UK", ""},
       {"; choice: LANGUAGE=fr\n", "FR", ""},  // text ahead of the key is ignored
       {nullptr, "", ini_error}, {"language=UK\n", "", ini_error},  // the key counts in upper case only
@@ -145,8 +144,7 @@ TEST(ChangeLanguage, LoadsTheNewTextsAndWritesTheIniFileOrChangesNothing) {
   EXPECT_EQ((Texts{d.Read("Zarvek.INI"), s.Language_Code, Msg(20)}), (Texts{"LANGUAGE=UK\n", "UK", "Fixed"}));
 }
 
-// Each window's table of targets has exactly one target per line of its
-// section, so that no caption goes to the wrong control.
+// Each window's table of targets has one target per line of its section: no caption to the wrong control.
 TEST(FormTargets, OneTargetPerLineOfTheSection) {
   for (const char* w : {"FRM_OPTIONS", "FRM_SECTION", "FRM_HELP", "FRM_PROPERTIES", "FRM_ABOUT"}) {
     const int section = Section_Of_Window(w);

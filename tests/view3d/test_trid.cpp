@@ -11,8 +11,7 @@ namespace {
 
 constexpr double Pi = 3.14159265358979;
 
-// A 800 x 600 pixel picture of a beam of NB elements on L whose first mode sways by vmax and twists by
-// tmax at mid-span.
+// An 800 x 600 pixel picture of NB elements on L; the first mode sways by vmax, twists by tmax at mid-span.
 struct Scene {
   Recorder rec{12000, 9000, false};
   TriD_Scene t;
@@ -36,8 +35,7 @@ TEST(TriD_Model, SectionOfEachRouteAndTheDefaultViewOfAMode) {
   const struct { std::string route; float b1, b2, h1, h2; } cases[] = {
       // the catalogue's IPE 300: 150 wide, 300 high, axis at mid-height
       {"catalogue", 15, 15, 15, -15},
-      // dimensions in mm (Fact_Dim 0.1): h 400, flanges 200 and 120, the
-      // shear centre 230 mm above the bottom as 200 shown + 30 held aside
+      // in mm (Fact_Dim 0.1): h 400, flanges 200 and 120, S 230 mm above the bottom as 200 shown + 30 aside
       {"dimensions", 20, 12, 17, -23},
       // properties: no dimensions; L/30 = 33.33 wide, L/40 = 25 each way
       {"properties", 1000.0f / 30, 1000.0f / 30, 25, -25},
@@ -95,9 +93,7 @@ TEST(TriD_Beam, FlangeTipsOfATwistedAndWarpedStation) {
   const struct { int p; double dx, y, z; } tips[] = {
       {P1, 0.0, 0.019960, 14.700999},       {P2, 0.0, 5.980040, -14.700999},
       {P3, -0.149990, -7.329039, 13.210979}, {P4, 0.149990, 7.368959, 16.191019},
-      {P5, 0.199947, 1.083707, -15.694345},  {P6, -0.199947, 10.876373, -13.707652},
-      {P7, 0.0, 3.0, 0.0},
-  };
+      {P5, 0.199947, 1.083707, -15.694345},  {P6, -0.199947, 10.876373, -13.707652}, {P7, 0.0, 3.0, 0.0}};
   for (const auto& c : tips) Expect_Point(t, c.p, 1, -200 + c.dx, c.y, c.z, 2e-4);
 }
 

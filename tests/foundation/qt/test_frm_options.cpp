@@ -51,8 +51,7 @@ class TestFrmOptions : public QObject {
   Q_OBJECT
 
  private slots:
-  // Cancel after changes restores the record and the controls; opened
-  // again, OK without a change leaves every field and says nothing.
+  // Cancel after changes restores record and controls; opened again, OK without a change keeps all, silently.
   void cancelRestoresAndOkWithoutChangeKeeps() {
     auto [start, m] = Start_Model();
     m.Txt_L = "7.25";
@@ -93,9 +92,8 @@ class TestFrmOptions : public QObject {
     QCOMPARE(start.Read("Zarvek.INI"), ini);
   }
 
-  // Each unit list reaches its family: a change rewrites the shown numbers of that family (the
-  // conversions of every unit are the core's): 10 m = 10000 mm; 100 kN.m = 10000 daN.m;
-  // 210000 MPa = 21000 daN/mm2 (1 daN/mm2 = 10 MPa); 30 cm = 300 mm; -10 kN = -1000 daN.
+  // Each unit list rewrites the shown numbers of its family (every unit's factor is the core's): 10 m =
+  // 10000 mm; 100 kN.m = 10000 daN.m; 210000 MPa = 21000 daN/mm2; 30 cm = 300 mm; -10 kN = -1000 daN.
   void okConvertsShownValues() {
     const struct { F f; int index; std::string BeamModel::*field; const char* before; double after; } cases[] = {
         {F::L, 0, &BeamModel::Txt_L, "10", 10000},     {F::M, 1, &BeamModel::Txt_M1, "-100", -10000},

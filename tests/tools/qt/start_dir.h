@@ -22,8 +22,7 @@ struct StartDir {
       QFile::copy(bin + "/" + f, file(f));
     for (QDirIterator it(bin + "/help", QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
       const QString src = it.next(), dst = file(QDir(bin).relativeFilePath(src));
-      QDir().mkpath(QFileInfo(dst).absolutePath());
-      QFile::copy(src, dst);
+      QDir().mkpath(QFileInfo(dst).absolutePath()), QFile::copy(src, dst);
     }
     QFile ini(file("Zarvek.INI"));
     ini.setPermissions(ini.permissions() | QFile::WriteOwner);

@@ -20,8 +20,7 @@ class TestHelpWindows : public QObject {
   Q_OBJECT
 
  private slots:
-  // The page of the context in the loaded language, its heading in the title (the page of every
-  // context and the fallbacks are the core's).
+  // The page of the context in the loaded language, its heading in the title (each context's page: core).
   void helpOpensAtTheTopicOfEachContext() {
     const std::tuple<const char*, int, QString, QString> cases[] = {
         {"UK", 210, "UK/restraints.html", "Restraints"}, {"FR", 250, "FR/loads.html", "Charges"}};
@@ -139,8 +138,7 @@ class TestHelpWindows : public QObject {
     const QImage s = Help_Picture(1, 1);
     QCOMPARE(s.pixelColor(165, 300 - 105), blue);
     QCOMPARE(s.pixelColor(165, 300 - 80), green);
-    // The four end freedoms, one quarter of the picture each, in the colours of their mode curves, and no
-    // red outside v'.
+    // The four end freedoms, a quarter of the picture each, in their mode curves' colours; no red but v'.
     const QImage e = Help_Picture(2, 1);
     const QColor hue[4] = {blue, black, red, green};
     for (int k = 0; k < 4; ++k) {

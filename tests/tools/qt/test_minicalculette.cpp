@@ -45,9 +45,8 @@ class Test_MiniCalculette : public QObject {
     QVERIFY(c.Txt_Result->text().isEmpty());
   }
 
-  // Transfer carries the result to X and tells of it, and does nothing
-  // without a result. 1 / 0 shows no result and keeps the window alive; a
-  // field that holds no number turns red and takes the focus until mended.
+  // Transfer carries the result to X and tells of it, and does nothing without a result. 1 / 0 shows no
+  // result and keeps the window alive; a field holding no number turns red and takes the focus until mended.
   void transferFailuresAndRedText() {
     MiniCalculette c;
     c.show();

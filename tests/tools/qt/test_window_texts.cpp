@@ -36,10 +36,8 @@ std::set<QString> Language_Lines(const QString& keyed = {}) {
 bool Known(const QString& text, const std::set<QString>& lines) {
   static const std::set<QString> neutral = {"OK", "\u2026", "cm", "cm2", "cm3", "cm4", "Zarvek"};
   const QString t = Plain(text);
-  if (t.isEmpty() || lines.count(t) || neutral.count(t) || Is_Numeric(t.toStdString())) return true;
-  for (const QString& l : lines)
-    if (!l.isEmpty() && t.startsWith(l + " ")) return true;
-  return false;
+  return t.isEmpty() || lines.count(t) || neutral.count(t) || Is_Numeric(t.toStdString()) ||
+         std::any_of(lines.begin(), lines.end(), [&](auto& l) { return t.startsWith(l + " "); });
 }
 
 // Checks one window as it is shown; `data` names the controls that show values rather than captions.
@@ -132,8 +130,7 @@ class TestWindowTexts : public QObject {
       Check(w, QString("picture_%1_%2").arg(i).arg(lang));
       w->hide();
     }
-    // the commands that came after the numbered sections: report, mode table, help browser (refreshed as
-    // the options window does after a change of language)
+    // commands after the numbered sections: report, mode table, help browser (refreshed as after a switch)
     const std::set<QString> lines = Language_Lines(language);
     Frm_HelpBrowser* b = Show_Help(Help_Loads);
     QVERIFY(b);

@@ -6,6 +6,7 @@
 #include "analysis/Proceed.h"
 #include "diagrams/Recorder.h"
 #include "diagrams/qt/QtSurface.h"
+#include "foundation/scratch_dir.h"
 #include "foundation/Language.h"
 #include "view3d/qt/Frm_EigenVector3D.h"
 #include "view3d/qt/TriD_Picture.h"
@@ -27,8 +28,7 @@ bool Near(double a, double b, double tol) { return std::fabs(a - b) < tol; }
 // IPE 300, 10 m in 100 elements, fork supports, uniform moment.
 BeamModel Fork_Beam() { BeamModel m; Init_Default(m, "/tmp"); return m; }
 
-// The same section 4 m long, clamped at end 1 and free at end 2, in plane and out of plane, under a
-// uniform moment.
+// The same section 4 m long, clamped at end 1 and free at end 2 in and out of plane, uniform moment.
 BeamModel Cantilever() {
   BeamModel m = Fork_Beam();
   m.Txt_L = "4", m.Lst_vp1 = m.Lst_tp1 = Restraint_Item(1), m.Lst_v2 = m.Lst_t2 = Restraint_Item(0);
@@ -113,8 +113,7 @@ class Test_Frm_EigenVector3D : public QObject {
     QVERIFY(t.RapDep == 0 && Near(t.Angle[3], -30 * Step, 1e-5));
   }
 
-  // The drag laws and the zones are the core's; here the mouse of the window reaches them, in the
-  // pixels of the picture.
+  // The drag laws and zones are the core's; here the window's mouse reaches them, in the picture's pixels.
   void dragsTurnAndPan() {
     Frm_EigenVector3D frm(fork_);
     QVERIFY(Shown(frm));
@@ -176,9 +175,7 @@ class Test_Frm_EigenVector3D : public QObject {
     const QPointF red = Pixels_Of(img, TriD_AxisColour).second;
     QVERIFY(Near(red.x(), 400, 15) && Near(red.y(), 300, 15));
     QCOMPARE(TriD_WritePicture(cant_, clisvg, 1, error), TriD_PictureStatus::Written);
-    QFile f(QString::fromStdString(clisvg));
-    QVERIFY(f.open(QIODevice::ReadOnly));
-    const QByteArray doc = f.readAll();
+    const QByteArray doc = QByteArray::fromStdString(foundation_test::Read_File(clisvg));
     // 101 stations: a web and two flanges each, 100 runs of six wires and a piece of axis; two end
     // circles; the marks 1 and 2.
     QCOMPARE(doc.count("<line"), qsizetype(101 * 3 + 100 * 7));
@@ -188,8 +185,7 @@ class Test_Frm_EigenVector3D : public QObject {
     QCOMPARE(TriD_WritePicture(fork_, "/nonexistent-dir/x.png", 1, error), TriD_PictureStatus::WriteFailed);
   }
 
-  // The window's words and every tooltip come from the loaded language, and no tooltip is the name of a
-  // control. Last: it leaves French loaded.
+  // Words and tooltips from the loaded language, no tooltip a control's name. Last: it leaves French loaded.
   void textsAndTooltipsFollowTheLanguage() {
     auto shown = [this](const char* code) {  // tooltips by control, then two captions
       if (!Load_LanguageFile(std::string(ZARVEK_BIN_DIR) + "/ZARVEK_" + code + ".MSG", Scratch("LANG.TMP")))
