@@ -12,22 +12,20 @@
 using namespace zarvek;
 using F = UnitFamily;
 
-namespace {
-
 // Everything of the record that a change of units or options may touch.
-std::vector<std::string> Shown_Texts(const BeamModel& m) {
+static std::vector<std::string> Shown_Texts(const BeamModel& m) {
   return {m.Txt_L, m.Txt_E, m.Txt_G, m.Txt_Iz[1], m.Txt_It[3], m.Txt_Iw[1], m.Txt_h, m.Txt_bf1, m.Txt_zend1,
           m.Txt_M1, m.Txt_M2, m.Txt_F1, m.Txt_q11, m.Txt_CC, m.Txt_zF1, m.Lst_v1.text, m.Lst_t1.text,
           m.Lst_vi_c.text, m.Lbl_Method, m.Lbl_Tolerance, m.Lbl_Directory};
 }
 
-std::vector<float> Factors(const BeamModel& m) {
+static std::vector<float> Factors(const BeamModel& m) {
   std::vector<float> f;
   for (UnitFamily u : All_Unit_Families) f.push_back(Factor_Of(m, u));
   return f;
 }
 
-QComboBox* List(Frm_Options& w, UnitFamily f) { return w.Lst_Unit[int(f)]; }
+static QComboBox* List(Frm_Options& w, UnitFamily f) { return w.Lst_Unit[int(f)]; }
 
 // A start directory and the default beam on it.
 struct Start_Model {
@@ -37,15 +35,13 @@ struct Start_Model {
 };
 
 // Opens the window as the main window does and waits until it is shown.
-bool Open(Frm_Options& w) { return w.Prepare(), w.show(), QTest::qWaitForWindowExposed(&w); }
+static bool Open(Frm_Options& w) { return w.Prepare(), w.show(), QTest::qWaitForWindowExposed(&w); }
 
 // Selects the language whose item starts with the code; its index.
-int Pick_Language(Frm_Options& w, const char* code) {
+static int Pick_Language(Frm_Options& w, const char* code) {
   w.Lst_Language->setCurrentIndex(w.Lst_Language->findText(code, Qt::MatchStartsWith));
   return w.Lst_Language->currentIndex();
 }
-
-}  // namespace
 
 class TestFrmOptions : public QObject {
   Q_OBJECT

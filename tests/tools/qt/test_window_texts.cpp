@@ -15,13 +15,11 @@
 
 using namespace zarvek;
 
-namespace {
-
 // The text as shown: the hot-key mark is not.
-QString Plain(QString s) { return s.replace("&&", "\x01").remove('&').replace("\x01", "&").trimmed(); }
+static QString Plain(QString s) { return s.replace("&&", "\x01").remove('&').replace("\x01", "&").trimmed(); }
 
 // All lines of the loaded language, as shown; with `keyed`, the messages and further texts of its file too.
-std::set<QString> Language_Lines(const QString& keyed = {}) {
+static std::set<QString> Language_Lines(const QString& keyed = {}) {
   std::set<QString> lines;
   for (int i = 1; i <= Texts_Count(); ++i) lines.insert(Plain(Lang_Text(Text_Line(i))));
   QFile f(QString(ZARVEK_SOURCE_DIR) + "/data/lang/ZARVEK_" + keyed + ".txt");
@@ -33,7 +31,7 @@ std::set<QString> Language_Lines(const QString& keyed = {}) {
 }
 
 // A line of the language (or one with a name behind it), or a text that is the same in every language.
-bool Known(const QString& text, const std::set<QString>& lines) {
+static bool Known(const QString& text, const std::set<QString>& lines) {
   static const std::set<QString> neutral = {"OK", "\u2026", "cm", "cm2", "cm3", "cm4", "Zarvek"};
   const QString t = Plain(text);
   return t.isEmpty() || lines.count(t) || neutral.count(t) || Is_Numeric(t.toStdString()) ||
@@ -41,7 +39,7 @@ bool Known(const QString& text, const std::set<QString>& lines) {
 }
 
 // Checks one window as it is shown; `data` names the controls that show values rather than captions.
-void Check(QWidget* window, const QString& name, const std::set<QString>& data = {}) {
+static void Check(QWidget* window, const QString& name, const std::set<QString>& data = {}) {
   window->show();
   QVERIFY(QTest::qWaitForWindowExposed(window));
   QApplication::processEvents();
@@ -78,7 +76,7 @@ void Check(QWidget* window, const QString& name, const std::set<QString>& data =
 }
 
 // Every command of the menus and every tooltip of a window: from the language.
-void Check_Commands(QWidget* window, const QString& name, const std::set<QString>& lines) {
+static void Check_Commands(QWidget* window, const QString& name, const std::set<QString>& lines) {
   for (QMenu* menu : window->findChildren<QMenu*>())
     for (QAction* a : menu->actions())
       if (!a->isSeparator() && !a->menu())
@@ -87,8 +85,6 @@ void Check_Commands(QWidget* window, const QString& name, const std::set<QString
     QVERIFY2(Known(w->toolTip(), lines),
              qPrintable("untranslated tooltip: " + name + " " + w->objectName() + " \"" + w->toolTip() + "\""));
 }
-
-}  // namespace
 
 class TestWindowTexts : public QObject {
   Q_OBJECT

@@ -13,36 +13,34 @@
 
 using namespace zarvek;
 
-namespace {
-
 constexpr float Step = 3.14159265f / 120;  // one step of a rotation bar
 
 // A file of the test's own folder, removed at the end.
-std::string Scratch(const std::string& name) {
+static std::string Scratch(const std::string& name) {
   static QTemporaryDir dir;
   return dir.filePath(QString::fromStdString(name)).toStdString();
 }
 
-bool Near(double a, double b, double tol) { return std::fabs(a - b) < tol; }
+static bool Near(double a, double b, double tol) { return std::fabs(a - b) < tol; }
 
 // IPE 300, 10 m in 100 elements, fork supports, uniform moment.
-BeamModel Fork_Beam() { BeamModel m; Init_Default(m, "/tmp"); return m; }
+static BeamModel Fork_Beam() { BeamModel m; Init_Default(m, "/tmp"); return m; }
 
 // The same section 4 m long, clamped at end 1 and free at end 2 in and out of plane, uniform moment.
-BeamModel Cantilever() {
+static BeamModel Cantilever() {
   BeamModel m = Fork_Beam();
   m.Txt_L = "4", m.Lst_vp1 = m.Lst_tp1 = Restraint_Item(1), m.Lst_v2 = m.Lst_t2 = Restraint_Item(0);
   m.Opt_AA = false, m.Opt_EL = true, m.Txt_M1 = m.Txt_M2 = "100";
   return m;
 }
 
-bool Solve(BeamModel& m, const std::string& name) {
+static bool Solve(BeamModel& m, const std::string& name) {
   SolveControl ctl;
   return Proceed(m, Scratch(name), ctl).Solve_Status == 0 && m.Mode_Max > 0;
 }
 
 // Number and centre of the pixels of a colour (0xBBGGRR).
-std::pair<int, QPointF> Pixels_Of(const QImage& img, Colour c) {
+static std::pair<int, QPointF> Pixels_Of(const QImage& img, Colour c) {
   const QRgb want = To_QColor(c).rgb();
   const QImage im = img.convertToFormat(QImage::Format_RGB32);
   double sx = 0, sy = 0, n = 0;
@@ -52,10 +50,10 @@ std::pair<int, QPointF> Pixels_Of(const QImage& img, Colour c) {
   return {int(n), n ? QPointF(sx / n, sy / n) : QPointF(-1, -1)};
 }
 
-bool Shown(QWidget& w) { return w.show(), QTest::qWaitForWindowExposed(&w); }
+static bool Shown(QWidget& w) { return w.show(), QTest::qWaitForWindowExposed(&w); }
 
 // A drag on the picture: press, then moves in steps (the caller releases).
-void Drag(QWidget* w, Qt::MouseButton b, QPoint from, QPoint by, int steps) {
+static void Drag(QWidget* w, Qt::MouseButton b, QPoint from, QPoint by, int steps) {
   QTest::mousePress(w, b, {}, from);
   for (int k = 1; k <= steps; ++k) {
     const QPointF p = from + QPointF(by) * k / steps;
@@ -63,8 +61,6 @@ void Drag(QWidget* w, Qt::MouseButton b, QPoint from, QPoint by, int steps) {
     QApplication::sendEvent(w, &mv);
   }
 }
-
-}  // namespace
 
 class Test_Frm_EigenVector3D : public QObject {
   Q_OBJECT
