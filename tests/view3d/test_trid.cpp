@@ -184,9 +184,7 @@ TEST(TriD_Mouse, ZonesChooseTheRotationAndTheImage) {
       {0, 0, TriD_Zone::Upright, TriD_Cursor::RotX},
       {180, 270, TriD_Zone::Upright, TriD_Cursor::RotX},  // |dx| < 183.3, |dy| < 275
       {-190, 0, TriD_Zone::Flat, TriD_Cursor::RotZ},      // |dx| < 366.7, |dy| < 137.5
-      {360, -130, TriD_Zone::Flat, TriD_Cursor::RotZ},
-      {200, 200, TriD_Zone::Outside, TriD_Cursor::RotY},
-  };
+      {360, -130, TriD_Zone::Flat, TriD_Cursor::RotZ}, {200, 200, TriD_Zone::Outside, TriD_Cursor::RotY}};
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::Message() << c.x << "," << c.y);
     Scene s(100, 1000, 2, 0.1);
@@ -195,7 +193,7 @@ TEST(TriD_Mouse, ZonesChooseTheRotationAndTheImage) {
     EXPECT_EQ(s.t.Cursor, c.cursor); EXPECT_TRUE(s.t.Dragging);
     // A small move turns about the zone's axis by the drag law.
     const double dX = 2, dY = 3, X = c.x + dX, Y = c.y + dY;
-    const float a0[4] = {s.t.Angle[0], s.t.Angle[1], s.t.Angle[2], s.t.Angle[3]};
+    const auto a0 = s.t.Angle;
     TriD_MouseMove(s.t, s.rec, X, Y, 1);
     double expected[4] = {0, 0, 0, 0};
     if (c.zone == TriD_Zone::Upright) expected[1] = 0.1 * (-2 * Pi * dY / 825);
