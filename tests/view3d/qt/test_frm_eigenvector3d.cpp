@@ -172,8 +172,7 @@ class Test_Frm_EigenVector3D : public QObject {
     QVERIFY(Near(red.x(), 400, 15) && Near(red.y(), 300, 15));
     QCOMPARE(TriD_WritePicture(cant_, clisvg, 1, error), TriD_PictureStatus::Written);
     const QByteArray doc = QByteArray::fromStdString(foundation_test::Read_File(clisvg));
-    // 101 stations: a web and two flanges each, 100 runs of six wires and a piece of axis; two end
-    // circles; the marks 1 and 2.
+    // 101 stations, a web and two flanges each; 100 runs of six wires and a piece of axis; 2 circles, 2 marks
     QCOMPARE(doc.count("<line"), qsizetype(101 * 3 + 100 * 7));
     QVERIFY(doc.count("<ellipse") == 2 && doc.contains(">1</text>") && doc.contains(">2</text>"));
     QCOMPARE(TriD_WritePicture(cant_, Scratch("cli.gif"), 1, error), TriD_PictureStatus::BadExtension);
