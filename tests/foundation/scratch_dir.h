@@ -1,5 +1,4 @@
-// A scratch directory for the start-up tests, removed with its files at the
-// end of the test; names resolve inside it.
+// A scratch directory, removed with its files at the end of the test; names resolve inside it.
 #pragma once
 
 #include <filesystem>

@@ -1,5 +1,4 @@
-// Language files: the scrambling, the exact structure of the sections, the
-// language list, and the two languages shipped with the program.
+// Language files: the scrambling, the exact structure of the sections, the language list, the shipped two.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -12,17 +11,13 @@
 #include "scratch_dir.h"
 
 using namespace zarvek;
-using foundation_test::Read_File;
-using foundation_test::Scratch;
-namespace fs = std::filesystem;
+using namespace foundation_test;
 
 namespace {
 
 using Lines = std::vector<std::string>;
-using Texts = Lines;
 
-// The plain lines of a well-formed language: "S<k>L<j>" in the caption
-// sections, "m<j> >: Message <j>" in the messages.
+// A well-formed language: "S<k>L<j>" in the caption sections, "m<j> >: Message <j>" in the messages.
 Lines Plain_Lines() {
   const int sizes[] = {1, 65, 30, 3, 3, 18, 4, 1, 10, 6, 4, 99};
   Lines lines = {"' test language"};
@@ -55,7 +50,7 @@ bool Load_Plain(const Scratch& s, const Lines& lines, const char* eol = "\n") {
 TEST(CryptFile, KeyFromItsSecondLetterAndTheSameCallRestores) {
   Scratch s;
   std::string original(256, 0);
-  for (int i = 0; i < 256; ++i) original[i] = static_cast<char>(i);
+  for (int i = 0; i < 256; ++i) original[i] = static_cast<char>(i);  // every byte value
   s.Write("a", original);
   ASSERT_TRUE(Crypt_File(s / "a", 0, s / "b"));
   const std::string scrambled = s.Read("b");
@@ -86,11 +81,11 @@ TEST(LanguageFile, WellFormedFileFillsTextsAndMessages) {
   lines.insert(lines.begin() + Index_Of(lines, "$30"), "stray text");
   ASSERT_TRUE(Load_Plain(s, lines, "\r\n"));
 
-  EXPECT_EQ((Texts{Text_Line(1), Section_Line(1, 10), Section_Line(1, 20), Section_Line(2, 1)}),
-            (Texts{"Testish   ", "S1L10", "  ' quoted", "S2L1"}));
+  EXPECT_EQ((Lines{Text_Line(1), Section_Line(1, 10), Section_Line(1, 20), Section_Line(2, 1)}),
+            (Lines{"Testish   ", "S1L10", "  ' quoted", "S2L1"}));
   Load_Messages();
-  EXPECT_EQ((Texts{Msg(1), Msg(2), Msg(99), Msg(0) + Msg(100)}),
-            (Texts{"Trimmed message", "b >: c", "Message 99", ""}));
+  EXPECT_EQ((Lines{Msg(1), Msg(2), Msg(99), Msg(0) + Msg(100)}),
+            (Lines{"Trimmed message", "b >: c", "Message 99", ""}));
 
   // extra plain lines after the messages are accepted
   lines = Plain_Lines();
@@ -99,7 +94,7 @@ TEST(LanguageFile, WellFormedFileFillsTextsAndMessages) {
   // a file that stops after a whole section leaves the rest empty
   lines.resize(Index_Of(lines, "$4"));
   ASSERT_TRUE(Load_Plain(s, lines));
-  EXPECT_EQ((Texts{Section_Line(5, 18), Text_Line(244)}), (Texts{"S5L18", ""}));
+  EXPECT_EQ((Lines{Section_Line(5, 18), Text_Line(244)}), (Lines{"S5L18", ""}));
 }
 
 TEST(LanguageFile, FurtherTextsByKey) {
@@ -107,9 +102,9 @@ TEST(LanguageFile, FurtherTextsByKey) {
   Lines lines = Plain_Lines();
   lines.insert(lines.end(), {"$3", "' keyed", "Cmd_A >: Alpha  ", "  Cmd_B>:Beta >: gamma", "Cmd_C >:"});
   ASSERT_TRUE(Load_Plain(s, lines));
-  EXPECT_EQ((Texts{Further_Text("Cmd_A"), Further_Text("Cmd_B"), Further_Text("Cmd_C", "fallback"),
+  EXPECT_EQ((Lines{Further_Text("Cmd_A"), Further_Text("Cmd_B"), Further_Text("Cmd_C", "fallback"),
                    Further_Text("Missing", "fallback")}),
-            (Texts{"Alpha", "Beta >: gamma", "fallback", "fallback"}));
+            (Lines{"Alpha", "Beta >: gamma", "fallback", "fallback"}));
 
   // a language without the section keeps nothing of the one loaded before
   ASSERT_TRUE(Load_Plain(s, Plain_Lines()));
@@ -158,8 +153,7 @@ TEST(LanguageList, ItemsOfTheFilesFound) {
     ASSERT_TRUE(Crypt_File(s / "plain", 0, s / name));
   }
   fs::remove(s / "plain");
-  const Lines expected = {"UK  English", "DE  Deutsch"};
-  EXPECT_EQ(Load_Languages(s.path + "/", s / "Zarvek.TMP"), expected);
+  EXPECT_EQ(Load_Languages(s.path + "/", s / "Zarvek.TMP"), (Lines{"UK  English", "DE  Deutsch"}));
   EXPECT_FALSE(fs::exists(s / "Zarvek.TMP"));
   EXPECT_EQ(Language_Code_Of("/opt/a_b/ZARVEK_uk.MSG"), "UK");
 }
@@ -170,9 +164,7 @@ TEST(LanguageText, CharacterSet) {
 }
 
 // The languages shipped with the program, as the build scrambles them.
-std::string Source_Of(const std::string& code) {
-  return std::string(ZARVEK_SOURCE_DIR) + "/data/lang/ZARVEK_" + code + ".txt";
-}
+std::string Source_Of(std::string code) { return ZARVEK_SOURCE_DIR "/data/lang/ZARVEK_" + code + ".txt"; }
 class ShippedLanguage : public ::testing::TestWithParam<const char*> {};
 
 TEST_P(ShippedLanguage, LoadsWhole) {
@@ -201,11 +193,10 @@ TEST_P(ShippedLanguage, LoadsWhole) {
   // every further text of the one language has its twin in the other
   auto further_keys = [](const std::string& t) {
     Lines keys;
-    std::string line;
     size_t mark, from = t.find("\n$", t.find("\n$99") + 1);
     std::istringstream in(from == std::string::npos ? std::string() : t.substr(from + 1));
-    while (std::getline(in, line))
-      if (!line.empty() && line[0] != '\'' && (mark = line.find(">:")) != std::string::npos)
+    for (std::string line; std::getline(in, line);)
+      if (line[0] != '\'' && (mark = line.find(">:")) != std::string::npos)
         keys.push_back(Trim(line.substr(0, mark)));
     return keys;
   };

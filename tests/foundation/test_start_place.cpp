@@ -1,8 +1,5 @@
-// Where the program starts when it is installed: the start directory it
-// writes to, and the installed data it reads what that directory lacks.
+// An installed program: the start directory it writes to, the installed data it reads what that lacks.
 #include <gtest/gtest.h>
-
-#include <sys/stat.h>
 
 #include "foundation/Language.h"
 #include "foundation/Mod_Zarvek.h"
@@ -11,8 +8,7 @@
 #include "scratch_dir.h"
 
 using namespace zarvek;
-using foundation_test::Scratch;
-namespace fs = std::filesystem;
+using namespace foundation_test;
 using Texts = std::vector<std::string>;
 
 namespace {
@@ -21,8 +17,7 @@ namespace {
 struct Installed : Scratch {
   std::string bin = *this / "usr/bin", share = *this / "usr/share/zarvek", home = *this / "home";
   Installed() {
-    fs::create_directories(bin);
-    fs::create_directories(home);
+    fs::create_directories(bin), fs::create_directories(home);
     Ship("usr/share/zarvek", {"Zarvek.INI", "ZARVEK_UK.MSG", "ZARVEK_FR.MSG", "SECTION.DB"});
   }
 };
@@ -30,19 +25,20 @@ struct Installed : Scratch {
 // The start, the installed data and the dialogs' directory of a choice.
 Texts Dirs(const StartPlace& p) { return {p.Start_Dir, p.Share_Dir, p.Dialog_Dir}; }
 
+}  // namespace
+
 TEST(StartPlace, TheCurrentDirectoryOnlyWhenItHoldsTheDataAndMayBeWritten) {
   Installed inst;
   Scratch cwd;
   const std::string user = inst.home + "/.local/share/zarvek";
 
   // a build's bin folder: the catalogue and a language file; nothing made in the user's home
-  cwd.Write("SECTION.DB", "x");
-  cwd.Write("zarvek_fr.msg", "x");
+  for (const char* f : {"SECTION.DB", "zarvek_fr.msg"}) cwd.Write(f, "x");
   EXPECT_EQ(Dirs(Choose_StartPlace(cwd.path, inst.bin, "", inst.home)), (Texts{cwd.path, "", cwd.path}));
   EXPECT_FALSE(fs::exists(user));
 
-  // the catalogue alone is not the program's data: the user's folder is made,
-  // the installed data found from the executable, the dialogs start here
+  // the catalogue alone is not the program's data: the user's folder is made, the installed data found
+  // from the executable, the dialogs start here
   fs::remove(cwd / "zarvek_fr.msg");
   StartPlace p = Choose_StartPlace(cwd.path + "/", inst.bin, "", inst.home);
   EXPECT_EQ(p.Error, "");
@@ -66,10 +62,8 @@ TEST(StartPlace, TheUserFolderFollowsXdgAndAFolderThatCantBeMadeIsSaid) {
   Scratch cwd;
   StartPlace p = Choose_StartPlace(cwd.path, inst.bin, inst / "xdg/deep", inst.home);
   EXPECT_EQ(p.Start_Dir, inst / "xdg/deep/zarvek");
-  struct stat st {};
-  ASSERT_EQ(::stat(p.Start_Dir.c_str(), &st), 0);
-  EXPECT_TRUE(S_ISDIR(st.st_mode));
-  EXPECT_EQ(st.st_mode & 0777, 0700u);
+  EXPECT_TRUE(fs::is_directory(p.Start_Dir));
+  EXPECT_EQ(fs::status(p.Start_Dir).permissions() & fs::perms::all, fs::perms::owner_all);  // 0700
 
   inst.Write("file", "x");
   p = Choose_StartPlace(cwd.path, inst.bin, inst / "file", inst.home);
@@ -81,8 +75,8 @@ TEST(StartPlace, ABuildTreeIsItsOwnInstalledData) {
   Scratch t;
   t.Ship("bin", {"ZARVEK_UK.MSG", "SECTION.DB"});
   EXPECT_EQ(Installed_DataDir(t / "bin"), t / "bin");
-  // ./Zarvek started in its own build folder: that folder is the start
-  // directory (its .INI is read and written), the user's home is left alone
+  // ./Zarvek started in its own build folder: that is the start directory (its .INI read and written), the
+  // user's home is left alone
   EXPECT_EQ(Choose_StartPlace(t / "bin", t / "bin", "", t / "home").Start_Dir, t / "bin");
   EXPECT_FALSE(fs::exists(t / "home"));
   // ../share/zarvek wins when both hold the data
@@ -99,12 +93,11 @@ TEST(StartPlace, FirstStartReadsTheInstalledDataAndWritesOnlyTheUserFolder) {
   const std::string user = inst / "user", share = inst.share + "/";
   fs::create_directories(user);
 
-  StartupState s;
-  s.Share_Path = share;
   std::string error;
-  ASSERT_TRUE(Start_Up(user, "", s, error)) << error;
-  EXPECT_EQ(s.Language_Code, "FR");
-  EXPECT_EQ(inst.Read("user/Zarvek.INI"), "LANGUAGE=FR\n");
+  auto start = [&](StartupState& st) { st.Share_Path = share; return Start_Up(user, "", st, error); };
+  StartupState s, again;
+  ASSERT_TRUE(start(s)) << error;
+  EXPECT_EQ((Texts{s.Language_Code, inst.Read("user/Zarvek.INI")}), (Texts{"FR", "LANGUAGE=FR\n"}));
   Set_InteractivePaths(s);
   // no help file anywhere: named in the installed folder
   EXPECT_EQ((Texts{s.File_Ini, s.File_Tmp, s.File_Default, s.File_Problem}),
@@ -120,18 +113,13 @@ TEST(StartPlace, FirstStartReadsTheInstalledDataAndWritesOnlyTheUserFolder) {
 
   // the user's own file wins over the installed one
   ASSERT_EQ(Change_Language(s, "UK", error), LanguageChange::Done) << error;
-  EXPECT_EQ(s.File_Language, user + "/ZARVEK_UK.MSG");
-  EXPECT_EQ(inst.Read("user/Zarvek.INI"), "LANGUAGE=UK\n");
-  EXPECT_EQ(inst.Read("usr/share/zarvek/Zarvek.INI"), "LANGUAGE=FR\n");
+  EXPECT_EQ((Texts{s.File_Language, inst.Read("user/Zarvek.INI"), inst.Read("usr/share/zarvek/Zarvek.INI")}),
+            (Texts{user + "/ZARVEK_UK.MSG", "LANGUAGE=UK\n", "LANGUAGE=FR\n"}));
   EXPECT_FALSE(fs::exists(share + "Zarvek.TMP"));
   inst.Write("user/SECTION.DB", "own");
   EXPECT_EQ(Data_File(s, "SECTION.DB"), user + "/SECTION.DB");
 
   // a later start keeps the user's choice
-  StartupState again;
-  again.Share_Path = share;
-  ASSERT_TRUE(Start_Up(user, "", again, error)) << error;
+  ASSERT_TRUE(start(again)) << error;
   EXPECT_EQ(again.Language_Code, "UK");
 }
-
-}  // namespace

@@ -1,5 +1,5 @@
-// Start-up: the command line, the file names, the .INI file and the language; what a change of language
-// writes and reloads, and where each line of a window's section goes.
+// Start-up: command line, file names, .INI file, language; what a language change writes and reloads;
+// where each line of a window's section goes.
 #include <gtest/gtest.h>
 
 #include "foundation/FormTexts.h"
@@ -10,12 +10,8 @@
 #include "scratch_dir.h"
 
 using namespace zarvek;
-using foundation_test::Read_File;
-using foundation_test::Scratch;
-namespace fs = std::filesystem;
+using namespace foundation_test;
 using Texts = std::vector<std::string>;
-
-namespace {
 
 TEST(CommandLine, OnlyAnExistingProblemFileStartsTheBatchRun) {
   Scratch d;
@@ -42,12 +38,10 @@ TEST(CommandLine, OnlyAnExistingProblemFileStartsTheBatchRun) {
 
 TEST(StartPaths, NamesComeFromTheStartDirectoryAndAStaleScratchFileGoes) {
   Scratch d;
-  d.Write("Zarvek.TMP", "left by a crash");
-  d.Write("zarvek.tmp", "somebody else's");
+  for (const char* f : {"Zarvek.TMP", "zarvek.tmp"}) d.Write(f, "x");  // left by a crash; somebody else's
   StartupState s;
   Set_StartPaths(d.path + "/", s);
-  EXPECT_FALSE(fs::exists(d / "Zarvek.TMP"));
-  EXPECT_TRUE(fs::exists(d / "zarvek.tmp"));
+  EXPECT_TRUE(!fs::exists(d / "Zarvek.TMP") && fs::exists(d / "zarvek.tmp"));
 
   s.Language_Code = "FR";
   Set_InteractivePaths(s);
@@ -64,8 +58,7 @@ TEST(IniFile, TheFirstLineWithTheExactKeyGivesTheLanguage) {
   const std::string ini_error = "Error in reading " + (d / "Zarvek.INI");
   // the .INI file (nullptr: none; "/": a directory of that name), the code, the error
   const struct { const char* ini; std::string code, error; } cases[] = {
-      // blanks ahead of the key and around a lower-case value; only the first
-      // key line counts; Windows line ends
+      // blanks ahead of the key and around a lower-case value; only the first key line counts; CR LF ends
       {"[Zarvek]\r\nlanguage=FR\r\n  LANGUAGE=  uk  \r\nLANGUAGE=FR\r\n", "UK", ""},
       {"; choice: LANGUAGE=fr\n", "FR", ""},  // text ahead of the key is ignored
       {nullptr, "", ini_error}, {"language=UK\n", "", ini_error},  // the key counts in upper case only
@@ -122,17 +115,16 @@ TEST(RewriteIniFile, ReplacesTheKeyAndKeepsEveryOtherLine) {
 TEST(ChangeLanguage, LoadsTheNewTextsAndWritesTheIniFileOrChangesNothing) {
   // a start directory with the program's two language files, English loaded
   Scratch d;
-  StartupState s;
   d.Ship(".", {"ZARVEK_UK.MSG", "ZARVEK_FR.MSG"});
   d.Write("Zarvek.INI", "LANGUAGE=UK\n");
+  StartupState s;
   std::string error;
   Set_StartPaths(d.path, s);
   ASSERT_TRUE(Read_IniFile(s, error) && Load_Language(s, error)) << error;
   ASSERT_EQ(Change_Language(s, "FR", error), LanguageChange::Done);
-  EXPECT_EQ((Texts{s.Language_Code, s.File_Language, s.File_Help, d.Read("Zarvek.INI")}),
-            (Texts{"FR", d / "ZARVEK_FR.MSG", d / "ZVK_FR.HLP", "LANGUAGE=FR\n"}));
-  EXPECT_EQ(Cp1252_To_Utf8(Msg(20)), "Bloqué");
-  EXPECT_EQ(Cp1252_To_Utf8(Section_Line(Section_Of_Window("FRM_SECTION"), 4)), "Annuler");
+  EXPECT_EQ((Texts{s.Language_Code, s.File_Language, s.File_Help, d.Read("Zarvek.INI"),
+                   Cp1252_To_Utf8(Msg(20)), Cp1252_To_Utf8(Section_Line(Section_Of_Window("FRM_SECTION"), 4))}),
+            (Texts{"FR", d / "ZARVEK_FR.MSG", d / "ZVK_FR.HLP", "LANGUAGE=FR\n", "Bloqué", "Annuler"}));
   EXPECT_FALSE(File_Exists(s.File_Tmp));
   ASSERT_EQ(Change_Language(s, "UK", error), LanguageChange::Done);
   EXPECT_EQ(Msg(20), "Fixed");
@@ -140,7 +132,7 @@ TEST(ChangeLanguage, LoadsTheNewTextsAndWritesTheIniFileOrChangesNothing) {
   // a missing or damaged file changes nothing
   EXPECT_EQ(Change_Language(s, "DE", error), LanguageChange::FileMissing);
   EXPECT_EQ(error, "File " + (d / "ZARVEK_DE.MSG") + " not found");
-  // A file whose window section of 65 lines declares 64.
+  // a file whose window section of 65 lines declares 64
   std::string plain = Read_File(std::string(ZARVEK_SOURCE_DIR) + "/data/lang/ZARVEK_UK.txt");
   const auto at = plain.find("\n$65");
   ASSERT_NE(at, std::string::npos);
@@ -148,12 +140,11 @@ TEST(ChangeLanguage, LoadsTheNewTextsAndWritesTheIniFileOrChangesNothing) {
   ASSERT_TRUE(Crypt_File(d / "plain.txt", 0, d / "ZARVEK_XX.MSG"));
   EXPECT_EQ(Change_Language(s, "XX", error), LanguageChange::LoadFailed);
   EXPECT_EQ(error, "Error in reading " + (d / "ZARVEK_XX.MSG"));
-  // The next start still finds a language it can read.
+  // the next start still finds a language it can read
   EXPECT_EQ((Texts{d.Read("Zarvek.INI"), s.Language_Code, Msg(20)}), (Texts{"LANGUAGE=UK\n", "UK", "Fixed"}));
 }
 
-// Each window's table of targets has exactly one target per line of its
-// section, so that no caption goes to the wrong control.
+// Each window's table of targets has one target per line of its section: no caption to the wrong control.
 TEST(FormTargets, OneTargetPerLineOfTheSection) {
   for (const char* w : {"FRM_OPTIONS", "FRM_SECTION", "FRM_HELP", "FRM_PROPERTIES", "FRM_ABOUT"}) {
     const int section = Section_Of_Window(w);
@@ -163,5 +154,3 @@ TEST(FormTargets, OneTargetPerLineOfTheSection) {
   }
   EXPECT_TRUE(Form_Targets("MINICALCULETTE").empty());
 }
-
-}  // namespace

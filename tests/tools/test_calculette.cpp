@@ -6,8 +6,6 @@
 
 using namespace zarvek;
 
-namespace {
-
 TEST(Calculette, Arithmetic) {
   Dec_Sep = '.';
   using S = Calc_Outcome;
@@ -40,10 +38,8 @@ TEST(Calculette, KeysInTheOperands) {
   // passes or the operation selected
   const struct { const char* text; int caret, key; Calc_Field field; A::Action action; int keyOut; } cases[] = {
       {"", 0, 'e', X, A::Pass, 'E'}, {"1", 1, 'x', X, A::Drop, 'X'},
-      {"", 0, '+', X, A::Pass, '+'},    // a sign
-      {"1E", 2, '+', X, A::Pass, '+'},  // the exponent's sign
-      {"12", 2, '+', X, A::Select_Op, Calc_Add},
-      {"12", 0, '-', X, A::Pass, '-'},  // before the first character
+      {"", 0, '+', X, A::Pass, '+'}, {"1E", 2, '+', X, A::Pass, '+'},  // a sign; the exponent's sign
+      {"12", 2, '+', X, A::Select_Op, Calc_Add}, {"12", 0, '-', X, A::Pass, '-'},  // the latter at the start
       {"12", 1, '-', X, A::Select_Op, Calc_Subtract},
       {"3", 1, '^', X, A::Select_Op, Calc_Power},     {"", 0, '^', X, A::Drop, '^'},
       {"3", 1, '.', X, A::Pass, ','},  {"3", 1, 8, X, A::Pass, 8},  {"3", 1, '=', Y, A::Equals, '='},
@@ -57,5 +53,3 @@ TEST(Calculette, KeysInTheOperands) {
   EXPECT_EQ(Calc_DecimalKey("") + "|" + Calc_DecimalKey("4"), "0,|,");
   Dec_Sep = '.';
 }
-
-}  // namespace

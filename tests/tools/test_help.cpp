@@ -1,5 +1,4 @@
-// Help topics of the contexts, the fallback to English, and the search for
-// the desktop's system information tool.
+// Help topics of the contexts, the fallback to English, the desktop's system information tool.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -9,17 +8,7 @@
 #include "tools/SysInfo.h"
 
 using namespace zarvek;
-namespace fs = std::filesystem;
-
-namespace {
-
-struct TempDir : foundation_test::Scratch {
-  std::string app() const { return path + "/"; }
-  void touch(const std::string& rel, bool exec = false) const {
-    Write(rel, "x");
-    if (exec) fs::permissions(*this / rel, fs::perms::owner_all);
-  }
-};
+using namespace foundation_test;
 
 TEST(Help, EveryContextLeadsToAPageOfTheSet) {
   // unknown contexts fall back to the index rather than to a missing page
@@ -29,24 +18,23 @@ TEST(Help, EveryContextLeadsToAPageOfTheSet) {
 }
 
 TEST(Help, PagesOfTheLanguageThenEnglish) {
-  TempDir d;
+  Scratch d;
   for (const char* f : {"UK/index.html", "UK/restraints.html", "UK/loads.html", "FR/index.html", "FR/restraints.html"})
-    d.touch(std::string("help/") + f);
-  EXPECT_EQ(Help_PagePath(d.app(), "FR", 210), d.app() + "help/FR/restraints.html");
-  EXPECT_EQ(Help_PagePath(d.app(), "FR", 250), d.app() + "help/UK/loads.html");
-  EXPECT_EQ(Help_PagePath(d.app(), "UK", 340), "");
+    d.Write(std::string("help/") + f, "x");
+  const std::string app = d.path + "/";
+  EXPECT_EQ(Help_PagePath(app, "FR", 210), app + "help/FR/restraints.html");
+  EXPECT_EQ(Help_PagePath(app, "FR", 250), app + "help/UK/loads.html");
+  EXPECT_EQ(Help_PagePath(app, "UK", 340), "");
 }
 
 TEST(SysInfo, FirstDesktopToolInThePath) {
-  TempDir d;
+  Scratch d;
   SysInfoTool tool;
   EXPECT_FALSE(Find_SysInfoTool(d.path, tool) || Find_SysInfoTool("", tool));
-  d.touch("a/hardinfo", true);
-  d.touch("b/gnome-control-center", true);
-  d.touch("b/kinfocenter");  // not executable: passed over
+  for (const char* f : {"a/hardinfo", "b/gnome-control-center"})
+    fs::permissions(d.Write(f, "x"), fs::perms::owner_all);
+  d.Write("b/kinfocenter", "x");  // not executable: passed over
   ASSERT_TRUE(Find_SysInfoTool((d / "a") + ":" + (d / "b"), tool));
   EXPECT_EQ(tool.program, d / "b/gnome-control-center");
   EXPECT_EQ(tool.args, std::vector<std::string>{"info-overview"});
 }
-
-}  // namespace

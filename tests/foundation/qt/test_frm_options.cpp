@@ -1,5 +1,4 @@
-// The options window: backup and Cancel, OK and the unit conversion of the
-// record, the live change of language, the hidden method, the frame.
+// The options window: Cancel and its backup, OK and unit conversion, the live language change, the frame.
 #include <QtTest>
 #include <QtWidgets>
 
@@ -13,23 +12,20 @@
 using namespace zarvek;
 using F = UnitFamily;
 
-namespace {
-
 // Everything of the record that a change of units or options may touch.
-std::vector<std::string> Shown_Texts(const BeamModel& m) {
-  return {m.Txt_L,   m.Txt_E,     m.Txt_G,  m.Txt_Iz[1], m.Txt_It[3],  m.Txt_Iw[1],      m.Txt_h,
-          m.Txt_bf1, m.Txt_zend1, m.Txt_M1, m.Txt_M2,    m.Txt_F1,     m.Txt_q11,        m.Txt_CC,
-          m.Txt_zF1, m.Lst_v1.text, m.Lst_t1.text, m.Lst_vi_c.text, m.Lbl_Method, m.Lbl_Tolerance,
-          m.Lbl_Directory};
+static std::vector<std::string> Shown_Texts(const BeamModel& m) {
+  return {m.Txt_L, m.Txt_E, m.Txt_G, m.Txt_Iz[1], m.Txt_It[3], m.Txt_Iw[1], m.Txt_h, m.Txt_bf1, m.Txt_zend1,
+          m.Txt_M1, m.Txt_M2, m.Txt_F1, m.Txt_q11, m.Txt_CC, m.Txt_zF1, m.Lst_v1.text, m.Lst_t1.text,
+          m.Lst_vi_c.text, m.Lbl_Method, m.Lbl_Tolerance, m.Lbl_Directory};
 }
 
-std::vector<float> Factors(const BeamModel& m) {
+static std::vector<float> Factors(const BeamModel& m) {
   std::vector<float> f;
   for (UnitFamily u : All_Unit_Families) f.push_back(Factor_Of(m, u));
   return f;
 }
 
-QComboBox* List(Frm_Options& w, UnitFamily f) { return w.Lst_Unit[int(f)]; }
+static QComboBox* List(Frm_Options& w, UnitFamily f) { return w.Lst_Unit[int(f)]; }
 
 // A start directory and the default beam on it.
 struct Start_Model {
@@ -39,30 +35,21 @@ struct Start_Model {
 };
 
 // Opens the window as the main window does and waits until it is shown.
-bool Open(Frm_Options& w) {
-  w.Prepare();
-  w.show();
-  return QTest::qWaitForWindowExposed(&w);
-}
+static bool Open(Frm_Options& w) { return w.Prepare(), w.show(), QTest::qWaitForWindowExposed(&w); }
 
 // Selects the language whose item starts with the code; its index.
-int Pick_Language(Frm_Options& w, const char* code) {
-  const int at = w.Lst_Language->findText(code, Qt::MatchStartsWith);
-  w.Lst_Language->setCurrentIndex(at);
-  return at;
+static int Pick_Language(Frm_Options& w, const char* code) {
+  w.Lst_Language->setCurrentIndex(w.Lst_Language->findText(code, Qt::MatchStartsWith));
+  return w.Lst_Language->currentIndex();
 }
-
-}  // namespace
 
 class TestFrmOptions : public QObject {
   Q_OBJECT
 
  private slots:
-  // Cancel after changes restores the record and the controls; opened
-  // again, OK without a change leaves every field and says nothing.
+  // Cancel after changes restores record and controls; opened again, OK without a change keeps all, silently.
   void cancelRestoresAndOkWithoutChangeKeeps() {
-    Start_Model sm;
-    auto& [start, m] = sm;
+    auto [start, m] = Start_Model();
     m.Txt_L = "7.25";
     m.Lst_v2 = RestraintList{-1, "350", true};
     const auto texts = Shown_Texts(m);
@@ -72,18 +59,15 @@ class TestFrmOptions : public QObject {
 
     Frm_Options w(m, start.state);
     w.Prepare();
-    QCOMPARE(List(w, F::L)->currentText(), QString("m"));
-    List(w, F::L)->setCurrentIndex(0);  // mm
-    List(w, F::M)->setCurrentIndex(0);  // daN.cm
+    List(w, F::L)->setCurrentIndex(0), List(w, F::M)->setCurrentIndex(0);  // mm, daN.cm
     List(w, F::v)->setCurrentIndex(2);  // daN/m
-    w.Lst_Tolerance->setCurrentIndex(5);
-    w.Lst_Duration->setCurrentIndex(6);
+    w.Lst_Tolerance->setCurrentIndex(5), w.Lst_Duration->setCurrentIndex(6);
     QSignalSpy lang(&w, &Frm_Options::languageChanged), units_spy(&w, &Frm_Options::unitsChanged),
         method(&w, &Frm_Options::methodChanged);
     w.Cmd_CancelOptions->click();
     QCOMPARE(w.result(), int(QDialog::Rejected));
     QVERIFY(Shown_Texts(m) == texts && Factors(m) == factors && Unit_Indices(m) == units);
-    // The controls show the backup again.
+    // the controls show the backup again
     QCOMPARE(QStringList({List(w, F::L)->currentText(), List(w, F::M)->currentText()}),
              QStringList({"m", "kN.m"}));
     QCOMPARE(QList({w.Lst_Tolerance->currentIndex(), w.Lst_Duration->currentIndex()}), QList({2, 2}));
@@ -104,19 +88,17 @@ class TestFrmOptions : public QObject {
     QCOMPARE(start.Read("Zarvek.INI"), ini);
   }
 
-  // Each unit list reaches its family: a change rewrites the shown numbers of that family (the
-  // conversions of every unit are the core's): 10 m = 10000 mm; 100 kN.m = 10000 daN.m;
-  // 210000 MPa = 21000 daN/mm2 (1 daN/mm2 = 10 MPa); 30 cm = 300 mm; -10 kN = -1000 daN.
+  // Each unit list rewrites the shown numbers of its family (every unit's factor is the core's): 10 m =
+  // 10000 mm; 100 kN.m = 10000 daN.m; 210000 MPa = 21000 daN/mm2; 30 cm = 300 mm; -10 kN = -1000 daN.
   void okConvertsShownValues() {
     const struct { F f; int index; std::string BeamModel::*field; const char* before; double after; } cases[] = {
         {F::L, 0, &BeamModel::Txt_L, "10", 10000},     {F::M, 1, &BeamModel::Txt_M1, "-100", -10000},
         {F::EG, 1, &BeamModel::Txt_E, "210000", 21000}, {F::Dim, 0, &BeamModel::Txt_h, "30", 300},
         {F::F, 0, &BeamModel::Txt_F1, "-10", -1000}};
     for (const auto& c : cases) {
-      Start_Model sm;
-      BeamModel& m = sm.m;
+      auto [start, m] = Start_Model();
       m.*c.field = c.before;
-      Frm_Options w(m, sm.start.state);
+      Frm_Options w(m, start.state);
       w.Prepare();
       const UnitIndices old = Unit_Indices(m);
       QSignalSpy units(&w, &Frm_Options::unitsChanged);
@@ -129,18 +111,15 @@ class TestFrmOptions : public QObject {
     }
   }
 
-  // The frame's close is refused, Escape is Cancel; opened again, the
-  // method stays hidden until a Ctrl-click.
+  // The frame's close is refused, Escape is Cancel; opened again, the method stays hidden until a Ctrl-click.
   void frameKeysAndTheMethodHiddenUntilCtrlClick() {
-    Start_Model sm;
-    auto& [start, m] = sm;
+    auto [start, m] = Start_Model();
     Frm_Options w(m, start.state);
     QVERIFY(Open(w));
     QVERIFY(!w.close() && w.isVisible());
     List(w, F::F)->setCurrentIndex(0);
     QTest::keyClick(&w, Qt::Key_Escape);
-    QVERIFY(!w.isVisible());
-    QCOMPARE(List(w, F::F)->currentIndex(), 1);
+    QVERIFY(!w.isVisible() && List(w, F::F)->currentIndex() == 1);
 
     QVERIFY(Open(w));
     w.Tab_Options->setCurrentIndex(1);
@@ -150,22 +129,16 @@ class TestFrmOptions : public QObject {
     QTest::mouseClick(w.Img_Hide, Qt::LeftButton, Qt::ControlModifier);
     QVERIFY(!w.Img_Hide->isVisible() && w.Opt_Eigen->isVisible());
     QSignalSpy method(&w, &Frm_Options::methodChanged);
-    w.Opt_Eigen->click();
-    w.Cmd_OKOptions->click();
-    QCOMPARE(method.count(), 1);
-    QVERIFY(m.Opt_Eigen && !m.Opt_Dichotomie);
-    QCOMPARE(Method_Of(m), 1);
+    w.Opt_Eigen->click(), w.Cmd_OKOptions->click();
+    QVERIFY(method.count() == 1 && m.Opt_Eigen && !m.Opt_Dichotomie && Method_Of(m) == 1);
   }
 
   // OK on another language retranslates the open windows of the program and the toolkit's own buttons,
-  // there and back; a language file gone by then ends the program with its message. What the
-  // change writes and reloads, and that a failed change leaves all as it was, is proved without windows.
+  // there and back; a language file gone by then ends the program with its message.
   void languageSwitchRetranslatesWindowsAndDialogs() {
-    Start_Model sm;
-    auto& [start, m] = sm;
+    auto [start, m] = Start_Model();
     Frm_Section catalogue(m, start.state.File_Section);
-    catalogue.Form_Load();
-    catalogue.show();
+    catalogue.Form_Load(), catalogue.show();
     QCOMPARE(catalogue.windowTitle(), QString("Section catalogue"));
     Frm_Options w(m, start.state);
     QString title, text;

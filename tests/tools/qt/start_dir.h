@@ -1,6 +1,5 @@
-// A private start directory for window tests: a copy of the files the program reads at start (language
-// files, Zarvek.INI, SECTION.DB, the help pages), so that a test may rewrite Zarvek.INI or spoil the
-// catalogue without touching build/bin. The language of Zarvek.INI is loaded.
+// A private start directory for window tests: a copy of the files read at start (language files, Zarvek.INI,
+// SECTION.DB, help pages) that a test may spoil without touching build/bin; the .INI's language is loaded.
 #pragma once
 
 #include <QtCore>
@@ -23,8 +22,7 @@ struct StartDir {
       QFile::copy(bin + "/" + f, file(f));
     for (QDirIterator it(bin + "/help", QDir::Files, QDirIterator::Subdirectories); it.hasNext();) {
       const QString src = it.next(), dst = file(QDir(bin).relativeFilePath(src));
-      QDir().mkpath(QFileInfo(dst).absolutePath());
-      QFile::copy(src, dst);
+      QDir().mkpath(QFileInfo(dst).absolutePath()), QFile::copy(src, dst);
     }
     QFile ini(file("Zarvek.INI"));
     ini.setPermissions(ini.permissions() | QFile::WriteOwner);
@@ -37,11 +35,9 @@ struct StartDir {
   // Start-up as the program does it: paths, .INI file, language.
   bool Load() {
     std::string error;
-    zarvek::Find_DecSep();
-    zarvek::Set_StartPaths(path(), state);
+    zarvek::Find_DecSep(), zarvek::Set_StartPaths(path(), state);
     if (!zarvek::Read_IniFile(state, error) || !zarvek::Load_Language(state, error)) return false;
-    zarvek::Set_InteractivePaths(state);
-    zarvek::Help_Attach(state);
+    zarvek::Set_InteractivePaths(state), zarvek::Help_Attach(state);
     return true;
   }
 

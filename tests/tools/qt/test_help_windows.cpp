@@ -1,5 +1,4 @@
-// Help in the loaded language at the topic of the page or dialog in front,
-// with links, back and forward; the picture window.
+// Help in the loaded language at the topic in front, with links, back and forward; the picture window.
 #include <QtTest>
 #include <QtWidgets>
 
@@ -11,22 +10,17 @@
 
 using namespace zarvek;
 
-namespace {
-
 // The page in the browser as language/file.
-QString Shown_Page() {
+static QString Shown_Page() {
   const QFileInfo f(Help_Browser() ? Help_Browser()->Current_File() : QString());
   return Help_Browser() ? f.dir().dirName() + "/" + f.fileName() : QString();
 }
-
-}  // namespace
 
 class TestHelpWindows : public QObject {
   Q_OBJECT
 
  private slots:
-  // The page of the context in the loaded language, its heading in the title (the page of every
-  // context and the fallbacks are the core's).
+  // The page of the context in the loaded language, its heading in the title (each context's page: core).
   void helpOpensAtTheTopicOfEachContext() {
     const std::tuple<const char*, int, QString, QString> cases[] = {
         {"UK", 210, "UK/restraints.html", "Restraints"}, {"FR", 250, "FR/loads.html", "Charges"}};
@@ -53,18 +47,16 @@ class TestHelpWindows : public QObject {
       QTest::mouseClick(button, Qt::LeftButton);
       QCOMPARE(Shown_Page(), QString(page));
     }
-    // Every page of the set is shipped in both languages, and every link of
-    // a page leads to a page of the set.
+    // Every page of the set is shipped in both languages, and every link leads to a page of the set.
     static const QRegularExpression href("href=\"([^\"]+)\"");
     for (const std::string& p : Help_Pages()) {
       QFile f(start.file("help/UK/" + QString::fromStdString(p)));
       QVERIFY(f.open(QIODevice::ReadOnly));
       QVERIFY(QFile::exists(start.file("help/FR/" + QString::fromStdString(p))));
       for (auto it = href.globalMatch(QString::fromUtf8(f.readAll())); it.hasNext();) {
-        const QString target = it.next().captured(1);
-        QVERIFY2(QFile::exists(start.file("help/UK/" + target)) &&
-                     QFile::exists(start.file("help/FR/" + target)),
-                 qPrintable(QString::fromStdString(p) + " -> " + target));
+        const QString t = it.next().captured(1);
+        QVERIFY2(QFile::exists(start.file("help/UK/" + t)) && QFile::exists(start.file("help/FR/" + t)),
+                 qPrintable(QString::fromStdString(p) + " -> " + t));
       }
     }
   }
@@ -91,8 +83,7 @@ class TestHelpWindows : public QObject {
     QVERIFY(unblocked);
 
     Frm_Options options(m, start.state);
-    options.Prepare();
-    options.show();
+    options.Prepare(), options.show();
     QVERIFY(QTest::qWaitForWindowExposed(&options));
     QApplication::setActiveWindow(&options);
     QTest::keyClick(&options, Qt::Key_F1);
@@ -103,8 +94,7 @@ class TestHelpWindows : public QObject {
   void helpPictureWindow() {
     zarvek_test::StartDir start("FR");
     QWidget main;
-    main.resize(900, 700);
-    main.show();
+    main.resize(900, 700), main.show();
     QVERIFY(!Affiche_HelpImage(Help_PictureCount + 1, &main));
     Frm_Help* w = Affiche_HelpImage(2, &main);
     QVERIFY(w && w->isVisible() && w->Picture_Index() == 2);
@@ -148,8 +138,7 @@ class TestHelpWindows : public QObject {
     const QImage s = Help_Picture(1, 1);
     QCOMPARE(s.pixelColor(165, 300 - 105), blue);
     QCOMPARE(s.pixelColor(165, 300 - 80), green);
-    // The four end freedoms, one quarter of the picture each, in the colours
-    // of their mode curves, and no red outside v'.
+    // The four end freedoms, a quarter of the picture each, in their mode curves' colours; no red but v'.
     const QImage e = Help_Picture(2, 1);
     const QColor hue[4] = {blue, black, red, green};
     for (int k = 0; k < 4; ++k) {

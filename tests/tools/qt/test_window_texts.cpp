@@ -15,14 +15,11 @@
 
 using namespace zarvek;
 
-namespace {
-
 // The text as shown: the hot-key mark is not.
-QString Plain(QString s) { return s.replace("&&", "\x01").remove('&').replace("\x01", "&").trimmed(); }
+static QString Plain(QString s) { return s.replace("&&", "\x01").remove('&').replace("\x01", "&").trimmed(); }
 
-// All lines of the loaded language, as shown; with `keyed`, the messages and
-// further texts of its language file too.
-std::set<QString> Language_Lines(const QString& keyed = {}) {
+// All lines of the loaded language, as shown; with `keyed`, the messages and further texts of its file too.
+static std::set<QString> Language_Lines(const QString& keyed = {}) {
   std::set<QString> lines;
   for (int i = 1; i <= Texts_Count(); ++i) lines.insert(Plain(Lang_Text(Text_Line(i))));
   QFile f(QString(ZARVEK_SOURCE_DIR) + "/data/lang/ZARVEK_" + keyed + ".txt");
@@ -34,17 +31,15 @@ std::set<QString> Language_Lines(const QString& keyed = {}) {
 }
 
 // A line of the language (or one with a name behind it), or a text that is the same in every language.
-bool Known(const QString& text, const std::set<QString>& lines) {
+static bool Known(const QString& text, const std::set<QString>& lines) {
   static const std::set<QString> neutral = {"OK", "\u2026", "cm", "cm2", "cm3", "cm4", "Zarvek"};
   const QString t = Plain(text);
-  if (t.isEmpty() || lines.count(t) || neutral.count(t) || Is_Numeric(t.toStdString())) return true;
-  for (const QString& l : lines)
-    if (!l.isEmpty() && t.startsWith(l + " ")) return true;
-  return false;
+  return t.isEmpty() || lines.count(t) || neutral.count(t) || Is_Numeric(t.toStdString()) ||
+         std::any_of(lines.begin(), lines.end(), [&](auto& l) { return t.startsWith(l + " "); });
 }
 
 // Checks one window as it is shown; `data` names the controls that show values rather than captions.
-void Check(QWidget* window, const QString& name, const std::set<QString>& data = {}) {
+static void Check(QWidget* window, const QString& name, const std::set<QString>& data = {}) {
   window->show();
   QVERIFY(QTest::qWaitForWindowExposed(window));
   QApplication::processEvents();
@@ -65,9 +60,7 @@ void Check(QWidget* window, const QString& name, const std::set<QString>& data =
       check(b, b->text(), b->sizeHint().width(), b->width());
     } else if (auto* g = qobject_cast<QGroupBox*>(w)) {
       QStyleOptionGroupBox opt;
-      opt.initFrom(g);
-      opt.text = g->title();
-      opt.subControls = QStyle::SC_GroupBoxLabel;
+      opt.initFrom(g), opt.text = g->title(), opt.subControls = QStyle::SC_GroupBoxLabel;
       const QRect r = g->style()->subControlRect(QStyle::CC_GroupBox, &opt, QStyle::SC_GroupBoxLabel, g);
       check(g, g->title(), fm.horizontalAdvance(Plain(g->title())), g->width() - r.left());
     } else if (auto* t = qobject_cast<QTabBar*>(w)) {
@@ -83,7 +76,7 @@ void Check(QWidget* window, const QString& name, const std::set<QString>& data =
 }
 
 // Every command of the menus and every tooltip of a window: from the language.
-void Check_Commands(QWidget* window, const QString& name, const std::set<QString>& lines) {
+static void Check_Commands(QWidget* window, const QString& name, const std::set<QString>& lines) {
   for (QMenu* menu : window->findChildren<QMenu*>())
     for (QAction* a : menu->actions())
       if (!a->isSeparator() && !a->menu())
@@ -93,16 +86,13 @@ void Check_Commands(QWidget* window, const QString& name, const std::set<QString
              qPrintable("untranslated tooltip: " + name + " " + w->objectName() + " \"" + w->toolTip() + "\""));
 }
 
-}  // namespace
-
 class TestWindowTexts : public QObject {
   Q_OBJECT
 
  private slots:
   void windows_data() {
     QTest::addColumn<QString>("language");
-    QTest::newRow("English") << "UK";
-    QTest::newRow("French") << "FR";
+    QTest::newRow("English") << "UK", QTest::newRow("French") << "FR";
   }
   void windows() {
     QFETCH(QString, language);
@@ -136,8 +126,7 @@ class TestWindowTexts : public QObject {
       Check(w, QString("picture_%1_%2").arg(i).arg(lang));
       w->hide();
     }
-    // the commands that came after the numbered sections: report, mode table,
-    // help browser (refreshed as the options window does after a change of language)
+    // commands after the numbered sections: report, mode table, help browser (refreshed as after a switch)
     const std::set<QString> lines = Language_Lines(language);
     Frm_HelpBrowser* b = Show_Help(Help_Loads);
     QVERIFY(b);

@@ -6,47 +6,41 @@
 #include "analysis/Proceed.h"
 #include "diagrams/Recorder.h"
 #include "diagrams/qt/QtSurface.h"
+#include "foundation/scratch_dir.h"
 #include "foundation/Language.h"
 #include "view3d/qt/Frm_EigenVector3D.h"
 #include "view3d/qt/TriD_Picture.h"
 
 using namespace zarvek;
 
-namespace {
-
 constexpr float Step = 3.14159265f / 120;  // one step of a rotation bar
 
 // A file of the test's own folder, removed at the end.
-std::string Scratch(const std::string& name) {
+static std::string Scratch(const std::string& name) {
   static QTemporaryDir dir;
   return dir.filePath(QString::fromStdString(name)).toStdString();
 }
 
-bool Near(double a, double b, double tol) { return std::fabs(a - b) < tol; }
+static bool Near(double a, double b, double tol) { return std::fabs(a - b) < tol; }
 
 // IPE 300, 10 m in 100 elements, fork supports, uniform moment.
-BeamModel Fork_Beam() {
-  BeamModel m;
-  Init_Default(m, "/tmp");
-  return m;
-}
+static BeamModel Fork_Beam() { BeamModel m; Init_Default(m, "/tmp"); return m; }
 
-// The same section 4 m long, clamped at end 1 and free at end 2, in plane
-// and out of plane, under a uniform moment.
-BeamModel Cantilever() {
+// The same section 4 m long, clamped at end 1 and free at end 2 in and out of plane, uniform moment.
+static BeamModel Cantilever() {
   BeamModel m = Fork_Beam();
   m.Txt_L = "4", m.Lst_vp1 = m.Lst_tp1 = Restraint_Item(1), m.Lst_v2 = m.Lst_t2 = Restraint_Item(0);
   m.Opt_AA = false, m.Opt_EL = true, m.Txt_M1 = m.Txt_M2 = "100";
   return m;
 }
 
-bool Solve(BeamModel& m, const std::string& name) {
+static bool Solve(BeamModel& m, const std::string& name) {
   SolveControl ctl;
   return Proceed(m, Scratch(name), ctl).Solve_Status == 0 && m.Mode_Max > 0;
 }
 
 // Number and centre of the pixels of a colour (0xBBGGRR).
-std::pair<int, QPointF> Pixels_Of(const QImage& img, Colour c) {
+static std::pair<int, QPointF> Pixels_Of(const QImage& img, Colour c) {
   const QRgb want = To_QColor(c).rgb();
   const QImage im = img.convertToFormat(QImage::Format_RGB32);
   double sx = 0, sy = 0, n = 0;
@@ -56,13 +50,10 @@ std::pair<int, QPointF> Pixels_Of(const QImage& img, Colour c) {
   return {int(n), n ? QPointF(sx / n, sy / n) : QPointF(-1, -1)};
 }
 
-bool Shown(QWidget& w) {
-  w.show();
-  return QTest::qWaitForWindowExposed(&w);
-}
+static bool Shown(QWidget& w) { return w.show(), QTest::qWaitForWindowExposed(&w); }
 
 // A drag on the picture: press, then moves in steps (the caller releases).
-void Drag(QWidget* w, Qt::MouseButton b, QPoint from, QPoint by, int steps) {
+static void Drag(QWidget* w, Qt::MouseButton b, QPoint from, QPoint by, int steps) {
   QTest::mousePress(w, b, {}, from);
   for (int k = 1; k <= steps; ++k) {
     const QPointF p = from + QPointF(by) * k / steps;
@@ -71,18 +62,14 @@ void Drag(QWidget* w, Qt::MouseButton b, QPoint from, QPoint by, int steps) {
   }
 }
 
-}  // namespace
-
 class Test_Frm_EigenVector3D : public QObject {
   Q_OBJECT
  private slots:
   void initTestCase() {
-    QVERIFY(Solve(fork_, "FORK.ZVK"));
-    QVERIFY(Solve(cant_, "CANT.ZVK"));
+    QVERIFY(Solve(fork_, "FORK.ZVK") && Solve(cant_, "CANT.ZVK"));
   }
 
-  // Each bar steps once by direction, however far it goes; a resize keeps
-  // the turn and the zoom, not the pan.
+  // Each bar steps once by direction, however far it goes; a resize keeps the turn and the zoom, not the pan.
   void barsActByDirectionOneStepEachAndResize() {
     Frm_EigenVector3D frm(fork_);
     QVERIFY(Shown(frm));
@@ -122,17 +109,15 @@ class Test_Frm_EigenVector3D : public QObject {
     QVERIFY(t.RapDep == 0 && Near(t.Angle[3], -30 * Step, 1e-5));
   }
 
-  // The drag laws and the zones are the core's; here the mouse of the window reaches them, in the
-  // pixels of the picture.
+  // The drag laws and zones are the core's; here the window's mouse reaches them, in the picture's pixels.
   void dragsTurnAndPan() {
     Frm_EigenVector3D frm(fork_);
     QVERIFY(Shown(frm));
     SurfaceWidget* plot = frm.Img_Plot3D();
     TriD_Scene& t = frm.Scene();
     const QPoint c(plot->width() / 2, plot->height() / 2);
-    // Middle band, 360 pixels up: about X by -0.1 x 2 pi x 360/height (the
-    // near side comes up with the mouse), with the upright loop image and
-    // a tenth of the sections while dragging.
+    // Middle band, 360 pixels up: about X by -0.1 x 2 pi x 360/height (the near side comes up with the
+    // mouse), with the upright loop image and a tenth of the sections while dragging.
     const float ax = t.Angle[1];
     const int allBlue = Pixels_Of(frm.Picture(), TriD_WebColour).first;
     Drag(plot, Qt::LeftButton, c + QPoint(0, 180), {0, -360}, 36);
@@ -173,8 +158,7 @@ class Test_Frm_EigenVector3D : public QObject {
     Recorder rec(7336, 2000, false);
     QVERIFY(!Cmd_Draw3D_Click(nullptr, none, rec, false));
     const auto texts = rec.Of(RecordedOp::Text);
-    QCOMPARE(texts.size(), std::size_t(1));
-    QCOMPARE(texts[0].text, std::string("No buckling mode yet"));
+    QVERIFY(texts.size() == 1 && texts[0].text == "No buckling mode yet");
     QVERIFY(!Cmd_Draw3D_Click(nullptr, fork_, rec, true));  // external mode: ignored
 
     // the picture file of the command line
@@ -187,11 +171,8 @@ class Test_Frm_EigenVector3D : public QObject {
     const QPointF red = Pixels_Of(img, TriD_AxisColour).second;
     QVERIFY(Near(red.x(), 400, 15) && Near(red.y(), 300, 15));
     QCOMPARE(TriD_WritePicture(cant_, clisvg, 1, error), TriD_PictureStatus::Written);
-    QFile f(QString::fromStdString(clisvg));
-    QVERIFY(f.open(QIODevice::ReadOnly));
-    const QByteArray doc = f.readAll();
-    // 101 stations: a web and two flanges each, 100 runs of six wires and a
-    // piece of axis; two end circles; the marks 1 and 2.
+    const QByteArray doc = QByteArray::fromStdString(foundation_test::Read_File(clisvg));
+    // 101 stations, a web and two flanges each; 100 runs of six wires and a piece of axis; 2 circles, 2 marks
     QCOMPARE(doc.count("<line"), qsizetype(101 * 3 + 100 * 7));
     QVERIFY(doc.count("<ellipse") == 2 && doc.contains(">1</text>") && doc.contains(">2</text>"));
     QCOMPARE(TriD_WritePicture(cant_, Scratch("cli.gif"), 1, error), TriD_PictureStatus::BadExtension);
@@ -199,8 +180,7 @@ class Test_Frm_EigenVector3D : public QObject {
     QCOMPARE(TriD_WritePicture(fork_, "/nonexistent-dir/x.png", 1, error), TriD_PictureStatus::WriteFailed);
   }
 
-  // The window's words and every tooltip come from the loaded language, and
-  // no tooltip is the name of a control. Last: it leaves French loaded.
+  // Words and tooltips from the loaded language, no tooltip a control's name. Last: it leaves French loaded.
   void textsAndTooltipsFollowTheLanguage() {
     auto shown = [this](const char* code) {  // tooltips by control, then two captions
       if (!Load_LanguageFile(std::string(ZARVEK_BIN_DIR) + "/ZARVEK_" + code + ".MSG", Scratch("LANG.TMP")))
