@@ -1,5 +1,4 @@
-// The scheme of the beam and its loads: arrows, strips, supports and
-// restraint crosses, at the design size of 7335 x 1365 twips.
+// The scheme of the beam and its loads: arrows, strips, supports and restraint crosses, at 7335 x 1365 twips.
 #include <gtest/gtest.h>
 
 #include "diagram_support.h"
@@ -12,8 +11,7 @@ constexpr double W = 7335, H = 1365;
 constexpr double xL = 0.05 * W, xR = 0.95 * W, yc = H / 2, Len = xR - xL, g = 0.05 * H;
 constexpr Colour Red = 0x0000C0, Blue = 0xC00000, Grey = 0x808080, Black = 0x000000;
 
-// The scheme of a beam without its default end moments: pinned ends, lateral
-// displacement and twist held, and only the loads the test puts on it.
+// A beam without its default end moments: pinned ends, v and twist held, only the loads the test puts on.
 Recorder Scheme(BeamModel m = {}) {
   m.Chk_M = false;
   Recorder r(W, H);

@@ -1,5 +1,4 @@
-// The buckling mode diagram: four curves each on its own scale, the
-// restraint circles on v and the v scale that reaches them, the read-out.
+// The mode diagram: four curves on their own scales, the restraint circles on v and its scale, the read-out.
 #include <gtest/gtest.h>
 
 #include "diagram_support.h"
@@ -11,9 +10,8 @@ namespace {
 constexpr double W = 7335, H = 2775, m = 0.05;
 constexpr Colour cv = 0xC00000, ct = 0x000000, cvp = 0x0000FF, ctp = 0x008000;
 
-// The first lateral-torsional mode of a beam with fork supports, 10
-// elements: v = sin(pi x/L), theta = -0.02 sin(pi x/L) and their slopes
-// (L = 1000 cm), v normalised to 1; drawn from a problem file.
+// The first lateral-torsional mode of a beam with fork supports, 10 elements: v = sin(pi x/L), theta = -0.02
+// sin(pi x/L) and their slopes (L = 1000 cm), v normalised to 1; drawn from a problem file.
 struct Fork_Mode {
   BeamModel b;
   zarvek::DiagramState st;
@@ -40,8 +38,7 @@ void Expect_Range(const Recorder& r, Colour c, double lo, double hi, double tol 
 
 TEST(ModeDiagram, EachCurveOnItsOwnScaleTouchesTheFrame) {
   const Recorder r = Fork_Mode().r;
-  // v positive: down to the bottom line at mid-span; theta negative: up to
-  // the top line; the slopes reach both lines at the ends
+  // v > 0: down to the bottom line at mid-span; theta < 0: up to the top; the slopes reach both at the ends
   Expect_Range(r, cv, H / 2, 0.95 * H), Expect_Range(r, ct, 0.05 * H, H / 2);
   Expect_Range(r, cvp, 0.05 * H, 0.95 * H), Expect_Range(r, ctp, 0.05 * H, 0.95 * H);
   const auto v = r.Of(RecordedOp::Line, cv);
@@ -51,9 +48,8 @@ TEST(ModeDiagram, EachCurveOnItsOwnScaleTouchesTheFrame) {
 }
 
 TEST(ModeDiagram, RestraintAboveTheShearCentreWidensTheScaleOfV) {
-  // A lateral restraint 15 cm above the shear centre at mid-span (node 6):
-  // there the flange moves by d = v - z theta = 1 + 15 x 0.02 = 1.3, more
-  // than the axis; the v scale takes 1.3.
+  // A lateral restraint 15 cm above the shear centre at mid-span (node 6): there the flange moves by d = v -
+  // z theta = 1 + 15 x 0.02 = 1.3, more than the axis; the v scale takes 1.3.
   const Recorder r = Fork_Mode(15).r;
   const auto circles = r.Of(RecordedOp::Arc);
   ASSERT_EQ(circles.size(), 1u);  // on v only

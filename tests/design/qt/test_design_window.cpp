@@ -1,6 +1,5 @@
-// The design check in the main window: its inputs on the beam page, its
-// frame on the results page after Proceed, cleared by a change of grade,
-// in English and in French.
+// The design check in the main window: its inputs on the beam page, its frame on the results page after
+// Proceed, cleared by a change of grade, in English and in French.
 #include <QtTest>
 #include <QtWidgets>
 #include <memory>
@@ -20,8 +19,7 @@ class Test_Design_Window : public QObject {
   }
 
  private slots:
-  // Example 1 (IPE 300, S235, 6 m, 10 kN/m): chiLT,mod 0.589 and the class,
-  // as the hand calculation of tests/design gives them.
+  // Example 1 (IPE 300, S235, 6 m, 10 kN/m): chiLT,mod 0.589 and kc as tests/design work them out by hand.
   void proceedShowsTheCheck_data() {
     QTest::addColumn<QString>("code");
     QTest::addColumn<QString>("verdict");

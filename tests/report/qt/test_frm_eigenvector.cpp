@@ -1,5 +1,4 @@
-// The table of the buckling mode: formats, the tinted normalising value, the
-// column of x, copy of a block and the CSV file.
+// The table of the buckling mode: formats, the tinted normalising value, x, copy of a block, the CSV file.
 #include <QtTest>
 #include <QtWidgets>
 
@@ -10,8 +9,7 @@ using namespace zarvek;
 
 namespace {
 
-// A mode of three nodes on 10 m, v theta v' theta' each (index 0 unused):
-// node 2 holds the normalising -1 (theta); 1e-21 at node 3 shows as 0.
+// Three nodes on 10 m, v theta v' theta' each (index 0 unused): node 2 holds the normalising -1 (theta).
 BeamModel Sample() {
   BeamModel m;
   m.Txt_L = "10";  // m
@@ -38,8 +36,7 @@ class Test_Frm_EigenVector : public QObject {
       QCOMPARE(Frm_EigenVector::Mode_Text(c.value), std::string(c.text));
       QCOMPARE(Frm_EigenVector::Mode_Tinted(c.value), c.tinted);
     }
-    // n nodes equally spaced on L: node i at (i - 1) L / (n - 1), plus a
-    // thousandth that settles exact halves upward
+    // node i of n at (i - 1) L / (n - 1), plus a thousandth that settles exact halves upward
     QCOMPARE(Frm_EigenVector::X_Text(2, 3, 0.5), std::string("0.3"));  // 0.25
     QCOMPARE(Frm_EigenVector::X_Text(2, 5, 0.3), std::string("0.1"));  // 0.075
     const char keep = Dec_Sep;
@@ -80,9 +77,9 @@ class Test_Frm_EigenVector : public QObject {
     QVERIFY(!w.Save_Csv(dir.filePath("no/such/dir/mode.csv")));
   }
 
-  // Copy is offered while the grid has the focus; a block goes with a tab between cells and CR LF after
-  // rows, by Ctrl+C and by Edit > Copy opened with the mouse: the menu opening doesn't take the grid's
-  // block away nor grey the command. Nothing selected: the clipboard stays.
+  // Copy is offered while the grid has the focus; a block goes with a tab between cells and CR LF after rows,
+  // by Ctrl+C and by Edit > Copy opened with the mouse: the menu opening doesn't take the grid's block away
+  // nor grey the command. Nothing selected: the clipboard stays.
   void copyOfABlock() {
     const BeamModel m = Sample();
     Frm_EigenVector w(m);
