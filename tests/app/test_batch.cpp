@@ -90,7 +90,7 @@ TEST(BatchRun, EachStartFailureStopsWithItsTextOnStandardError) {
   EXPECT_FALSE(fs::exists(d / "Zarvek.TMP"));
 }
 
-TEST(SingleInstance, ASecondInstanceInTheSameDirectoryEndsSilently) {
+TEST(SingleInstance, ASecondInstanceEndsSilentlyTwoDirectoriesRunSideBySide) {
   StartDir a;
   Write_All(a / "Zarvek.TMP", "result of the running instance");
   // the lock held as a running instance holds it
@@ -100,11 +100,9 @@ TEST(SingleInstance, ASecondInstanceInTheSameDirectoryEndsSilently) {
   ::close(fd);
   EXPECT_EQ(r.exit_code, 3); EXPECT_EQ(r.out + r.err, "");
   EXPECT_EQ(Read_All(a / "Zarvek.TMP"), "result of the running instance");  // not touched
-}
 
-TEST(SingleInstance, TwoDirectoriesRunSideBySideEachInItsLanguage) {
-  StartDir a, b;
-  // blanks and a lower-case code: the French texts
+  // two directories side by side, each in its language (blanks and a lower-case code: the French texts)
+  StartDir b;
   Write_All(b / "Zarvek.INI", "; language of the texts\n   LANGUAGE=  fr  \n");
   Child first(a.path, {a / "EXAMPLE.ZVK"}), second(b.path, {b / "EXAMPLE.ZVK"});
   RunResult ra = first.Wait(), rb = second.Wait();

@@ -34,7 +34,7 @@ TEST(Cli, CommandLineAndFilesThatAreNotProjects) {
   for (const auto& [file, says] : cases) Expect_Cli({"solve", file}, 2, says);
 }
 
-TEST(Cli, ProjectAndProblemFileGiveTheClosedForm) {
+TEST(Cli, ProjectProblemFileAndAnyFileNameInTextAndJson) {
   TempDir files;
   const std::string dat = Save(files, "BEAM.DAT");
   const auto lines = Lines_Of(Expect_Cli({"solve", dat}, 0).out);  // mucr, Mcr, Mmax, x/L, message
@@ -53,6 +53,13 @@ TEST(Cli, ProjectAndProblemFileGiveTheClosedForm) {
   RunResult z = Expect_Cli({"solve", Example_ZVK, "--json"}, 0, "", "\"mode\":[[");
   EXPECT_TRUE(Json_Value(z.out, "Mmax") == 1e6 && Json_Value(z.out, "method") == 2) << z.out;
   EXPECT_NEAR(Json_Value(z.out, "Mcr") / Mcr_Example(), 1.0, 1e-3);
+
+  // any file name gives valid JSON
+  const std::string latin1 = files / "caf\xe9 \"1\".ZVK", utf8 = files / "caf\xc3\xa9.ZVK";  // Latin-1 e acute, quotes
+  for (const auto& f : {latin1, utf8}) fs::copy_file(Example_ZVK, f);
+  RunResult a = Expect_Cli({"solve", latin1, "--json"}, 0, "", "caf\\u00e9 \\\"1\\\".ZVK\"");
+  for (unsigned char c : a.out) EXPECT_LT(c, 0x80) << a.out;
+  Expect_Cli({"solve", utf8, "--json"}, 0, "", "caf\xc3\xa9.ZVK\"");  // well-formed UTF-8 passes
 }
 
 TEST(Cli, InvalidDataIsExit2AndNamed) {
@@ -135,16 +142,7 @@ TEST(Cli, NoUsableResultIsExit3) {
                   "\"status\":3"));
 }
 
-TEST(Cli, AnyFileNameGivesValidJson) {
-  TempDir files;
-  const std::string latin1 = files / "caf\xe9 \"1\".ZVK", utf8 = files / "caf\xc3\xa9.ZVK";  // Latin-1 e acute, quotes
-  for (const auto& f : {latin1, utf8}) fs::copy_file(Example_ZVK, f);
-  RunResult a = Expect_Cli({"solve", latin1, "--json"}, 0, "", "caf\\u00e9 \\\"1\\\".ZVK\"");
-  for (unsigned char c : a.out) EXPECT_LT(c, 0x80) << a.out;
-  Expect_Cli({"solve", utf8, "--json"}, 0, "", "caf\xc3\xa9.ZVK\"");  // well-formed UTF-8 passes
-}
-
-TEST(Cli, SectionCatalogueInAnyCaseWithNearestNames) {
+TEST(Cli, SectionCatalogueInAnyCaseNearestNamesAndBadCatalogue) {
   EXPECT_TRUE(Has("\n" + Expect_Cli({"sections"}, 0).out, "\nIPE 300\n"));  // one name a line
   for (Args a : std::vector<Args>{{"IPE 300"}, {"ipe 300"}, {"IPE300"}, {"ipe", "300"}, {" Ipe  300 "}}) {
     a.insert(a.begin(), "section");
@@ -152,9 +150,7 @@ TEST(Cli, SectionCatalogueInAnyCaseWithNearestNames) {
     EXPECT_TRUE(r.out.rfind("IPE 300\n", 0) == 0 && Has(r.out, "603.78") && Has(r.out, "19.868")) << r.out;
   }
   Expect_Cli({"section", "IPE 305"}, 2, "nearest: IPE 300");
-}
-
-TEST(Cli, AnEmptyOrUnreadableCatalogueIsAnError) {
+  // an empty or unreadable catalogue is an error
   TempDir inst;  // an installation of its own: the program and its catalogue
   const std::string program = inst / "zarvek-cli";
   fs::copy_file(std::string(ZARVEK_BIN_DIR) + "/zarvek-cli", program);
@@ -202,7 +198,7 @@ std::pair<std::uint32_t, std::uint32_t> Png_Size(const std::string& file) {
   return {be(16), be(20)};
 }
 
-TEST(CliDraw, EachDiagramAtItsDesignSize) {
+TEST(CliDraw, DesignSizesProblemFileAndRefusals) {
   TempDir files;
   const std::string dat = Save(files, "BEAM.DAT");
   // twips at 15 a pixel: 7335 x 1365, 3705 x 3795, 7335 x 1755, 7335 x 2775
@@ -217,17 +213,14 @@ TEST(CliDraw, EachDiagramAtItsDesignSize) {
   Expect_Cli({"draw", dat, "--what", "mode", "-o", files / "mode.svg"}, 0);
   const std::string svg = Read_All(files / "mode.svg");
   EXPECT_TRUE(Has(svg, "width=\"489\" height=\"185\"") && Has(svg, "stroke=\"#0000c0\"")) << svg.substr(0, 300);
-}
 
-TEST(CliDraw, ProblemFileAndRefusals) {
-  TempDir files;
+  // a problem file: its force and mode diagrams
   const std::string zvk = files / "BEAM.ZVK", png = files / "x.png";
   zarvek::Write_ProblemFile(zvk, zarvek::Fork_Beam_Uniform_Load(100, 1000.0, 10.0, 0.0), zarvek::ProblemLabels::Proceed);
   for (const char* what : {"forces", "mode"}) Expect_Cli({"draw", zvk, "--what", what, "-o", files / "p.svg"}, 0);
   // a problem file has no loads scheme nor section
   Expect_Cli({"draw", zvk, "--what", "section", "-o", png}, 1);
 
-  const std::string dat = Save(files, "BEAM.DAT");
   for (const Args& args : std::vector<Args>{{"draw", dat, "--what", "pies", "-o", png},
                                             {"draw", dat, "--what", "loads", "-o", files / "x.bmp"},
                                             {"draw", dat, "--what", "loads"},

@@ -36,8 +36,9 @@ void Expect_Range(const Recorder& r, Colour c, double lo, double hi, double tol 
 
 }  // namespace
 
-TEST(ModeDiagram, EachCurveOnItsOwnScaleTouchesTheFrame) {
-  const Recorder r = Fork_Mode().r;
+TEST(ModeDiagram, EachCurveOnItsOwnScaleTouchesTheFrameAndReadsOut) {
+  Fork_Mode f;
+  const Recorder& r = f.r;
   // v > 0: down to the bottom line at mid-span; theta < 0: up to the top; the slopes reach both at the ends
   Expect_Range(r, cv, H / 2, 0.95 * H), Expect_Range(r, ct, 0.05 * H, H / 2);
   Expect_Range(r, cvp, 0.05 * H, 0.95 * H), Expect_Range(r, ctp, 0.05 * H, 0.95 * H);
@@ -45,6 +46,10 @@ TEST(ModeDiagram, EachCurveOnItsOwnScaleTouchesTheFrame) {
   ASSERT_EQ(v.size(), 11u);
   EXPECT_NEAR(v.back().x2, W - m * W, 1e-3);
   EXPECT_EQ(r.Of(RecordedOp::Line, 0x808080).size(), 5u);  // no crosses from a problem file
+  // the read-out: v' at the right end, at the very edge of the frame; the background is no hit
+  const auto hit = zarvek::Eigen_ReadOut(f.r, f.st, W - m * W, 0.05 * H);
+  EXPECT_TRUE(hit.hit && hit.caption == "v'");
+  EXPECT_FALSE(zarvek::Eigen_ReadOut(f.r, f.st, W / 2 + 300, 0.6 * H).hit);
 }
 
 TEST(ModeDiagram, RestraintAboveTheShearCentreWidensTheScaleOfV) {
@@ -59,12 +64,4 @@ TEST(ModeDiagram, RestraintAboveTheShearCentreWidensTheScaleOfV) {
   Expect_Range(r, cv, H / 2, H / 2 + 0.45 * H / 1.3, 1e-2);  // the axis within it
   // the v polyline goes on from the curve, not from the circle
   for (const auto& o : Drawn_Lines(r, cv)) EXPECT_LT(o.y2, 0.95 * H - 1);
-}
-
-TEST(ModeReadOut, NamesTheCurveUnderTheMouse) {
-  Fork_Mode f;
-  // v' at the right end, at the very edge of the frame
-  const auto hit = zarvek::Eigen_ReadOut(f.r, f.st, W - m * W, 0.05 * H);
-  EXPECT_TRUE(hit.hit && hit.caption == "v'");
-  EXPECT_FALSE(zarvek::Eigen_ReadOut(f.r, f.st, W / 2 + 300, 0.6 * H).hit);  // the background is no hit
 }

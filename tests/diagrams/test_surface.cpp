@@ -47,22 +47,17 @@ TEST(Surface, ArcsRunCounterClockwiseOnTheScreen) {
       EXPECT_NEAR(arcs[0].tr, 300, 1e-9); EXPECT_NEAR(arcs[0].ty1, 1500, 1e-9);  // 10 units of 30 twips
     }
   }
-  // pi/2 is up on the screen: the arc from 0 to pi/2 passes above the centre
+  // pi/2 is up on the screen: the arc from 0 to pi/2 passes above the centre (top and right), not below
   Recorder r(3000, 3000);
   r.Circle(1500, 1500, 600, 0x0000FF, 0, Pi / 2);
-  EXPECT_EQ(r.Point(1500, 900 + 5), 0x0000FFu);    // top of the circle
-  EXPECT_EQ(r.Point(2100 + 5, 1500), 0x0000FFu);   // right of it
-  EXPECT_EQ(r.Point(1500, 2100 + 5), 0xE0E0E0u);   // the bottom is not drawn
-}
-
-TEST(Surface, PointReadsTheLastColourDrawnAndNothingOutside) {
-  Recorder r(3000, 1500);
-  r.Cls();
-  r.Line(0, 750, 3000, 750, 0x0000C0);
-  r.Line(1500, 0, 1500, 1500, 0xC00000);
+  EXPECT_EQ(r.Point(1500, 900 + 5), 0x0000FFu); EXPECT_EQ(r.Point(2100 + 5, 1500), 0x0000FFu);
+  EXPECT_EQ(r.Point(1500, 2100 + 5), 0xE0E0E0u);
+  // Point reads the last colour drawn on the cleared picture, and nothing outside it
+  r.Cls(), r.Line(0, 750, 3000, 750, 0x0000C0), r.Line(1500, 0, 1500, 1500, 0xC00000);
   EXPECT_EQ(r.Point(600, 755), 0x0000C0u);
   EXPECT_EQ(r.Point(1505, 755), 0xC00000u);  // the later line covers the crossing
-  EXPECT_EQ(r.Point(600, 600), 0xE0E0E0u); EXPECT_TRUE(r.Point(-1, 750) == -1 && r.Point(3000, 750) == -1);
+  EXPECT_EQ(r.Point(2100 + 5, 1500), 0xE0E0E0u);
+  EXPECT_TRUE(r.Point(-1, 750) == -1 && r.Point(3000, 750) == -1);
 }
 
 TEST(SvgWriter, WritesTheSamePictureInScreenPixels) {
