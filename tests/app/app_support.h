@@ -72,13 +72,9 @@ struct StartDir : TempDir {
   }
 };
 
-struct RunResult {
-  int exit_code = -1;  // -1: killed (timed out or crashed)
-  std::string out, err;
-};
+struct RunResult { int exit_code = -1; std::string out, err; };  // exit_code -1: killed (timed out, crashed)
 
-// A built program (a bare name: of the build's start directory) started in `startDir` with no display; its
-// standard streams go to files of their own.
+// A program (a bare name: of the build) run in `startDir` with no display; its standard streams go to files.
 struct Child {
   pid_t pid = -1;
   TempDir streams;

@@ -1,7 +1,6 @@
-// The program started with a problem file: it solves, leaves four lines in Zarvek.TMP of its start directory
-// (and on standard output without a display), and ends. Started away from its data, as an installed program
-// is, its own files go to the user's folder ($XDG_DATA_HOME/zarvek or ~/.local/share/zarvek) and the
-// directory it was started in stays as it was.
+// The program started with a problem file solves, leaves four lines in Zarvek.TMP of its start directory (and
+// on standard output without a display) and ends; away from its data, its files go to the user's folder
+// ($XDG_DATA_HOME/zarvek or ~/.local/share/zarvek) and the start directory stays as it was.
 #include <sys/file.h>
 
 #include "app_support.h"
@@ -47,8 +46,7 @@ TEST(BatchRun, ExampleGivesTheClosedFormCriticalMoment) {
   fs::copy_file(d / "EXAMPLE.ZVK", elsewhere / "beam.zvk");
   RunResult r = Expect_Zero(d.path, {elsewhere / "beam.zvk"});
   Expect_ExampleResult(Lines_Of(Read_All(d / "Zarvek.TMP")));
-  // the result goes to the start directory, which then holds the five files of the installation, the result
-  // and the lock: nothing else is left behind
+  // the result goes to the start directory: then the installation's five files, the result, the lock; no more
   EXPECT_FALSE(fs::exists(elsewhere / "Zarvek.TMP"));
   EXPECT_EQ(std::distance(fs::directory_iterator(d.path), fs::directory_iterator()), 5 + 2);
 
@@ -67,8 +65,7 @@ TEST(BatchRun, EachStartFailureStopsWithItsTextOnStandardError) {
       {[](auto& d) { fs::remove(d / "Zarvek.INI"); }, "Error in reading @/Zarvek.INI"},
       {[](auto& d) { Write_All(d / "Zarvek.INI", "LANGUAGE=FR\n"); fs::remove(d / "ZARVEK_FR.MSG"); },
        "File @/ZARVEK_FR.MSG not found"},
-      // the English file cut in its captions (scrambling keeps every byte in place: the cut is found in the
-      // plain text)
+      // the English file cut in its captions (scrambling keeps bytes in place: the plain text finds the cut)
       {[](auto& d) {
          const std::string plain = Read_All(std::string(ZARVEK_SOURCE_DIR) + "/data/lang/ZARVEK_UK.txt");
          Write_All(d / "ZARVEK_UK.MSG", Read_All(d / "ZARVEK_UK.MSG").substr(0, plain.find("\n$65") + 200));

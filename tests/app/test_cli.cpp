@@ -1,5 +1,4 @@
-// The command-line solver as a child process in an empty directory of its own: exit 0 only with a usable
-// critical moment, invalid input named, output any reader takes, the check, `draw` and `sweep`.
+// zarvek-cli as a child process in an empty directory: exit codes, bad input named, JSON, check, draw, sweep.
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -83,9 +82,8 @@ TEST(Cli, InvalidDataIsExit2AndNamed) {
   Expect_Cli({"solve", file}, 2, "damaged");
 }
 
-// Every number text the solve needs, in the section route in use: a blank or a word there ends with the
-// message of a field that does not hold a number and the field's name, as the main window ends it. Each field
-// of the route's list is spoilt once, the kinds of bad text taken in turn.
+// Each number text the solve needs, in the route in use: a blank or a word ends naming the field and that it
+// does not hold a number, as the main window does; each field spoilt once, bad texts in turn.
 TEST(Cli, ABlankOrAWordInANumericFieldIsInvalidInput) {
   const auto route = [](BeamModel& m, const std::string& r) {
     m.Opt_Catalogue = r == "catalogue", m.Opt_Dimensions = r == "dimensions", m.Opt_Properties = r == "properties";
@@ -166,10 +164,9 @@ TEST(Cli, SectionCatalogueInAnyCaseNearestNamesAndBadCatalogue) {
   EXPECT_TRUE(::geteuid() == 0 || Cli({"sections"}, program).exit_code == 2);  // root reads it all the same
 }
 
-// The example beam in S355 (the default): the check reaches the JSON with the critical moment in daN.cm as
-// the check wants it. Its chain (lambda, curve b, the cap 1/lambda^2) is the design core's test; for this
-// beam the cap makes Mb,Rd = Wy fy / lambda^2 = Mcr = 48.33 kN.m, so a unit lost on the way to the check
-// shows in Mb,Rd and in the utilisation 100 / Mcr. Uniform moment: kc = 1, no C1 asked for.
+// The example beam in S355 (the default): the check reaches the JSON with Mcr in daN.cm. For this beam the
+// cap 1/lambda^2 makes Mb,Rd = Wy fy / lambda^2 = Mcr = 48.33 kN.m, so a unit lost on the way shows in Mb,Rd
+// and in the utilisation 100 / Mcr (the chain is the design core's test). Uniform moment: kc = 1, no C1.
 TEST(CliDesign, CheckOfTheExampleBeam) {
   TempDir files;
   const std::string dat = Save(files, "BEAM.DAT");

@@ -1,5 +1,4 @@
-// Beams of the design tests: catalogue sections and loads entered as the windows enter them, the project
-// files of the examples, the closed form of Mcr.
+// Beams of the design tests as the windows enter them, the examples' project files, the closed form of Mcr.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -73,9 +72,8 @@ inline Solved Solve(const BeamModel& m, bool checked = false) {
   return s;
 }
 
-// C1 of the program: Mcr with the loads at the shear centre over Mcr under a uniform moment of the same beam.
-// The uniform moment is given the size of MEd (not the unit moment of Model_UniformMoment), so that its
-// critical factor stays within the solver's bracket of 1000.
+// C1 of the program: Mcr with the loads at the shear centre over Mcr under a uniform moment of MEd's size
+// (not Model_UniformMoment's unit moment), so its critical factor stays within the solver's bracket of 1000.
 inline double Program_C1(const Solved& s) {
   const double Mmax = s.e.Efforts_Mmax, M = std::fabs(Mmax) / s.m.Fact_M;
   BeamModel u = Model_UniformMoment(s.m, Mmax);

@@ -1,5 +1,4 @@
-// The section drawing: a true-to-shape outline of one continuous path with its fillets, and the centroid and
-// shear centre of a section by dimensions.
+// The section drawing: a true-to-shape closed outline with fillets; centroid and shear centre by dimensions.
 #include <gtest/gtest.h>
 
 #include "diagram_support.h"

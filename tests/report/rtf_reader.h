@@ -1,5 +1,4 @@
-// A small RTF reader for the tests, independent of the writer: the text (paragraphs as lines, tabs as '\t',
-// \uN escapes as UTF-8) and the pictures of a plain report.
+// A small RTF reader for the tests, independent of the writer: text (\par as lines, \uN as UTF-8), pictures.
 #pragma once
 
 #include <cctype>

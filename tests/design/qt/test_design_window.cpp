@@ -1,5 +1,4 @@
-// The design check in the main window: its inputs on the beam page, its frame on the results page after
-// Proceed, cleared by a change of grade, in English and in French.
+// The check in the main window: inputs on the beam page, results after Proceed, cleared by a new grade.
 #include <QtTest>
 #include <QtWidgets>
 #include <memory>

@@ -47,8 +47,7 @@ class TestQtSurface : public QObject {
         QVERIFY2(palette.contains(img.pixel(i, j) | 0xFF000000), qPrintable(QString("%1,%2").arg(i).arg(j)));
     QCOMPARE(s.Point(-1, 10), std::int64_t(-1));  // outside the picture
 
-    // Read-out on the pixels of this surface, one element to the right of the mouse (its units and its shear
-    // are the core's): over element 51, M at 5.1 m.
+    // Read-out on this surface's pixels, one element right of the mouse: over element 51, M at 5.1 m.
     const double X = st.Forces_X0 + 51.5 * st.Forces_DX, Y = Y_Of(10 * 5.05 * 4.95 / 2, 125);
     const ReadOut r = Forces_ReadOut(s, m, e, st, X, Y);
     QVERIFY(r.hit && r.curve == 1); QCOMPARE(r.caption, std::string("M = 124.95"));

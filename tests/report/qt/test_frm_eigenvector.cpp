@@ -28,10 +28,9 @@ class Test_Frm_EigenVector : public QObject {
  private slots:
   void cellTextsAndAbscissae() {
     const struct { float value; const char* text; bool tinted; } cases[] = {
-        {1.0f, "1.0000E+00", true},          {0.99999f, "9.9999E-01", true},  // within 2e-5 of one
-        {0.99997f, "9.9997E-01", false},     {1.23456e-3f, "1.2346E-03", false},
-        {1e-21f, "0", false},  // 1e-21 shows 0
-        {1e-20f, "1.0000E-20", false}};
+        {1.0f, "1.0000E+00", true}, {0.99999f, "9.9999E-01", true},  // within 2e-5 of one
+        {0.99997f, "9.9997E-01", false}, {1.23456e-3f, "1.2346E-03", false},
+        {1e-21f, "0", false}, {1e-20f, "1.0000E-20", false}};  // 1e-21 shows 0
     for (const auto& c : cases) {
       QCOMPARE(Frm_EigenVector::Mode_Text(c.value), std::string(c.text));
       QCOMPARE(Frm_EigenVector::Mode_Tinted(c.value), c.tinted);
@@ -39,8 +38,7 @@ class Test_Frm_EigenVector : public QObject {
     // node i of n at (i - 1) L / (n - 1), plus a thousandth that settles exact halves upward
     QCOMPARE(Frm_EigenVector::X_Text(2, 3, 0.5), std::string("0.3"));  // 0.25
     QCOMPARE(Frm_EigenVector::X_Text(2, 5, 0.3), std::string("0.1"));  // 0.075
-    const char keep = Dec_Sep;
-    Dec_Sep = ',';
+    const char keep = std::exchange(Dec_Sep, ',');
     QCOMPARE(Frm_EigenVector::Mode_Text(-0.5f), std::string("-5,0000E-01"));
     QCOMPARE(Frm_EigenVector::X_Text(2, 3, 1000), std::string("500,0"));
     Dec_Sep = keep;
@@ -77,9 +75,8 @@ class Test_Frm_EigenVector : public QObject {
     QVERIFY(!w.Save_Csv(dir.filePath("no/such/dir/mode.csv")));
   }
 
-  // Copy is offered while the grid has the focus; a block goes with a tab between cells and CR LF after rows,
-  // by Ctrl+C and by Edit > Copy opened with the mouse: the menu opening doesn't take the grid's block away
-  // nor grey the command. Nothing selected: the clipboard stays.
+  // Copy while the grid has the focus: a block with tabs and CR LF, by Ctrl+C and by Edit > Copy opened by
+  // mouse (which keeps the block and the command). Nothing selected: the clipboard stays.
   void copyOfABlock() {
     const BeamModel m = Sample();
     Frm_EigenVector w(m);

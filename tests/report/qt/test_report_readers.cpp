@@ -1,7 +1,6 @@
-// The report in real readers: LibreOffice Writer converts the RTF of a solved project to PDF, and both that
-// PDF and the program's own PDF hold the text, the Greek letters, every value of the data blocks and the four
-// pictures. Also zarvek-cli report, which writes both files without a display. Without LibreOffice
-// (libreoffice-writer-nogui) or poppler-utils the checks say so and skip.
+// The report in real readers: LibreOffice Writer's PDF of the RTF and the program's own PDF hold the text,
+// Greek letters, every data value and the four pictures; zarvek-cli report writes both without a display.
+// Without LibreOffice (libreoffice-writer-nogui) or poppler-utils the checks skip.
 #include <QtTest>
 
 #include "report/qt/Report_Qt.h"
