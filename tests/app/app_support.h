@@ -27,9 +27,7 @@ inline std::string Read_All(const std::string& name) {
   std::ifstream in(name, std::ios::binary);
   return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
 }
-inline void Write_All(const std::string& name, const std::string& content) {
-  std::ofstream(name, std::ios::binary) << content;
-}
+inline void Write_All(const std::string& f, const std::string& s) { std::ofstream(f, std::ios::binary) << s; }
 inline std::vector<std::string> Lines_Of(const std::string& text) {
   std::vector<std::string> lines;
   std::istringstream in(text);

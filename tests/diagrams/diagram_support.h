@@ -45,10 +45,8 @@ inline std::vector<float> Sine_Mode(int NB, double L, double vmax, double tmax) 
   std::vector<float> m(4 * (NB + 1) + 1, 0.0f);
   for (int i = 1; i <= NB + 1; ++i) {
     const double sn = std::sin(pi * (i - 1) / NB), cs = std::cos(pi * (i - 1) / NB);
-    m[1 + 4 * (i - 1)] = static_cast<float>(vmax * sn);
-    m[2 + 4 * (i - 1)] = static_cast<float>(tmax * sn);
-    m[3 + 4 * (i - 1)] = static_cast<float>(vmax * pi / L * cs);
-    m[4 + 4 * (i - 1)] = static_cast<float>(tmax * pi / L * cs);
+    const double dofs[] = {vmax * sn, tmax * sn, vmax * pi / L * cs, tmax * pi / L * cs};
+    for (int k = 0; k < 4; ++k) m[k + 1 + 4 * (i - 1)] = static_cast<float>(dofs[k]);
   }
   return m;
 }

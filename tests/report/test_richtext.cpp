@@ -99,10 +99,8 @@ TEST(RichText, Pictures) {
   EXPECT_NEAR(wide.twips_height, Report_TextWidth / 5, 1e-9);
 
   Rich_Text rt;
-  rt.Send_Text("before");  // then the picture, nothing, a new paragraph and the wide one
-  rt.Send_Image(small);
-  rt.Send_Image(Report_Picture{});  // nothing
-  rt.NewParagraph();
+  // text, the picture, nothing, a new paragraph and the wide one
+  rt.Send_Text("before"), rt.Send_Image(small), rt.Send_Image(Report_Picture{}), rt.NewParagraph();
   rt.Send_Image(wide);
   const rtf_test::Rtf_Content c = rtf_test::Read_Rtf(Rtf_Of(rt.Document()));
   ASSERT_EQ(c.pictures.size(), 2u);

@@ -27,13 +27,10 @@ class Test_Design_Window : public QObject {
     QTest::newRow("FR") << "FR" << "suffisante" << QString::fromUtf8("kc, tableau 6.6 (q, articulée)");
   }
   void proceedShowsTheCheck() {
-    QFETCH(QString, code);
-    QFETCH(QString, verdict);
-    QFETCH(QString, kc);
+    QFETCH(QString, code); QFETCH(QString, verdict); QFETCH(QString, kc);
     zarvek_test::StartDir start(code.toLatin1().constData());
     auto w = std::make_unique<Frm_Zarvek>(start.state);
-    w->Message_Box = [](const QString&, const QString&) {};
-    w->Beep = [] {};
+    w->Message_Box = [](const QString&, const QString&) {}, w->Beep = [] {};
     QVERIFY(w->Form_Load());
     QVERIFY(w->Open_Project(std::string(ZARVEK_SOURCE_DIR) + "/tests/design/examples/EXAMPLE1.DAT"));
     w->resize(1500, 900);

@@ -57,8 +57,7 @@ class TestQtSurface : public QObject {
     QtImageSurface s(3000, 1500, 15, 2);
     QCOMPARE(s.Image().width(), 400);  // 200 screen pixels of 2 device pixels
     QCOMPARE(s.Image().deviceIndependentSize(), QSizeF(200, 100));
-    s.Cls();
-    s.Line(0, 750, 3000, 750, 0x0000C0);
+    s.Cls(), s.Line(0, 750, 3000, 750, 0x0000C0);
     QCOMPARE(s.Point(1000, 750), std::int64_t(0x0000C0));
     QCOMPARE(s.Point(1000, 600), std::int64_t(0xE0E0E0));
   }

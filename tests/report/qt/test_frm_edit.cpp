@@ -36,8 +36,7 @@ class Test_Frm_Edit : public QObject {
     QVERIFY(w.RichTextBox()->toPlainText().contains("Mcr\t=\t" + QString::fromStdString(m.Txt_Mcr)));
 
     // a second opening with the same data shows the same text at once
-    w.hide();
-    w.show();
+    w.hide(), w.show();
     QVERIFY(!wait->isVisible());
     QTest::qWait(50);
     QCOMPARE(w.Build_Count(), 1); QVERIFY(!w.Refresh_Report());

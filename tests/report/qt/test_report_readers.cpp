@@ -26,13 +26,9 @@ Run Run_Program(const QString& program, const QStringList& args, const QString& 
   QProcess p;
   if (!dir.isEmpty()) p.setWorkingDirectory(dir);
   p.start(program, args);
-  Run r;
-  if (!p.waitForStarted(10000)) return r;
-  if (!p.waitForFinished(ms)) return p.kill(), p.waitForFinished(), r;
-  r.code = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
-  r.out = QString::fromUtf8(p.readAllStandardOutput());
-  r.err = QString::fromUtf8(p.readAllStandardError());
-  return r;
+  if (!p.waitForStarted(10000) || !p.waitForFinished(ms)) return p.kill(), p.waitForFinished(), Run{};
+  const int code = p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1;
+  return {code, QString::fromUtf8(p.readAllStandardOutput()), QString::fromUtf8(p.readAllStandardError())};
 }
 
 QString Pdf_Text(const QString& pdf) { return Run_Program("pdftotext", {"-enc", "UTF-8", pdf, "-"}).out; }
