@@ -22,10 +22,9 @@ constexpr double kNm = 1e4;  // daN.cm in one kN.m
 // A rolled section on the record as the catalogue window hands it over (cm).
 inline void Catalogue(BeamModel& m, const std::string& series, const std::string& name, float h, float b,
                       float tw, float tf, float r) {
-  const SectionI s = Calculer_SectionI({name, h, b, tf, tw, r});
-  const SectionTransfer t = Transfer_Section(s, series, m.Fact_Izt, m.Fact_Iw);
   m.Opt_Catalogue = true, m.Opt_Dimensions = m.Opt_Properties = false;
-  Take_CatalogueSection(m, t);
+  const SectionI s = Calculer_SectionI({name, h, b, tf, tw, r});
+  Take_CatalogueSection(m, Transfer_Section(s, series, m.Fact_Izt, m.Fact_Iw));
 }
 
 // A uniform load q (kN/m, downward) over the whole span at height z (cm).

@@ -89,12 +89,9 @@ TEST(LtbCurves, ModifiedFactorHeldAtOne) {
 // Table 3.1: the nominal fy drops at 40 mm and the table ends at 80 mm.
 TEST(LtbSteel, YieldStrengthThicknessSteps) {
   const double thin[] = {235, 275, 355, 420, 440, 460}, thick[] = {215, 255, 335, 390, 410, 430};
-  for (int g = 0; g < Grade_Count; ++g) {
-    EXPECT_EQ(Grade_fy(g, 40.0), thin[g]) << Grade_Name(g);
-    EXPECT_EQ(Grade_fy(g, 40.01), thick[g]) << Grade_Name(g);
-    EXPECT_EQ(Grade_fy(g, 80.0), thick[g]) << Grade_Name(g);
-    EXPECT_EQ(Grade_fy(g, 80.01), 0.0) << Grade_Name(g);
-  }
+  for (int g = 0; g < Grade_Count; ++g)  // at 40, 40.01, 80 and 80.01 mm
+    EXPECT_EQ(std::tuple(Grade_fy(g, 40.0), Grade_fy(g, 40.01), Grade_fy(g, 80.0), Grade_fy(g, 80.01)),
+              std::tuple(thin[g], thick[g], thick[g], 0.0)) << Grade_Name(g);
   EXPECT_EQ(Grade_fy(Grade_Typed, 10), 0.0);
 }
 
@@ -104,7 +101,7 @@ TEST(LtbClass, LimitsOfEachGrade) {
   for (int g = 0; g < Grade_Count; ++g) {
     const double fy = Grade_fy(g, 10), e = std::sqrt(235 / fy);
     const double flange[3] = {9 * e, 10 * e, 14 * e}, web[3] = {72 * e, 83 * e, 124 * e};
-    for (int k = 0; k < 3; ++k) {
+    for (int k = 0; k < 3; ++k)
       for (double nudge : {1 - 1e-9, 1 + 1e-9}) {
         // welded plates (no fillets): c = (b - tw)/2 for the flange, web stocky enough to be class 1
         ClassResult c = Classify_Bending(Welded(40, 1.0 + 2 * flange[k] * nudge, 1.0, 1.0), fy, true);
@@ -114,7 +111,6 @@ TEST(LtbClass, LimitsOfEachGrade) {
         c = Classify_Bending(Welded(2 + web[k] * nudge * 0.5, 10, 0.5, 1.0), fy, false);
         EXPECT_EQ(c.webClass, nudge < 1 ? k + 1 : k + 2) << Grade_Name(g) << " web " << k;
       }
-    }
   }
   // IPE 300 in S235: flange (150 - 7.1 - 30)/2/10.7 = 5.28, web 248.6/7.1 = 35.0: class 1. HEA 300 in S355:
   // flange (300 - 8.5 - 54)/2/14 = 8.48 > 10 eps = 8.14: class 3 by its flange.
