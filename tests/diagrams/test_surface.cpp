@@ -18,12 +18,9 @@ TEST(Surface, ScalesMapToTwips) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     Recorder r(3000, 1500);
-    if (c.mode >= 0) {
-      r.ScaleMode(c.mode);
-    } else {
-      r.ScaleLeft(c.left), r.ScaleTop(c.top), r.ScaleWidth(c.width), r.ScaleHeight(c.height);
-      EXPECT_EQ(r.ScaleMode(), zarvek::Scale_User);
-    }
+    if (c.mode >= 0) r.ScaleMode(c.mode);
+    else r.ScaleLeft(c.left), r.ScaleTop(c.top), r.ScaleWidth(c.width), r.ScaleHeight(c.height);
+    EXPECT_EQ(r.ScaleMode(), c.mode >= 0 ? c.mode : zarvek::Scale_User);
     EXPECT_NEAR(r.ToTwipsX(c.x), c.tx, 1e-9); EXPECT_NEAR(r.ToTwipsY(c.y), c.ty, 1e-9);
     EXPECT_NEAR(r.FromTwipsX(c.tx), c.x, 1e-9); EXPECT_NEAR(r.FromTwipsY(c.ty), c.y, 1e-9);
   }

@@ -33,8 +33,7 @@ class Test_Design_Window : public QObject {
     w->Message_Box = [](const QString&, const QString&) {}, w->Beep = [] {};
     QVERIFY(w->Form_Load());
     QVERIFY(w->Open_Project(std::string(ZARVEK_SOURCE_DIR) + "/tests/design/examples/EXAMPLE1.DAT"));
-    w->resize(1500, 900);
-    w->show();
+    w->resize(1500, 900), w->show();
     QVERIFY(QTest::qWaitForWindowExposed(w.get()));
     auto* grade = qobject_cast<QComboBox*>(w->Field_Widget("Lst_Grade"));
     QCOMPARE(grade->currentText(), QString("S235"));

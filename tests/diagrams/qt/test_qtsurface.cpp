@@ -64,8 +64,7 @@ class TestQtSurface : public QObject {
 
   void widgetMapsTheMouseToTheScale() {
     SurfaceWidget w;
-    w.resize(200, 100);
-    w.show();
+    w.resize(200, 100), w.show();
     QVERIFY(QTest::qWaitForWindowExposed(&w));
     QVERIFY(w.surface().Width() == 200 * 15.0 && w.surface().Height() == 100 * 15.0);
     w.surface().ScaleWidth(100), w.surface().ScaleHeight(-10), w.surface().ScaleTop(5);  // y up

@@ -80,8 +80,7 @@ class Test_Frm_EigenVector : public QObject {
   void copyOfABlock() {
     const BeamModel m = Sample();
     Frm_EigenVector w(m);
-    w.show();
-    w.activateWindow();
+    w.show(), w.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&w));
     QTableWidget* g = w.Grd_Eigen();
     auto* bar = w.findChild<QMenuBar*>();
