@@ -1,5 +1,4 @@
-// Runs the built programs as child processes in a start directory of their
-// own, without a display, and collects what they leave behind.
+// Runs the built programs as child processes in a start directory of their own, without a display.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -28,9 +27,7 @@ inline std::string Read_All(const std::string& name) {
   std::ifstream in(name, std::ios::binary);
   return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
 }
-inline void Write_All(const std::string& name, const std::string& content) {
-  std::ofstream(name, std::ios::binary) << content;
-}
+inline void Write_All(const std::string& f, const std::string& s) { std::ofstream(f, std::ios::binary) << s; }
 inline std::vector<std::string> Lines_Of(const std::string& text) {
   std::vector<std::string> lines;
   std::istringstream in(text);
@@ -45,8 +42,7 @@ inline double Json_Value(const std::string& json, const std::string& key) {
   return p == std::string::npos ? NAN : std::strtod(json.c_str() + p + key.size() + 3, nullptr);
 }
 
-// The example beam, IPE 300 of L cm (10 m) under a uniform moment on fork
-// supports: its elastic critical moment by the closed form, in daN.cm.
+// The example beam, IPE 300 of L cm (10 m), uniform moment, fork supports: Mcr by the closed form, daN.cm.
 inline double Mcr_Example(double L = 1000) { return zarvek::test::Mcr_Uniform(L) * 100; }
 
 // A temporary directory, removed at the end.
@@ -56,8 +52,7 @@ struct TempDir {
   std::string operator/(const std::string& name) const { return path + "/" + name; }
 };
 
-// The built-in beam (IPE 300 of 10 m under 100 kN.m, fork supports),
-// changed by `change` and saved as a project file.
+// The built-in beam (IPE 300, 10 m, 100 kN.m, fork supports), changed by `change`, saved as a project.
 inline std::string Save(const TempDir& files, const std::string& name,
                         const std::function<void(zarvek::BeamModel&)>& change = {}) {
   zarvek::BeamModel m;
@@ -75,13 +70,9 @@ struct StartDir : TempDir {
   }
 };
 
-struct RunResult {
-  int exit_code = -1;  // -1: killed (timed out or crashed)
-  std::string out, err;
-};
+struct RunResult { int exit_code = -1; std::string out, err; };  // exit_code -1: killed (timed out, crashed)
 
-// A built program (a bare name: of the build's start directory) started in
-// `startDir` with no display; its standard streams go to files of their own.
+// A program (a bare name: of the build) run in `startDir` with no display; its standard streams go to files.
 struct Child {
   pid_t pid = -1;
   TempDir streams;
@@ -112,8 +103,7 @@ inline RunResult Run_Zarvek(const std::string& startDir, const Args& args, const
   return Child(startDir, args, program).Wait();
 }
 
-// zarvek-cli (or another copy of it) run in an empty directory of its own,
-// which it must leave empty.
+// zarvek-cli (or another copy of it) run in an empty directory of its own, which it must leave empty.
 inline RunResult Cli(const Args& args, const std::string& program = "zarvek-cli") {
   TempDir dir;
   RunResult r = Run_Zarvek(dir.path, args, program);
@@ -121,8 +111,7 @@ inline RunResult Cli(const Args& args, const std::string& program = "zarvek-cli"
   return r;
 }
 
-// Cli that must end with `code`, with `err` in its standard error and `out`
-// in its standard output.
+// Cli that must end with `code`, with `err` in its standard error and `out` in its standard output.
 inline RunResult Expect_Cli(const Args& args, int code, const std::string& err = "", const std::string& out = "") {
   std::string line = "zarvek-cli";
   for (const auto& a : args) line += " " + a;

@@ -1,8 +1,6 @@
-// The program started with a problem file: it solves, leaves four lines in
-// Zarvek.TMP of its start directory (and on standard output without a
-// display), and ends. Started away from its data, as an installed program
-// is, its own files go to the user's folder ($XDG_DATA_HOME/zarvek or
-// ~/.local/share/zarvek) and the directory it was started in stays as it was.
+// The program started with a problem file solves, leaves four lines in Zarvek.TMP of its start directory (and
+// on standard output without a display) and ends; away from its data, its files go to the user's folder
+// ($XDG_DATA_HOME/zarvek or ~/.local/share/zarvek) and the start directory stays as it was.
 #include <sys/file.h>
 
 #include "app_support.h"
@@ -48,8 +46,7 @@ TEST(BatchRun, ExampleGivesTheClosedFormCriticalMoment) {
   fs::copy_file(d / "EXAMPLE.ZVK", elsewhere / "beam.zvk");
   RunResult r = Expect_Zero(d.path, {elsewhere / "beam.zvk"});
   Expect_ExampleResult(Lines_Of(Read_All(d / "Zarvek.TMP")));
-  // the result goes to the start directory, which then holds the five files of
-  // the installation, the result and the lock: nothing else is left behind
+  // the result goes to the start directory: then the installation's five files, the result, the lock; no more
   EXPECT_FALSE(fs::exists(elsewhere / "Zarvek.TMP"));
   EXPECT_EQ(std::distance(fs::directory_iterator(d.path), fs::directory_iterator()), 5 + 2);
 
@@ -68,8 +65,7 @@ TEST(BatchRun, EachStartFailureStopsWithItsTextOnStandardError) {
       {[](auto& d) { fs::remove(d / "Zarvek.INI"); }, "Error in reading @/Zarvek.INI"},
       {[](auto& d) { Write_All(d / "Zarvek.INI", "LANGUAGE=FR\n"); fs::remove(d / "ZARVEK_FR.MSG"); },
        "File @/ZARVEK_FR.MSG not found"},
-      // the English file cut inside its captions; scrambling keeps every byte
-      // in its place, so the cut is found in the plain text
+      // the English file cut in its captions (scrambling keeps bytes in place: the plain text finds the cut)
       {[](auto& d) {
          const std::string plain = Read_All(std::string(ZARVEK_SOURCE_DIR) + "/data/lang/ZARVEK_UK.txt");
          Write_All(d / "ZARVEK_UK.MSG", Read_All(d / "ZARVEK_UK.MSG").substr(0, plain.find("\n$65") + 200));
@@ -84,15 +80,14 @@ TEST(BatchRun, EachStartFailureStopsWithItsTextOnStandardError) {
     EXPECT_EQ(r.exit_code, 1); EXPECT_TRUE(Has(r.err, expected + "\n")) << r.err;
     EXPECT_TRUE(r.out.empty() && !fs::exists(d / "Zarvek.TMP")) << r.out;
   }
-  // a missing problem file leads to the normal start, which deletes the stale
-  // scratch file and, without a display, tells how to run a batch
+  // a missing problem file: the normal start deletes the stale scratch file; no display: it says how to batch
   StartDir d;
   Write_All(d / "Zarvek.TMP", "left by a crash");
   EXPECT_TRUE(Has(Expect_Zero(d.path, {d / "MISSING.ZVK"}).out, "Zarvek BEAM.ZVK"));
   EXPECT_FALSE(fs::exists(d / "Zarvek.TMP"));
 }
 
-TEST(SingleInstance, ASecondInstanceInTheSameDirectoryEndsSilently) {
+TEST(SingleInstance, ASecondInstanceEndsSilentlyTwoDirectoriesRunSideBySide) {
   StartDir a;
   Write_All(a / "Zarvek.TMP", "result of the running instance");
   // the lock held as a running instance holds it
@@ -102,11 +97,9 @@ TEST(SingleInstance, ASecondInstanceInTheSameDirectoryEndsSilently) {
   ::close(fd);
   EXPECT_EQ(r.exit_code, 3); EXPECT_EQ(r.out + r.err, "");
   EXPECT_EQ(Read_All(a / "Zarvek.TMP"), "result of the running instance");  // not touched
-}
 
-TEST(SingleInstance, TwoDirectoriesRunSideBySideEachInItsLanguage) {
-  StartDir a, b;
-  // blanks and a lower-case code: the French texts
+  // two directories side by side, each in its language (blanks and a lower-case code: the French texts)
+  StartDir b;
   Write_All(b / "Zarvek.INI", "; language of the texts\n   LANGUAGE=  fr  \n");
   Child first(a.path, {a / "EXAMPLE.ZVK"}), second(b.path, {b / "EXAMPLE.ZVK"});
   RunResult ra = first.Wait(), rb = second.Wait();
@@ -130,8 +123,7 @@ TEST(UserFolder, TheBatchRouteAwayFromTheDataLeavesItsResultInTheUserFolder) {
   TempDir home, elsewhere;
   const std::string buildResult = Bin + "/Zarvek.TMP", oldResult = Read_All(buildResult);
   const bool hadResult = fs::exists(buildResult);
-  // the folder under HOME, XDG_DATA_HOME unset (which values count is the
-  // start place's own test)
+  // the folder under HOME, XDG_DATA_HOME unset (which values count is the start place's own test)
   Environment env(home.path, nullptr);
   const std::string user = home / ".local/share/zarvek";
   Expect_Zero(elsewhere.path, {Bin + "/EXAMPLE.ZVK"});
@@ -142,8 +134,7 @@ TEST(UserFolder, TheBatchRouteAwayFromTheDataLeavesItsResultInTheUserFolder) {
   // the build's own start directory is not touched
   EXPECT_TRUE(fs::exists(buildResult) == hadResult && Read_All(buildResult) == oldResult);
 
-  // --open names a problem for the window, not for the batch route; a
-  // relative name, as a file manager may hand it over
+  // --open names a problem for the window, not the batch route; a relative name, as a file manager gives it
   fs::remove(home / ".local/share/zarvek/Zarvek.TMP");
   fs::copy_file(Bin + "/EXAMPLE.ZVK", elsewhere / "beam.zvk");
   EXPECT_TRUE(Has(Expect_Zero(elsewhere.path, {"--open", "beam.zvk"}).out, "no display"));

@@ -1,5 +1,4 @@
-// The internal force diagrams: the curves of M and V on the frame lines, the
-// step rule, the zero-moment stop, the read-out and the refresh test.
+// The force diagrams: M and V on the frame lines, the step rule, the zero-moment stop, read-out, refresh.
 #include <gtest/gtest.h>
 
 #include "diagram_support.h"
@@ -16,8 +15,7 @@ double X_At(double t) { return m * W + W * (1 - 2 * m) * t; }
 // The ordinate of a value v on a scale whose largest value is 10.
 double Y_At(double v) { return H / 2 + v / 10 * 0.45 * H; }
 
-// A diagram and its record; of NB > 0 elements, from a problem file
-// (external mode): arrays drawn as they stand.
+// A diagram and its record; of NB > 0 elements: from a problem file (external mode), arrays drawn as given.
 struct Forces {
   zarvek::EffortsData e;
   zarvek::DiagramState st;
@@ -47,8 +45,7 @@ std::vector<std::pair<double, double>> Chain(const Recorder& r, Colour c) {
 }  // namespace
 
 TEST(ForcesDiagram, CentralPointLoadOnASimpleBeam) {
-  // L = 10 m, F = 10 kN down at mid-span: M = FL/4 = 25 kN.m at mid-span,
-  // sagging (drawn downward), V = -/+ 5 kN with its jump under the load.
+  // L = 10 m, F = 10 kN down at mid-span: M = FL/4 = 25 kN.m, sagging (drawn down), V = -/+ 5 kN, a jump.
   Forces f;
   f.b.Chk_M = false, f.b.Chk_F1 = true, f.b.Txt_F1 = "-10", f.b.Txt_xf1 = "0.5", f.b.Txt_zF1 = "0";
   f.Draw();
@@ -73,8 +70,7 @@ TEST(ForcesDiagram, CentralPointLoadOnASimpleBeam) {
 }
 
 TEST(ForcesReadOut, ShowsTheValueOneElementToTheRightInTheUsersUnit) {
-  // A staircase: element e carries e kN.m (e x 10^4 daN.cm) at both ends,
-  // and a shear of -2 kN.
+  // A staircase: element e carries e kN.m (e x 10^4 daN.cm) at both ends, and a shear of -2 kN.
   Forces f(10);
   for (int el = 1; el <= 10; ++el) {
     f.e.Efforts_M[2 * el - 1] = f.e.Efforts_M[2 * el] = el * 1e4f;
@@ -83,8 +79,7 @@ TEST(ForcesReadOut, ShowsTheValueOneElementToTheRightInTheUsersUnit) {
   f.Draw();
   // over the middle of element 3: the left-end value of element 4
   auto hit = f.At(X_At(0.25), Y_At(3) + 10, 600, 200);
-  ASSERT_TRUE(hit.hit);
-  EXPECT_TRUE(hit.curve == 1 && hit.caption == "M = 4");
+  EXPECT_TRUE(hit.hit && hit.curve == 1 && hit.caption == "M = 4");
   // over the last element near the right edge: n is limited to the last value
   hit = f.At(X_At(1) - 40, Y_At(10), 600, 200);
   EXPECT_TRUE(hit.hit && hit.caption == "M = 10");
@@ -95,8 +90,7 @@ TEST(ForcesReadOut, ShowsTheValueOneElementToTheRightInTheUsersUnit) {
 }
 
 TEST(ForcesRefresh, RefusesADiagramWithoutMomentAndDrawsNoCurveOfIt) {
-  // Below 10 daN.cm (0.001 kN.m) the beam carries no moment, unless the
-  // program itself fills the fields or the diagram comes from a problem file.
+  // Below 10 daN.cm (0.001 kN.m) no moment, unless the program fills the fields or a problem file gives it.
   zarvek::Set_Msg(3, "The beam carries no bending moment.");
   const struct { const char* Mmax; bool locked, external, refused; } cases[] = {
       {"0", false, false, true}, {"0.0009", false, false, true}, {"0.001", false, false, false},

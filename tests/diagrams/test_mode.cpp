@@ -1,5 +1,4 @@
-// The buckling mode diagram: four curves each on its own scale, the
-// restraint circles on v and the v scale that reaches them, the read-out.
+// The mode diagram: four curves on their own scales, the restraint circles on v and its scale, the read-out.
 #include <gtest/gtest.h>
 
 #include "diagram_support.h"
@@ -11,9 +10,8 @@ namespace {
 constexpr double W = 7335, H = 2775, m = 0.05;
 constexpr Colour cv = 0xC00000, ct = 0x000000, cvp = 0x0000FF, ctp = 0x008000;
 
-// The first lateral-torsional mode of a beam with fork supports, 10
-// elements: v = sin(pi x/L), theta = -0.02 sin(pi x/L) and their slopes
-// (L = 1000 cm), v normalised to 1; drawn from a problem file.
+// The first lateral-torsional mode of a beam with fork supports, 10 elements: v = sin(pi x/L), theta = -0.02
+// sin(pi x/L) and their slopes (L = 1000 cm), v normalised to 1; drawn from a problem file.
 struct Fork_Mode {
   BeamModel b;
   zarvek::DiagramState st;
@@ -38,22 +36,25 @@ void Expect_Range(const Recorder& r, Colour c, double lo, double hi, double tol 
 
 }  // namespace
 
-TEST(ModeDiagram, EachCurveOnItsOwnScaleTouchesTheFrame) {
-  const Recorder r = Fork_Mode().r;
-  // v positive: down to the bottom line at mid-span; theta negative: up to
-  // the top line; the slopes reach both lines at the ends
+TEST(ModeDiagram, EachCurveOnItsOwnScaleTouchesTheFrameAndReadsOut) {
+  Fork_Mode f;
+  const Recorder& r = f.r;
+  // v > 0: down to the bottom line at mid-span; theta < 0: up to the top; the slopes reach both at the ends
   Expect_Range(r, cv, H / 2, 0.95 * H), Expect_Range(r, ct, 0.05 * H, H / 2);
   Expect_Range(r, cvp, 0.05 * H, 0.95 * H), Expect_Range(r, ctp, 0.05 * H, 0.95 * H);
   const auto v = r.Of(RecordedOp::Line, cv);
   ASSERT_EQ(v.size(), 11u);
   EXPECT_NEAR(v.back().x2, W - m * W, 1e-3);
   EXPECT_EQ(r.Of(RecordedOp::Line, 0x808080).size(), 5u);  // no crosses from a problem file
+  // the read-out: v' at the right end, at the very edge of the frame; the background is no hit
+  const auto hit = zarvek::Eigen_ReadOut(f.r, f.st, W - m * W, 0.05 * H);
+  EXPECT_TRUE(hit.hit && hit.caption == "v'");
+  EXPECT_FALSE(zarvek::Eigen_ReadOut(f.r, f.st, W / 2 + 300, 0.6 * H).hit);
 }
 
 TEST(ModeDiagram, RestraintAboveTheShearCentreWidensTheScaleOfV) {
-  // A lateral restraint 15 cm above the shear centre at mid-span (node 6):
-  // there the flange moves by d = v - z theta = 1 + 15 x 0.02 = 1.3, more
-  // than the axis; the v scale takes 1.3.
+  // A lateral restraint 15 cm above the shear centre at mid-span (node 6): there the flange moves by d = v -
+  // z theta = 1 + 15 x 0.02 = 1.3, more than the axis; the v scale takes 1.3.
   const Recorder r = Fork_Mode(15).r;
   const auto circles = r.Of(RecordedOp::Arc);
   ASSERT_EQ(circles.size(), 1u);  // on v only
@@ -63,12 +64,4 @@ TEST(ModeDiagram, RestraintAboveTheShearCentreWidensTheScaleOfV) {
   Expect_Range(r, cv, H / 2, H / 2 + 0.45 * H / 1.3, 1e-2);  // the axis within it
   // the v polyline goes on from the curve, not from the circle
   for (const auto& o : Drawn_Lines(r, cv)) EXPECT_LT(o.y2, 0.95 * H - 1);
-}
-
-TEST(ModeReadOut, NamesTheCurveUnderTheMouse) {
-  Fork_Mode f;
-  // v' at the right end, at the very edge of the frame
-  const auto hit = zarvek::Eigen_ReadOut(f.r, f.st, W - m * W, 0.05 * H);
-  EXPECT_TRUE(hit.hit && hit.caption == "v'");
-  EXPECT_FALSE(zarvek::Eigen_ReadOut(f.r, f.st, W / 2 + 300, 0.6 * H).hit);  // the background is no hit
 }

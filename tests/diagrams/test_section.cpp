@@ -1,5 +1,4 @@
-// The section drawing: a true-to-shape outline of one continuous path with
-// its fillets, and the centroid and shear centre of a section by dimensions.
+// The section drawing: a true-to-shape closed outline with fillets; centroid and shear centre by dimensions.
 #include <gtest/gtest.h>
 
 #include "diagram_support.h"
@@ -18,8 +17,8 @@ bool Same(P a, P b) { return std::fabs(a.x - b.x) < 1e-6 && std::fabs(a.y - b.y)
 // The point of an arc at an angle, as drawn on the screen (y down).
 P Arc_At(const RecordedOp& a, double t) { return {a.x1 + a.r * std::cos(t), a.y1 - a.r * std::sin(t)}; }
 
-// The black outline is one chain: every line starts where the outline stood,
-// an arc joins the line before to the line after, the chain ends where it began.
+// The black outline is one chain: every line starts where the outline stood, an arc joins the line before to
+// the line after, the chain ends where it began.
 void Expect_ClosedPath(const Recorder& r, int arcsExpected) {
   std::vector<RecordedOp> path;
   for (const auto& o : r.Ops())
@@ -77,8 +76,7 @@ TEST(SectionDrawing, RolledSectionIsTrueToShapeAndFillsNinetyPercent) {
 }
 
 TEST(SectionDrawing, MonoSymmetricSectionByDimensionsMarksCentroidAndShearCentre) {
-  // Top flange 200 x 20, bottom flange 100 x 20, web 10 thick, 400 deep, no
-  // fillets (mm, typed in cm).
+  // Top flange 200 x 20, bottom flange 100 x 20, web 10 thick, 400 deep, no fillets (mm, typed in cm).
   BeamModel m;
   m.Opt_Catalogue = false, m.Opt_Dimensions = true, m.Tab_Dim = 1, m.Txt_h = "40", m.Txt_tw = "1";
   m.Txt_bf1 = "20", m.Txt_tf1 = "2", m.Txt_r1 = "0", m.Txt_bf2 = "10", m.Txt_tf2 = "2", m.Txt_r2 = "0";
@@ -88,9 +86,8 @@ TEST(SectionDrawing, MonoSymmetricSectionByDimensionsMarksCentroidAndShearCentre
   Expect_ClosedPath(r, 4);
   for (const auto& a : r.Of(RecordedOp::Arc, 0x000000)) EXPECT_EQ(a.r, 0);  // fillets of no radius
 
-  // By hand, heights above the bottom face: the centroid from the areas
-  // (40 cm2 at 39, 36 cm2 at 20, 20 cm2 at 1), the shear centre from the
-  // flanges' own Iz (1333.3 and 166.7 cm4) 38 cm apart.
+  // By hand, heights above the bottom face: the centroid from the areas (40 cm2 at 39, 36 cm2 at 20, 20 cm2
+  // at 1), the shear centre from the flanges' own Iz (1333.3 and 166.7 cm4) 38 cm apart.
   const double zG = (40 * 39 + 36 * 20 + 20 * 1) / 96.0;
   const double zS = 1 + 38 * 1333.333 / (1333.333 + 166.667);
   const double k = 0.9 * H / 40;

@@ -1,6 +1,4 @@
-// A small RTF reader for the tests: the text of a document (paragraphs as
-// lines, tabs as '\t', \uN escapes decoded to UTF-8) and its pictures. It
-// knows only what a plain report uses; it is independent of the writer.
+// A small RTF reader for the tests, independent of the writer: text (\par as lines, \uN as UTF-8), pictures.
 #pragma once
 
 #include <cctype>
@@ -83,8 +81,7 @@ inline Rtf_Content Read_Rtf(const std::string& s) {
   return c;
 }
 
-// The smallest PNG header that names a size: signature, IHDR length, type,
-// width and height (the rest of the file does not matter to the writer).
+// The smallest PNG header that names a size: signature, IHDR length, type, width and height.
 inline std::string Png_Of(int w, int h) {
   std::string s("\x89PNG\r\n\x1a\n\0\0\0\x0dIHDR", 16);
   for (int v : {w, h})

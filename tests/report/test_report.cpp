@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cmath>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -17,29 +16,17 @@
 namespace zarvek {
 namespace {
 
-// Each diagram as a picture of its own width, so that the reader can tell
-// them apart: beam 401, section 402, forces 403, mode 404 pixels.
+// Each diagram a picture of its own width: beam 401, section 402, forces 403, mode 404 pixels.
 Report_Picture Fake_Picture(Report_PictureKind k) { return Make_Picture(rtf_test::Png_Of(401 + (int)k, 50)); }
 
 using report_test::Default_Model;
 
-BeamModel Solved_Model() {
-  BeamModel m = Default_Model();
-  EXPECT_EQ(report_test::Solve(m), "");
-  return m;
-}
-
-// A date of the header: year, month 1..12, day, hour, minute.
-std::tm Date(int y, int mo, int d, int h, int mi) {
-  std::tm t{};
-  t.tm_year = y - 1900, t.tm_mon = mo - 1, t.tm_mday = d, t.tm_hour = h, t.tm_min = mi;
-  return t;
-}
+BeamModel Solved_Model() { BeamModel m = Default_Model(); EXPECT_EQ(report_test::Solve(m), ""); return m; }
 
 Rich_Document Document_Of(const BeamModel& m, const std::string& code = "UK", bool pictures = true) {
   Report_Inputs in;
   in.Language_Code = code;
-  in.When = Date(2026, 11, 23, 5, 7);
+  in.When.tm_year = 126, in.When.tm_mon = 10, in.When.tm_mday = 23, in.When.tm_hour = 5, in.When.tm_min = 7;
   if (pictures) in.Pictures = Fake_Picture;
   Rich_Text rt = Report_Builder();
   Edit_Results(rt, m, in);
@@ -65,25 +52,13 @@ int Find_Line(const std::vector<std::string>& lines, const std::string& line, in
   return it == lines.end() ? -1 : int(it - lines.begin());
 }
 
-// The widths of the pictures, which tell the diagrams apart.
-std::vector<long> Pictures_Of(const rtf_test::Rtf_Content& c) {
+std::vector<long> Pictures_Of(const rtf_test::Rtf_Content& c) {  // their widths tell the diagrams apart
   std::vector<long> widths;
   for (const auto& p : c.pictures) widths.push_back(p.picw);
   return widths;
 }
 
 bool Has(const std::string& text, const std::string& what) { return text.find(what) != std::string::npos; }
-
-// The value column of a row "\tlabel\tsymbol\t=\tvalue\tunit".
-std::string Row_Value(const std::vector<std::string>& lines, const std::string& symbol) {
-  const std::string key = "\t" + symbol + "\t=\t";
-  for (const auto& l : lines)
-    if (const size_t p = l.find(key); p != std::string::npos) {
-      const std::string rest = l.substr(p + key.size());
-      return rest.substr(0, rest.find('\t'));
-    }
-  return "?";
-}
 
 const std::string theta = "\xCE\xB8", psi = "\xCF\x88", mu = "\xCE\xBC",
                   epsilon = "\xCE\xB5", prime = "\xE2\x80\xB2";
@@ -116,10 +91,9 @@ TEST(Report, SolvedProjectInOrder) {
   // nothing is written twice
   for (const char* t : {"\tBeam", "\tBuckling mode"}) EXPECT_EQ(Find_Line(lines, t, Find_Line(lines, t) + 1), -1) << t;
 
-  // the result rows carry the figures of the solved record (whose Mcr the
-  // closed form checks in tests/analysis) in the units shown: 100 kN.m end moments
-  EXPECT_NEAR(std::fabs(Num_Of_Text(Row_Value(lines, "Mmax"))), 100, 1e-9);
-  EXPECT_EQ(Row_Value(lines, mu), m.Txt_mucr);
+  // the result rows in the units shown: 100 kN.m end moments; the solved record's Mcr and mucr
+  EXPECT_TRUE(Has(c.text, "\tMmax\t=\t100\t") || Has(c.text, "\tMmax\t=\t-100\t")) << c.text;
+  EXPECT_TRUE(Has(c.text, "\t" + mu + "\t=\t" + m.Txt_mucr + "\t")) << c.text;
   EXPECT_NE(Find_Line(lines, "\tCritical moment Mcr\tMcr\t=\t" + m.Txt_Mcr + "\tkN.m"), -1);
 
   // the four pictures, as PNG, in the order beam, section, forces, mode
@@ -129,26 +103,20 @@ TEST(Report, SolvedProjectInOrder) {
 
 TEST(Report, BlocksOfResultsNeedTheirResults) {
   BeamModel m = Solved_Model();
-  const struct { const char* name; bool clear_process, clear_efforts; std::vector<long> pictures; } cases[] = {
-      {"data changed after the forces were drawn", true, false, {401, 402, 403}},
-      {"no solve done", true, true, {401, 402}},
-  };
-  for (const auto& k : cases) {
+  for (const bool forces : {true, false}) {  // data changed after the forces were drawn; no solve done
     BeamModel w = m;
-    if (k.clear_process) InitProcessInfo(w);
-    if (k.clear_efforts) InitEffortsInfo(w);
+    InitProcessInfo(w);
+    if (!forces) InitEffortsInfo(w);
     const rtf_test::Rtf_Content c = Report_Of(w);
     const auto lines = Lines(c.text);
-    const bool solved = !k.clear_process, forces = !k.clear_efforts;
-    for (const char* t : {"\tEigenvalue solving process", "\tBuckling mode"})
-      EXPECT_EQ(Find_Line(lines, t) >= 0, solved) << k.name << t;
-    EXPECT_EQ(Has(c.text, "\tMcr\t"), solved) << k.name;
-    EXPECT_EQ(Find_Line(lines, "\tBending moment M and shear force V") >= 0, forces) << k.name;
-    EXPECT_EQ(Has(c.text, "\tMmax\t"), forces) << k.name;
+    for (const char* t : {"\tEigenvalue solving process", "\tBuckling mode", "\tMcr\t"})
+      EXPECT_FALSE(Has(c.text, t)) << forces << t;
+    EXPECT_EQ(Find_Line(lines, "\tBending moment M and shear force V") >= 0, forces);
+    EXPECT_EQ(Has(c.text, "\tMmax\t"), forces);
     // the data blocks and the closing line are always there
     for (const char* t : {"\tBeam", "\tEnd moments", "___________________"})
-      EXPECT_GE(Find_Line(lines, t), 0) << k.name << " " << t;
-    EXPECT_EQ(Pictures_Of(c), k.pictures) << k.name;
+      EXPECT_GE(Find_Line(lines, t), 0) << forces << " " << t;
+    EXPECT_EQ(Pictures_Of(c), (forces ? std::vector<long>{401, 402, 403} : std::vector<long>{401, 402}));
   }
   // without a picture source the report is whole, without pictures
   EXPECT_TRUE(Report_Of(m, "UK", false).pictures.empty());
@@ -187,8 +155,7 @@ TEST(Report, RowsFollowTheEntries) {
   }
 }
 
-// The section's drawing closes its rows on every route; a section given by
-// its properties has no drawing and the report says so in its place.
+// The section's drawing closes its rows on every route; by its properties, a note stands in its place.
 TEST(Report, SectionDrawingAfterItsRows) {
   for (int route = 1; route <= 3; ++route) {
     BeamModel m = Default_Model();

@@ -44,8 +44,7 @@ TEST(RichText, WriteLine) {
     const Rich_Document& d = rt.Document();
     ASSERT_EQ(d.paragraphs.size(), 2u) << r.text;
     EXPECT_EQ(d.paragraphs[0].tabs, (std::vector<double>{0.1, 0.5, 0.56, 0.65, 0.75}));
-    EXPECT_EQ(rt.Tab_Counter(), 0);
-    EXPECT_EQ(Plain_Text(d), std::string(r.text) + "\n");
+    EXPECT_EQ(rt.Tab_Counter(), 0); EXPECT_EQ(Plain_Text(d), std::string(r.text) + "\n");
     // the Greek symbol is in the report's font, and the format after a Greek symbol is the normal one again
     for (const Rich_Run& run : d.paragraphs[0].runs) EXPECT_EQ(run.format.font, "Arial");
     EXPECT_EQ(rt.Format().bold, r.symbol[0] != '*');
@@ -65,8 +64,7 @@ TEST(RichText, FormatsAndParagraphs) {
   ASSERT_EQ(d.paragraphs.size(), 2u);
   EXPECT_EQ(d.paragraphs[1].alignment, Align_Centre);  // a new paragraph keeps the alignment
   ASSERT_EQ(d.paragraphs[0].runs.size(), 1u);          // same format: one run
-  EXPECT_EQ(d.paragraphs[0].runs[0].text, "A{b}\\first");
-  EXPECT_EQ(d.paragraphs[0].runs[0].format.size, 16);
+  EXPECT_EQ(d.paragraphs[0].runs[0].text, "A{b}\\first"); EXPECT_EQ(d.paragraphs[0].runs[0].format.size, 16);
   EXPECT_EQ(Plain_Text(d), "A{b}\\first\nsecondcaf\xC3\xA9\n");
 
   // RTF: braces and backslashes escaped, non-ASCII as \uN?, colours as RGB
@@ -74,8 +72,7 @@ TEST(RichText, FormatsAndParagraphs) {
   for (const char* e : {"A\\{b\\}\\\\first", "caf\\u233?", "\\red255\\green0\\blue0;"})
     EXPECT_NE(rtf.find(e), std::string::npos) << e;
   const rtf_test::Rtf_Content c = rtf_test::Read_Rtf(rtf);
-  EXPECT_TRUE(c.well_formed);
-  EXPECT_EQ(c.text, "A{b}\\first\nsecondcaf\xC3\xA9");
+  EXPECT_TRUE(c.well_formed); EXPECT_EQ(c.text, "A{b}\\first\nsecondcaf\xC3\xA9");
 }
 
 TEST(RichText, GreekAndUnicodeEscapes) {
@@ -98,15 +95,12 @@ TEST(RichText, Pictures) {
 
   // 96 dpi: 15 twips a pixel; a picture wider than the text is scaled to it
   const Report_Picture small = Make_Picture(Png_Of(400, 100)), wide = Make_Picture(Png_Of(1000, 200));
-  EXPECT_DOUBLE_EQ(small.twips_height, 1500);
-  EXPECT_DOUBLE_EQ(wide.twips_width, Report_TextWidth);
+  EXPECT_DOUBLE_EQ(small.twips_height, 1500); EXPECT_DOUBLE_EQ(wide.twips_width, Report_TextWidth);
   EXPECT_NEAR(wide.twips_height, Report_TextWidth / 5, 1e-9);
 
   Rich_Text rt;
-  rt.Send_Text("before");  // then the picture, nothing, a new paragraph and the wide one
-  rt.Send_Image(small);
-  rt.Send_Image(Report_Picture{});  // nothing
-  rt.NewParagraph();
+  // text, the picture, nothing, a new paragraph and the wide one
+  rt.Send_Text("before"), rt.Send_Image(small), rt.Send_Image(Report_Picture{}), rt.NewParagraph();
   rt.Send_Image(wide);
   const rtf_test::Rtf_Content c = rtf_test::Read_Rtf(Rtf_Of(rt.Document()));
   ASSERT_EQ(c.pictures.size(), 2u);

@@ -1,6 +1,4 @@
-// The design check in the main window: its inputs on the beam page, its
-// frame on the results page after Proceed, cleared by a change of grade,
-// in English and in French.
+// The check in the main window: inputs on the beam page, results after Proceed, cleared by a new grade.
 #include <QtTest>
 #include <QtWidgets>
 #include <memory>
@@ -20,8 +18,7 @@ class Test_Design_Window : public QObject {
   }
 
  private slots:
-  // Example 1 (IPE 300, S235, 6 m, 10 kN/m): chiLT,mod 0.589 and the class,
-  // as the hand calculation of tests/design gives them.
+  // Example 1 (IPE 300, S235, 6 m, 10 kN/m): chiLT,mod 0.589 and kc as tests/design work them out by hand.
   void proceedShowsTheCheck_data() {
     QTest::addColumn<QString>("code");
     QTest::addColumn<QString>("verdict");
@@ -30,17 +27,13 @@ class Test_Design_Window : public QObject {
     QTest::newRow("FR") << "FR" << "suffisante" << QString::fromUtf8("kc, tableau 6.6 (q, articulée)");
   }
   void proceedShowsTheCheck() {
-    QFETCH(QString, code);
-    QFETCH(QString, verdict);
-    QFETCH(QString, kc);
+    QFETCH(QString, code); QFETCH(QString, verdict); QFETCH(QString, kc);
     zarvek_test::StartDir start(code.toLatin1().constData());
     auto w = std::make_unique<Frm_Zarvek>(start.state);
-    w->Message_Box = [](const QString&, const QString&) {};
-    w->Beep = [] {};
+    w->Message_Box = [](const QString&, const QString&) {}, w->Beep = [] {};
     QVERIFY(w->Form_Load());
     QVERIFY(w->Open_Project(std::string(ZARVEK_SOURCE_DIR) + "/tests/design/examples/EXAMPLE1.DAT"));
-    w->resize(1500, 900);
-    w->show();
+    w->resize(1500, 900), w->show();
     QVERIFY(QTest::qWaitForWindowExposed(w.get()));
     auto* grade = qobject_cast<QComboBox*>(w->Field_Widget("Lst_Grade"));
     QCOMPARE(grade->currentText(), QString("S235"));

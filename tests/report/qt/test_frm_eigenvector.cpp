@@ -1,5 +1,4 @@
-// The table of the buckling mode: formats, the tinted normalising value, the
-// column of x, copy of a block and the CSV file.
+// The table of the buckling mode: formats, the tinted normalising value, x, copy of a block, the CSV file.
 #include <QtTest>
 #include <QtWidgets>
 
@@ -10,8 +9,7 @@ using namespace zarvek;
 
 namespace {
 
-// A mode of three nodes on 10 m, v theta v' theta' each (index 0 unused):
-// node 2 holds the normalising -1 (theta); 1e-21 at node 3 shows as 0.
+// Three nodes on 10 m, v theta v' theta' each (index 0 unused): node 2 holds the normalising -1 (theta).
 BeamModel Sample() {
   BeamModel m;
   m.Txt_L = "10";  // m
@@ -30,20 +28,17 @@ class Test_Frm_EigenVector : public QObject {
  private slots:
   void cellTextsAndAbscissae() {
     const struct { float value; const char* text; bool tinted; } cases[] = {
-        {1.0f, "1.0000E+00", true},          {0.99999f, "9.9999E-01", true},  // within 2e-5 of one
-        {0.99997f, "9.9997E-01", false},     {1.23456e-3f, "1.2346E-03", false},
-        {1e-21f, "0", false},  // 1e-21 shows 0
-        {1e-20f, "1.0000E-20", false}};
+        {1.0f, "1.0000E+00", true}, {0.99999f, "9.9999E-01", true},  // within 2e-5 of one
+        {0.99997f, "9.9997E-01", false}, {1.23456e-3f, "1.2346E-03", false},
+        {1e-21f, "0", false}, {1e-20f, "1.0000E-20", false}};  // 1e-21 shows 0
     for (const auto& c : cases) {
       QCOMPARE(Frm_EigenVector::Mode_Text(c.value), std::string(c.text));
       QCOMPARE(Frm_EigenVector::Mode_Tinted(c.value), c.tinted);
     }
-    // n nodes equally spaced on L: node i at (i - 1) L / (n - 1), plus a
-    // thousandth that settles exact halves upward
+    // node i of n at (i - 1) L / (n - 1), plus a thousandth that settles exact halves upward
     QCOMPARE(Frm_EigenVector::X_Text(2, 3, 0.5), std::string("0.3"));  // 0.25
     QCOMPARE(Frm_EigenVector::X_Text(2, 5, 0.3), std::string("0.1"));  // 0.075
-    const char keep = Dec_Sep;
-    Dec_Sep = ',';
+    const char keep = std::exchange(Dec_Sep, ',');
     QCOMPARE(Frm_EigenVector::Mode_Text(-0.5f), std::string("-5,0000E-01"));
     QCOMPARE(Frm_EigenVector::X_Text(2, 3, 1000), std::string("500,0"));
     Dec_Sep = keep;
@@ -80,14 +75,12 @@ class Test_Frm_EigenVector : public QObject {
     QVERIFY(!w.Save_Csv(dir.filePath("no/such/dir/mode.csv")));
   }
 
-  // Copy is offered while the grid has the focus; a block goes with a tab between cells and CR LF after
-  // rows, by Ctrl+C and by Edit > Copy opened with the mouse: the menu opening doesn't take the grid's
-  // block away nor grey the command. Nothing selected: the clipboard stays.
+  // Copy while the grid has the focus: a block with tabs and CR LF, by Ctrl+C and by Edit > Copy opened by
+  // mouse (which keeps the block and the command). Nothing selected: the clipboard stays.
   void copyOfABlock() {
     const BeamModel m = Sample();
     Frm_EigenVector w(m);
-    w.show();
-    w.activateWindow();
+    w.show(), w.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&w));
     QTableWidget* g = w.Grd_Eigen();
     auto* bar = w.findChild<QMenuBar*>();
