@@ -173,7 +173,7 @@ class Test_Main_Integration : public QObject {
     QVERIFY(Answer<Frm_Options>([](Frm_Options* o) {
       for (int i = 0; i < o->Lst_Language->count(); ++i)
         if (o->Lst_Language->itemText(i).startsWith("FR")) o->Lst_Language->setCurrentIndex(i);
-      o->Cmd_OKOptions->click();
+      QTest::mouseClick(o->Cmd_OKOptions, Qt::LeftButton);
     }, [this] { w_->Menu_Tools_Options->trigger(); }));
 
     QCOMPARE(start_->state.Language_Code, std::string("FR"));
@@ -323,7 +323,7 @@ class Test_Main_Integration : public QObject {
     double shown = 0;
     QVERIFY(Answer<Frm_Properties>([&shown](Frm_Properties* p) {
       shown = Num_Of_Text(p->Lbl_Value[0]->text().toStdString());
-      p->Cmd_OK->click();
+      QTest::mouseClick(p->Cmd_OK, Qt::LeftButton);
     }, [this] { QTest::mouseClick(w_->Cmd_MoreProperties, Qt::LeftButton); }));
     QVERIFY2(std::fabs(shown / area - 1) < 1e-4, qPrintable(QString::number(shown)));
 
@@ -355,7 +355,7 @@ class Test_Main_Integration : public QObject {
     QVERIFY(Help_Browser() && Help_Browser()->isVisible());
     QCOMPARE(Help_Browser()->Current_Context(), 210);
     QVERIFY(!Help_Browser()->Txt_Help->toPlainText().trimmed().isEmpty());
-    w_->Cmd_Help[4]->click();
+    QTest::mouseClick(w_->Cmd_Help[4], Qt::LeftButton);
     Frm_Help* p = Help_PictureWindow();
     QVERIFY(p && p->isVisible() && p->Img_Help->pixmap().width() > 100);
     QCOMPARE(p->Picture_Index(), 4);
@@ -369,8 +369,8 @@ class Test_Main_Integration : public QObject {
     QVERIFY(Answer<Frm_Section>([](Frm_Section* s) {
       s->Lst_SectionSerie->setCurrentItem(s->Lst_SectionSerie->findItems("IPE", Qt::MatchExactly).first());
       s->Lst_SectionNumber->setCurrentItem(s->Lst_SectionNumber->findItems("200", Qt::MatchExactly).first());
-      s->Cmd_Transfert->click();
-    }, [this] { w_->Cmd_Catalogue->click(); }));
+      QTest::mouseClick(s->Cmd_Transfert, Qt::LeftButton);
+    }, [this] { QTest::mouseClick(w_->Cmd_Catalogue, Qt::LeftButton); }));
     QCOMPARE(F("Lbl_SelectedProfile")->text().simplified(), QString("IPE 200"));
     QVERIFY2(std::fabs(Value("Txt_Iz(1)") / 142.4 - 1) < 2e-3, qPrintable(F("Txt_Iz(1)")->text()));
   }
@@ -411,7 +411,7 @@ class Test_Main_Integration : public QObject {
     QVERIFY(batch.Written);
     QVERIFY2(std::fabs(mucr / Num_Of_Text(batch.Clipboard_Text) - 1) < 1e-4,
              qPrintable(F("Txt_mucr")->text() + " <> " + QString::fromStdString(batch.Clipboard_Text)));
-    w_->Cmd_Draw3D->click();  // no 3D view of a problem file
+    QTest::mouseClick(w_->Cmd_Draw3D, Qt::LeftButton);  // no 3D view of a problem file
     QVERIFY(!QApplication::activeModalWidget());
 
     // the v curve near the right end of its frame lies on the axis
@@ -471,7 +471,7 @@ class Test_Main_Integration : public QObject {
         ok = d->isVisible() && (button == w_->Cmd_EditEigen ? qobject_cast<Frm_EigenVector*>(d) != nullptr
                                                             : qobject_cast<Frm_EigenVector3D*>(d) != nullptr);
         d->reject();
-      }, [button] { button->click(); }));
+      }, [button] { QTest::mouseClick(button, Qt::LeftButton); }));
       QVERIFY2(ok, qPrintable(button->objectName()));
     }
     const auto report = [this] {

@@ -64,7 +64,7 @@ class TestFrmOptions : public QObject {
     w.Lst_Tolerance->setCurrentIndex(5), w.Lst_Duration->setCurrentIndex(6);
     QSignalSpy lang(&w, &Frm_Options::languageChanged), units_spy(&w, &Frm_Options::unitsChanged),
         method(&w, &Frm_Options::methodChanged);
-    w.Cmd_CancelOptions->click();
+    QTest::mouseClick(w.Cmd_CancelOptions, Qt::LeftButton);
     QCOMPARE(w.result(), int(QDialog::Rejected));
     QVERIFY(Shown_Texts(m) == texts && Factors(m) == factors && Unit_Indices(m) == units);
     // the controls show the backup again
@@ -73,7 +73,7 @@ class TestFrmOptions : public QObject {
     QCOMPARE(QList({w.Lst_Tolerance->currentIndex(), w.Lst_Duration->currentIndex()}), QList({2, 2}));
 
     w.Prepare();
-    w.Cmd_OKOptions->click();
+    QTest::mouseClick(w.Cmd_OKOptions, Qt::LeftButton);
     QCOMPARE(w.result(), int(QDialog::Accepted));
     QVERIFY(Shown_Texts(m) == texts);
     // The factors are those of the lists as they stand. (The starting factor of the warping springs,
@@ -103,7 +103,7 @@ class TestFrmOptions : public QObject {
       const UnitIndices old = Unit_Indices(m);
       QSignalSpy units(&w, &Frm_Options::unitsChanged);
       List(w, c.f)->setCurrentIndex(c.index);
-      w.Cmd_OKOptions->click();
+      QTest::mouseClick(w.Cmd_OKOptions, Qt::LeftButton);
       QCOMPARE(Num_Of_Text(m.*c.field), c.after);
       QCOMPARE(Unit_Index(m, c.f), c.index);
       QCOMPARE(units.count(), 1);
@@ -129,7 +129,8 @@ class TestFrmOptions : public QObject {
     QTest::mouseClick(w.Img_Hide, Qt::LeftButton, Qt::ControlModifier);
     QVERIFY(!w.Img_Hide->isVisible() && w.Opt_Eigen->isVisible());
     QSignalSpy method(&w, &Frm_Options::methodChanged);
-    w.Opt_Eigen->click(), w.Cmd_OKOptions->click();
+    QTest::mouseClick(w.Opt_Eigen, Qt::LeftButton, {}, QPoint(8, w.Opt_Eigen->height() / 2));
+    QTest::mouseClick(w.Cmd_OKOptions, Qt::LeftButton);
     QVERIFY(method.count() == 1 && m.Opt_Eigen && !m.Opt_Dichotomie && Method_Of(m) == 1);
   }
 

@@ -104,7 +104,7 @@ class Test_Frm_Zarvek : public QObject {
     w_->Hooks.Draw3D = [&] { ++opened; };
     w_->Update_Commands();
     QVERIFY(w_->Cmd_Draw3D->isEnabled());
-    w_->Cmd_Draw3D->click();  // no mode yet: nothing opens
+    QTest::mouseClick(w_->Cmd_Draw3D, Qt::LeftButton);  // no mode yet: nothing opens
     QCOMPARE(w_->Tab_Zarvek->currentIndex(), 0);
     QTest::keyClick(E("Txt_L"), Qt::Key_F5);
     QCOMPARE(w_->Tab_Zarvek->currentIndex(), 3);
@@ -112,7 +112,7 @@ class Test_Frm_Zarvek : public QObject {
     for (auto [field, scale] : {std::pair{"Txt_Mcr", 1e4}, {"Txt_mucr", 1e6}})
       QVERIFY2(std::fabs(Num(field) * scale / Mcr_Default - 1) < 2e-3, field);
     QVERIFY(Shown_Contains(Msg(4)) && w_->Model().Mode_Max > 0 && Num("Txt_Mmax(0)") != 0);
-    w_->Cmd_Draw3D->click();
+    QTest::mouseClick(w_->Cmd_Draw3D, Qt::LeftButton);
     QCOMPARE(opened, 1);
     w_->Tab_Zarvek->setCurrentIndex(2);
     Type("Txt_M1", "-90");
@@ -238,7 +238,7 @@ class Test_Frm_Zarvek : public QObject {
       Type(c.field, c.text);
       Select_Page(3);  // the page change refuses
       shown_.clear();
-      w_->Cmd_Proceed_Click();
+      QTest::mouseClick(w_->Cmd_Proceed, Qt::LeftButton);
       QVERIFY2(!shown_.isEmpty(), c.field);
       QCOMPARE(w_->Tab_Zarvek->currentIndex(), c.page);
       QCOMPARE(QApplication::focusWidget(), E(c.field));

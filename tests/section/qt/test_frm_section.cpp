@@ -51,7 +51,7 @@ class TestFrmSection : public QObject {
     QCOMPARE(w.Lst_SectionSerie->currentRow(), 0); QCOMPARE(w.Lst_SectionNumber->currentRow(), 0);
     w.Lst_SectionSerie->setCurrentRow(Row_Of(w.Lst_SectionSerie, "IPE"));
     QCOMPARE(w.Lst_SectionNumber->item(0)->text(), QString("80"));  // not "100" as a text would
-    w.Cmd_Quitter->click();
+    QTest::mouseClick(w.Cmd_Quitter, Qt::LeftButton);
     QCOMPARE(w.result(), int(QDialog::Rejected));
     QCOMPARE(m.Lbl_SelectedProfile, std::string("XYZ 999")); QCOMPARE(m.Cat_b, 15.0);
   }
@@ -71,7 +71,7 @@ class TestFrmSection : public QObject {
       w.Lst_SectionNumber->setCurrentRow(Row_Of(w.Lst_SectionNumber, "300"));
       QCOMPARE(w.Lbl_SectionLabel->text(), QString("IPE 300"));
       QSignalSpy moved(&w, &Frm_Section::sectionTransferred);
-      w.Cmd_Transfert->click();
+      QTest::mouseClick(w.Cmd_Transfert, Qt::LeftButton);
 
       QCOMPARE(moved.count(), 1); QCOMPARE(w.result(), int(QDialog::Accepted));
       QCOMPARE(m.Lbl_SelectedProfile + " " + m.Txt_Betaz[1], std::string("IPE 300 0"));
@@ -98,7 +98,7 @@ class TestFrmSection : public QObject {
       QCOMPARE(catcher.count, 1); QVERIFY(catcher.text.contains(db));
       QCOMPARE(catcher.text.startsWith("File not found"), content.isEmpty());
       QCOMPARE(w.Lst_SectionSerie->count() + w.Lst_SectionNumber->count(), 0);
-      w.Cmd_Transfert->click();  // nothing to transfer
+      QTest::mouseClick(w.Cmd_Transfert, Qt::LeftButton);  // nothing to transfer
       QCOMPARE(m.Lbl_SelectedProfile + " " + m.Txt_Iz[1], std::string("IPE 300 603.78"));
     }
   }

@@ -16,7 +16,7 @@ class Test_MiniCalculette : public QObject {
   // X and Y filled in, the operation's button and "=" pressed
   static void Compute(MiniCalculette& c, const char* x, const char* y, int op) {
     c.Txt_X->setText(x), c.Txt_Y->setText(y);
-    c.Cmd_Operation[op]->click(), c.Cmd_Egal->click();
+    QTest::mouseClick(c.Cmd_Operation[op], Qt::LeftButton), QTest::mouseClick(c.Cmd_Egal, Qt::LeftButton);
   }
 
  private slots:
@@ -28,12 +28,12 @@ class Test_MiniCalculette : public QObject {
     c.show();
     QVERIFY(QTest::qWaitForWindowExposed(&c));
     c.Txt_X->setFocus();
-    for (int i : {1, 2, 10, 5}) c.Cmd_Touche[i]->click();
+    for (int i : {1, 2, 10, 5}) QTest::mouseClick(c.Cmd_Touche[i], Qt::LeftButton);
     QCOMPARE(c.Txt_X->text(), QString("12.5"));
-    for (int i : {11, 5}) c.Cmd_Touche[i]->click();  // backspace, 5 again
+    for (int i : {11, 5}) QTest::mouseClick(c.Cmd_Touche[i], Qt::LeftButton);  // backspace, 5 again
     Type(c, "*");
     QVERIFY(c.Txt_X->text() == "12.5" && c.Operation() == 2 && c.Active_Field() == "Y");
-    c.Cmd_Touche[10]->click();  // "0." in an empty field
+    QTest::mouseClick(c.Cmd_Touche[10], Qt::LeftButton);  // "0." in an empty field
     Type(c, "5");
     QCOMPARE(c.Txt_Y->text(), QString("0.5"));
     QTest::keyClick(c.focusWidget(), Qt::Key_Return);
@@ -52,26 +52,26 @@ class Test_MiniCalculette : public QObject {
     QSignalSpy spy(&c, &MiniCalculette::Transferred);
     Compute(c, "1E6", "1E6", 2);
     QCOMPARE(c.Txt_Result->text(), QString("1.0000000E+12"));
-    c.Cmd_Transfer->click();
+    QTest::mouseClick(c.Cmd_Transfer, Qt::LeftButton);
     QCOMPARE(QStringList({c.Txt_X->text(), c.Txt_Y->text(), c.Txt_Result->text()}),
              QStringList({"1.0000000E+12", "", ""}));
     QVERIFY(spy.count() == 1 && spy[0][0].toString() == "1.0000000E+12");
     c.Txt_Y->setText("2");
-    c.Cmd_Transfer->click();
+    QTest::mouseClick(c.Cmd_Transfer, Qt::LeftButton);
     QVERIFY(c.Txt_X->text() == "1.0000000E+12" && spy.count() == 1);
 
     const QColor red(0xC0, 0, 0);
     Compute(c, "1", "0", 3);
     QVERIFY(c.Txt_Result->text().isEmpty());
     c.Txt_X->setText("1.2.3");
-    c.Cmd_Egal->click();
+    QTest::mouseClick(c.Cmd_Egal, Qt::LeftButton);
     QCOMPARE(c.Txt_X->palette().color(QPalette::Text), red);
     QCOMPARE(c.focusWidget(), static_cast<QWidget*>(c.Txt_X));
     Compute(c, "3", "-", 3);
     QVERIFY(c.Txt_X->palette().color(QPalette::Text) != red);
     QCOMPARE(c.Txt_Y->palette().color(QPalette::Text), red);
     c.Txt_Y->setText("4");
-    c.Cmd_Egal->click();
+    QTest::mouseClick(c.Cmd_Egal, Qt::LeftButton);
     QCOMPARE(c.Txt_Result->text(), QString("0.75"));
   }
 };

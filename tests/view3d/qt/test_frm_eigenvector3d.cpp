@@ -75,7 +75,7 @@ class Test_Frm_EigenVector3D : public QObject {
     QVERIFY(Shown(frm));
     TriD_Scene& t = frm.Scene();
     auto bar = [&](const char* n) { auto* b = frm.findChild<QScrollBar*>(n); Q_ASSERT(b); return b; };
-    auto click = [&](const char* n) { frm.findChild<QPushButton*>(n)->click(); };
+    auto click = [&](const char* n) { QTest::mouseClick(frm.findChild<QPushButton*>(n), Qt::LeftButton); };
     bar("Scroll_Zoom")->setValue(5000);  // however far: one step
     QCOMPARE(t.ZoomTotal, 1.1f);
     bar("Scroll_Zoom")->setValue(4000);
