@@ -187,8 +187,7 @@ std::string Frm_Sweep::Field() const { return Cmb_Field->currentData().toString(
 std::string Frm_Sweep::Axis_Of(const std::string& field) const {
   const QString caption = Field_Caption(parentWidget(), field);
   const std::string unit = Cp1252_To_Utf8(Field_Unit(project_, field));
-  const std::string name = caption.isEmpty() ? field : caption.toStdString();
-  return unit.empty() ? name : name + " (" + unit + ")";
+  return Axis_Label(caption.isEmpty() ? field : caption.toStdString(), unit);
 }
 
 void Frm_Sweep::Field_Changed() {
